@@ -1,0 +1,49 @@
+#include "marshal/CleanupList.h"
+
+#include <WRTBridge.h>
+
+namespace wrt {
+
+void CleanupList::add(void (^cleanup)(void)) {
+  if (!blocks_.get())
+    blocks_.replace([[NSMutableArray alloc] init]);
+  [blocks_.get() addObject:static_cast<id>(cleanup)];
+}
+
+void CleanupList::addRelease(void *object) {
+  add(^{
+    WRTIUnknownRelease(object);
+  });
+}
+
+void CleanupList::addRelease(HSTRING string) {
+  add(^{
+    WRTHSTRINGRelease(string);
+  });
+}
+
+void CleanupList::addFree(void *block) {
+  add(^{
+    WRTTaskMemFree(block);
+  });
+}
+
+void CleanupList::addReleaseOfObject(void **cells, uint32_t index) {
+  add(^{
+    WRTIUnknownRelease(cells[index]);
+  });
+}
+
+void CleanupList::addReleaseOfString(void **cells, uint32_t index) {
+  add(^{
+    WRTHSTRINGRelease(static_cast<HSTRING>(cells[index]));
+  });
+}
+
+void CleanupList::run() {
+  Retained<NSEnumerator *> enumerator([blocks_.get() reverseObjectEnumerator]);
+  for (void (^cleanup)(void) in enumerator.get())
+    cleanup();
+}
+
+} // namespace wrt
