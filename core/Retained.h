@@ -17,7 +17,7 @@ public:
     result.object_ = object;
     return result;
   }
-  Retained(const Retained &) = delete;
+  Retained(Retained &&other) : object_(other.object_) { other.object_ = nullptr; }
   Retained &operator=(const Retained &) = delete;
   ~Retained() { objc_release(static_cast<id>(object_)); }
 

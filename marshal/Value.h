@@ -8,6 +8,13 @@ namespace wrt {
 /// No result.
 struct Void {
   using Type = void;
+  using Fact = NoFact;
+
+  struct Returning {
+    bool enter(Frame &) { return true; }
+    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(); }
+    void leave(NoFact) {}
+  };
 };
 
 /// What crosses as it is: numbers, enumerations, structures, GUIDs, tokens, and the pointers of
@@ -20,7 +27,7 @@ template <class T> struct Value {
     T value;
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(value); }
+    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(value); }
     void leave(NoFact) {}
   };
 
@@ -28,7 +35,7 @@ template <class T> struct Value {
     T value{};
 
     bool enter(Frame &) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(&value); }
+    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&value); }
     T leave(NoFact) { return value; }
   };
 };
@@ -45,7 +52,7 @@ struct Boolean {
     bool value;
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(value); }
+    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(value); }
     void leave(NoFact) {}
   };
 
@@ -53,7 +60,7 @@ struct Boolean {
     unsigned char value = 0;
 
     bool enter(Frame &) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(&value); }
+    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&value); }
     bool leave(NoFact) { return value != 0; }
   };
 };
