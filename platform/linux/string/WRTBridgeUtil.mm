@@ -2,14 +2,21 @@
 
 #import <Foundation/Foundation.h>
 
+#include "platform/linux/string/ExactString.h"
 #include "platform/linux/string/HString.h"
 
 static_assert(sizeof(unichar) == sizeof(char16_t));
 
 extern "C" WRT_DLLEXPORT NSString *WRTHSTRINGToCFString(HSTRING string) {
   const std::u16string_view text = wrt::viewOf(string);
-  return [[NSString alloc] initWithCharacters:reinterpret_cast<const unichar *>(text.data())
-                                       length:text.size()];
+  NSString *result =
+      [[NSString alloc] initWithCharacters:reinterpret_cast<const unichar *>(text.data())
+                                    length:text.size()];
+  if ([result length] == text.size())
+    return result;
+  // GNUstep gives nil for units that are no text and leaves a leading byte order mark out.
+  [result release];
+  return [[WRTExactString alloc] initWithUnits:text];
 }
 
 extern "C" WRT_DLLEXPORT HSTRING WRTHSTRINGFromCFString(NSString *string) {
