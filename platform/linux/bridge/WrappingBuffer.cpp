@@ -3,9 +3,8 @@
 #include <WRTBridge.h>
 #include <atomic>
 
+namespace wrt {
 namespace {
-
-using namespace wrt;
 
 /// Windows.Storage.Streams.IBuffer (Windows 10 SDK 10.0.16299.0, windows.storage.streams.h).
 struct IBuffer : abi::IInspectable {
@@ -65,14 +64,17 @@ private:
 };
 
 } // namespace
+} // namespace wrt
+
+using namespace wrt;
 
 WRT_DLLEXPORT void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
   IBuffer *buffer = component::make<WrappingBuffer>(static_cast<uint8_t *>(bytes), length).detach();
   return buffer;
 }
 
-WRT_DLLEXPORT GUID WRTIBufferByteAccessGetUUID() { return abi::IBufferByteAccess::kIid; }
+WRT_DLLEXPORT GUID WRTIBufferByteAccessGetUUID() { return wrt::abi::IBufferByteAccess::kIid; }
 
 WRT_DLLEXPORT HRESULT WRTIBufferByteAccessBuffer(void *byteAccess, uint8_t **bytes) {
-  return static_cast<abi::IBufferByteAccess *>(byteAccess)->Buffer(bytes);
+  return static_cast<wrt::abi::IBufferByteAccess *>(byteAccess)->Buffer(bytes);
 }

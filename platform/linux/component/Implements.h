@@ -42,7 +42,9 @@ public:
   uint32_t WRT_ABI Release() override { return release(); }
 
   HRESULT WRT_ABI GetIids(uint32_t *count, GUID **iids) override {
-    return copyIids({First::kIid, Rest::kIid...}, count, iids);
+    return copyIids(
+        {{First::kIid, true}, {Rest::kIid, std::derived_from<Rest, abi::IInspectable>}...}, count,
+        iids);
   }
 
   HRESULT WRT_ABI GetRuntimeClassName(HSTRING *name) override { return copyRuntimeClassName(name); }

@@ -5,7 +5,6 @@
 
 #include <WRTBridge.h>
 #include <WRTStatus.h>
-#include <algorithm>
 
 namespace wrt::component {
 
@@ -22,15 +21,17 @@ uint32_t Object::release() {
   return remaining;
 }
 
-HRESULT Object::copyIids(std::initializer_list<GUID> own, uint32_t *count, GUID **iids) {
+HRESULT Object::copyIids(std::initializer_list<Interface> own, uint32_t *count, GUID **iids) {
   if (count == nullptr || iids == nullptr)
     return status::kPointer;
   *count = 0;
   *iids = static_cast<GUID *>(WRTTaskMemAlloc(own.size() * sizeof(GUID)));
   if (*iids == nullptr)
     return status::kOutOfMemory;
-  std::ranges::copy(own, *iids);
-  *count = static_cast<uint32_t>(own.size());
+  for (const Interface &interface : own) {
+    if (interface.isInspectable)
+      (*iids)[(*count)++] = interface.iid;
+  }
   return status::kOk;
 }
 

@@ -26,8 +26,13 @@ protected:
   /// Destroys the object with the last reference.
   uint32_t release();
 
-  /// `GetIids` for an object with these interfaces.
-  static HRESULT copyIids(std::initializer_list<GUID> own, uint32_t *count, GUID **iids);
+  /// One of an object's interfaces.
+  struct Interface {
+    GUID iid;
+    bool isInspectable; ///< a WinRT interface
+  };
+  /// `GetIids` for an object with these interfaces: tells those that are WinRT interfaces.
+  static HRESULT copyIids(std::initializer_list<Interface> own, uint32_t *count, GUID **iids);
   HRESULT copyRuntimeClassName(HSTRING *name) const;
 
 private:
