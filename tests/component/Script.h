@@ -23,8 +23,8 @@ struct Script {
   WRTTestStruct structure{3, -4};
   std::u16string string = u"out";
 
-  /// How many elements arrays have: integers 1, 2, ...; structures {1, -1}, ...; strings "0", "1", ...;
-  /// new objects. A filled array gets at most as many as it has room for.
+  /// How many elements arrays have: integers 1, 2, ...; structures {1, -1}, ...; strings "0", "1",
+  /// ...; new objects. A filled array gets at most as many as it has room for.
   int32_t count = 3;
 
   /// How often a delegate is invoked before its member returns.
