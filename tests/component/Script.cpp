@@ -51,6 +51,15 @@ void clearCrossings() {
   log.clear();
 }
 
+bool takeFirstCrossing(std::string &text) {
+  std::lock_guard lock(mutex);
+  if (log.empty())
+    return false;
+  text = std::move(log.front());
+  log.erase(log.begin());
+  return true;
+}
+
 std::string narrow(std::u16string_view text) {
   std::string result;
   for (size_t i = 0; i < text.size(); ++i) {

@@ -41,6 +41,8 @@ void resetScript();
 std::vector<std::string> crossings();
 void recordCrossing(std::string text);
 void clearCrossings();
+/// Moves the first crossing into `text`; whether there was one.
+bool takeFirstCrossing(std::string &text);
 
 /// UTF-16 as UTF-8, for crossings; a lone surrogate is written as `?`.
 std::string narrow(std::u16string_view text);
