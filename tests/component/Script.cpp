@@ -51,12 +51,21 @@ void clearCrossings() {
   log.clear();
 }
 
+bool takeFirstCrossing(std::string &text) {
+  std::lock_guard lock(mutex);
+  if (log.empty())
+    return false;
+  text = std::move(log.front());
+  log.erase(log.begin());
+  return true;
+}
+
 std::string narrow(std::u16string_view text) {
   std::string result;
   for (size_t i = 0; i < text.size(); ++i) {
     const char16_t unit = text[i];
-    const bool isPair = (unit & 0xFC00) == 0xD800 && i + 1 < text.size() &&
-                        (text[i + 1] & 0xFC00) == 0xDC00;
+    const bool isPair =
+        (unit & 0xFC00) == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
     if (isPair) {
       append(result, 0x10000 + ((unit & 0x3FFu) << 10) + (text[i + 1] & 0x3FFu));
       ++i;

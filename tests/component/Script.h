@@ -23,8 +23,8 @@ struct Script {
   WRTTestStruct structure{3, -4};
   std::u16string string = u"out";
 
-  /// How many elements arrays have: integers 1, 2, ...; structures {1, -1}, ...; strings "0", "1", ...;
-  /// new objects. A filled array gets at most as many as it has room for.
+  /// How many elements arrays have: integers 1, 2, ...; structures {1, -1}, ...; strings "0", "1",
+  /// ...; new objects. A filled array gets at most as many as it has room for.
   int32_t count = 3;
 
   /// How often a delegate is invoked before its member returns.
@@ -41,6 +41,8 @@ void resetScript();
 std::vector<std::string> crossings();
 void recordCrossing(std::string text);
 void clearCrossings();
+/// Moves the first crossing into `text`; whether there was one.
+bool takeFirstCrossing(std::string &text);
 
 /// UTF-16 as UTF-8, for crossings; a lone surrogate is written as `?`.
 std::string narrow(std::u16string_view text);

@@ -73,8 +73,9 @@ public:
 };
 
 /// The statics and the factory of the test class.
-class TestFactory : public component::DefaultActivationFactory<TestObject, abi::TestInterfaceStatics,
-                                                               abi::TestInterfaceFactory> {
+class TestFactory
+    : public component::DefaultActivationFactory<TestObject, abi::TestInterfaceStatics,
+                                                 abi::TestInterfaceFactory> {
 public:
   HRESULT WRT_ABI TestStaticFunction() override;
   HRESULT WRT_ABI TestFactoryFunction(abi::TestInterface **result) override;

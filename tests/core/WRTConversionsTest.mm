@@ -31,7 +31,10 @@ bool isWritten(log::Level level, uint32_t threshold, int (*answer)(int)) {
 }
 
 void thresholds() {
-  const auto ask = [](int) -> int { ADD_FAILURE() << "asked although known"; return 1; };
+  const auto ask = [](int) -> int {
+    ADD_FAILURE() << "asked although known";
+    return 1;
+  };
   EXPECT_TRUE(isWritten(log::kFatal, 3, ask));
   EXPECT_TRUE(isWritten(log::kFailure, 3, ask));
   EXPECT_FALSE(isWritten(log::kSuspicious, 3, ask));

@@ -1,5 +1,6 @@
 // The string bridge and the exported string conversions.
 
+#include "platform/linux/component/StringHolder.h"
 #include "tests/support/Cell.h"
 #include "tests/support/LogRecorder.h"
 #include "tests/support/PlatformTrace.h"
@@ -12,22 +13,18 @@ using namespace wrt::test;
 
 namespace {
 
-NSString *stringOf(std::u16string_view text) {
-  return [NSString stringWithCharacters:reinterpret_cast<const unichar *>(text.data())
-                                 length:text.size()];
-}
-
 void roundTrip() {
   std::u16string million(1000000, u'x');
   million.back() = u'ß';
-  const std::u16string texts[] = {u"a", std::u16string(u"a\0b", 3), u"\xD800x", u"\xDC00",
-                                  u"\xD83D\xDE00 emoji", million};
+  const std::u16string texts[] = {u"a",      std::u16string(u"a\0b", 3), u"\xD800x",
+                                  u"\xDC00", u"\xD83D\xDE00 emoji",      million};
   for (const std::u16string &text : texts) {
-    NSString *string = stringOf(text);
-    HSTRING handle = WRTCreateHSTRINGFromNSString(string);
-    EXPECT_TRUE([WRTCreateNSStringFromHSTRING(handle) isEqual:string]) << text.size();
-    EXPECT_EQ(text.size(), [WRTCreateNSStringFromHSTRING(handle) length]);
-    WRTHSTRINGRelease(handle);
+    const wrt::component::StringHolder original(text);
+    NSString *string = WRTCreateNSStringFromHSTRING(original.get());
+    ASSERT_EQ(text.size(), [string length]);
+    EXPECT_EQ(text.back(), [string characterAtIndex:text.size() - 1]);
+    const auto copy = wrt::component::StringHolder::adopt(WRTCreateHSTRINGFromNSString(string));
+    EXPECT_EQ(text, copy.view());
   }
 }
 

@@ -32,7 +32,7 @@ void *activatedObject = nullptr;
 namespace {
 
 void wrapping() {
-  ProbeObject object;
+  ProbeObject &object = lasting<ProbeObject>();
   {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     WRTUnknownBridge *added = [WRTInterfaceProxy bridge:&object];
@@ -58,7 +58,7 @@ void wrappingNull() {
 }
 
 void casting() {
-  ProbeObject object;
+  ProbeObject &object = lasting<ProbeObject>();
   {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     WRTIInspectableBridge *bridge = [WRTIInspectableBridge bridge:&object];
@@ -76,9 +76,9 @@ void casting() {
 }
 
 void comparing() {
-  ProbeObject object;
-  ProbeObject other;
-  ProbeObject facet;
+  ProbeObject &object = lasting<ProbeObject>();
+  ProbeObject &other = lasting<ProbeObject>();
+  ProbeObject &facet = lasting<ProbeObject>();
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   EXPECT_TRUE([bridge isEqual:bridge]);
   EXPECT_TRUE(object.queries.empty());
@@ -97,7 +97,7 @@ void comparing() {
 }
 
 void querying() {
-  ProbeObject object;
+  ProbeObject &object = lasting<ProbeObject>();
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   const GUID iid = {1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}};
   NSError *error = [NSError errorWithDomain:@"before" code:1 userInfo:nil];
@@ -105,28 +105,28 @@ void querying() {
   EXPECT_EQ(nil, error);
   EXPECT_EQ(3, object.references());
   EXPECT_EQ(iid, object.queries.back());
-  EXPECT_EQ(&object, [bridge queryInterfaceWithGUID:iid error:nil]);
+  EXPECT_EQ(&object, [bridge queryInterfaceWithGUID:iid error:nullptr]);
   WRTIInspectable *inspectable = [bridge _WRTIInspectableWithError:&error];
   EXPECT_EQ(&object, static_cast<void *>(inspectable));
   EXPECT_EQ(wrt::abi::IInspectable::kIid, object.queries.back());
 }
 
 void queryFailing() {
-  ProbeObject object;
+  ProbeObject &object = lasting<ProbeObject>();
   object.queryStatus = kNoInterface;
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   NSError *error = nil;
-  EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID{} error:&error]);
+  EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID {} error:&error]);
   EXPECT_TRUE([[error domain] isEqual:@"WRT"]);
   EXPECT_EQ(-2147467262, [error code]);
-  EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID{} error:nil]);
+  EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID {} error:nullptr]);
   const LogRecord expected = {3, "+[WRTUnknownBridge queryInterface:withGUID:error:]", "",
                               "Failed QueryInterface 80004002"};
   EXPECT_EQ((std::vector<LogRecord>{expected, expected}), logRecords());
 }
 
 void activating() {
-  ProbeObject object;
+  ProbeObject &object = lasting<ProbeObject>();
   activatedObject = &object;
   ActivatableProbe *bridge = [[ActivatableProbe alloc] init];
   EXPECT_EQ(&object, [bridge inner]);
@@ -151,7 +151,7 @@ void activatingProxy() {
 
 // Slots 0 to 2 are called where an inspectable's members proper stand at 3 to 5.
 void inspectableSlots() {
-  ProbeObject object;
+  ProbeObject &object = lasting<ProbeObject>();
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   NSError *error = nil;
 
@@ -175,7 +175,7 @@ void inspectableSlots() {
   object.queryStatus = kNoInterface;
   EXPECT_EQ(nullptr, [bridge getIids:reinterpret_cast<unsigned *>(&question) error:&error]);
   EXPECT_EQ(kNoInterface, [error code]);
-  EXPECT_EQ(nil, [bridge getRuntimeClassNameWithError:nil]);
+  EXPECT_EQ(nil, [bridge getRuntimeClassNameWithError:nullptr]);
   EXPECT_EQ(0, [bridge getTrustLevelWithError:&error]);
 }
 

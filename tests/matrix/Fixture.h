@@ -20,8 +20,8 @@ id newBridge(Class type);
 /// An error variable that holds something, as a caller's may from an earlier call.
 NSError *staleError();
 
-/// Runs `body` once with a bridge of each of the two classes that carry the test members; the script
-/// and the crossings are reset before.
+/// Runs `body` once with a bridge of each of the two classes that carry the test members; the
+/// script and the crossings are reset before.
 template <class Body>
 void forBothClasses(Body body) {
   for (Class type in @[ [WRTTestInterfaceBridge class], [WRTTestClassBridge class] ]) {

@@ -17,14 +17,15 @@ void defaultConstruction() {
   clearCrossings();
   WRTTestClassBridge *bridge = [[WRTTestClassBridge alloc] init];
   ASSERT_NE(nil, bridge);
-  [bridge voidFunctionWithError:nil];
+  [bridge voidFunctionWithError:nullptr];
   EXPECT_EQ(Crossings{"VoidFunction"}, takeCrossings());
   [bridge release];
   const activation::Registration none(u"TestClass", noFactory);
   EXPECT_EQ(nil, [[WRTTestClassBridge alloc] init]);
   ASSERT_EQ(1u, logRecords().size());
-  EXPECT_EQ("Tried to create WRTTestClassBridge with default constructor, which it doesn't support!",
-            logRecords()[0].text);
+  EXPECT_EQ(
+      "Tried to create WRTTestClassBridge with default constructor, which it doesn't support!",
+      logRecords()[0].text);
 }
 
 void factory() {
@@ -36,7 +37,7 @@ void factory() {
   EXPECT_EQ(nil, error);
   EXPECT_EQ(Crossings{"TestFactoryFunction"}, takeCrossings());
   script().nullObjects = true;
-  EXPECT_EQ(nil, [WRTTestClassBridge testFactoryFunctionWithError:nil]);
+  EXPECT_EQ(nil, [WRTTestClassBridge testFactoryFunctionWithError:nullptr]);
   EXPECT_EQ(1u, logRecords().size()) << "a null is not tested for";
   script().status = kFailure;
   EXPECT_EQ(nil, [WRTTestClassBridge testFactoryFunctionWithError:&error]);
@@ -48,8 +49,8 @@ void statics() {
   resetScript();
   clearCrossings();
   PlatformTrace trace;
-  [WRTTestClassBridge testStaticFunctionWithError:nil];
-  [WRTTestClassBridge testStaticFunctionWithError:nil];
+  [WRTTestClassBridge testStaticFunctionWithError:nullptr];
+  [WRTTestClassBridge testStaticFunctionWithError:nullptr];
   EXPECT_EQ((Crossings{"TestStaticFunction", "TestStaticFunction"}), takeCrossings());
   EXPECT_EQ("WRTGetActivationFactory WRTIUnknownRelease WRTGetActivationFactory "
             "WRTIUnknownRelease",

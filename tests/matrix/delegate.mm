@@ -13,17 +13,18 @@ using Handler = HRESULT (^)(int, NSString *, id<WRTTestInterfaceBridge>, WRTTest
 void delegateArguments() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     __block int calls = 0;
-    [bridge inDelegateWithArg:^HRESULT(int x, NSString *s, id<WRTTestInterfaceBridge> i,
-                                       WRTTestClassBridge *c) {
-      EXPECT_EQ(0, x);
-      EXPECT_TRUE([s isEqual:@"text"]);
-      EXPECT_EQ([WRTTestInterfaceBridge class], [static_cast<id>(i) class]);
-      EXPECT_EQ([WRTTestClassBridge class], [c class]);
-      EXPECT_EQ([static_cast<id>(bridge) inner], [c inner]);
-      ++calls;
-      return 0x1234;
-    }
-                        error:nil];
+    [bridge
+        inDelegateWithArg:^HRESULT(int x, NSString *s, id<WRTTestInterfaceBridge> i,
+                                   WRTTestClassBridge *c) {
+          EXPECT_EQ(0, x);
+          EXPECT_TRUE([s isEqual:@"text"]);
+          EXPECT_EQ([WRTTestInterfaceBridge class], [static_cast<id>(i) class]);
+          EXPECT_EQ([WRTTestClassBridge class], [c class]);
+          EXPECT_EQ([static_cast<id>(bridge) inner], [c inner]);
+          ++calls;
+          return 0x1234;
+        }
+                    error:nullptr];
     EXPECT_EQ(1, calls);
     EXPECT_EQ((Crossings{"InDelegate", "Invoke 00001234"}), takeCrossings());
   });
@@ -33,13 +34,14 @@ void delegateNullArguments() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     clearLog();
     script().nullObjects = true;
-    [bridge inDelegateWithArg:^HRESULT(int, NSString *, id<WRTTestInterfaceBridge> i,
-                                       WRTTestClassBridge *c) {
-      EXPECT_EQ(nil, i);
-      EXPECT_EQ(nil, c);
-      return kFailure;
-    }
-                        error:nil];
+    [bridge
+        inDelegateWithArg:^HRESULT(int, NSString *, id<WRTTestInterfaceBridge> i,
+                                   WRTTestClassBridge *c) {
+          EXPECT_EQ(nil, i);
+          EXPECT_EQ(nil, c);
+          return kFailure;
+        }
+                    error:nullptr];
     EXPECT_EQ((Crossings{"InDelegate", "Invoke 80070057"}), takeCrossings());
     ASSERT_EQ(2u, logRecords().size());
     EXPECT_EQ("+[WRTUnknownBridge bridge:]", logRecords()[0].function);
@@ -51,12 +53,13 @@ void delegateOften() {
     for (int invocations : {0, 1, 100}) {
       script().invocations = invocations;
       __block int calls = 0;
-      [bridge inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
-        EXPECT_EQ(calls, x);
-        ++calls;
-        return 0;
-      }
-                          error:nil];
+      [bridge
+          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
+            EXPECT_EQ(calls, x);
+            ++calls;
+            return 0;
+          }
+                      error:nullptr];
       EXPECT_EQ(invocations, calls);
     }
   });
@@ -68,8 +71,11 @@ void delegateCleanups() {
       script().status = status;
       NSError *error = nil;
       PlatformTrace trace;
-      [bridge inDelegateWithArg:^HRESULT(int, NSString *, id, WRTTestClassBridge *) { return 0; }
-                          error:&error];
+      [bridge
+          inDelegateWithArg:^HRESULT(int, NSString *, id, WRTTestClassBridge *) {
+            return 0;
+          }
+                      error:&error];
       EXPECT_EQ(status, [error code]);
       EXPECT_EQ(status < 0 ? "WRTIUnknownRelease WRTIUnknownRelease" : trace.names(),
                 trace.names());
@@ -105,10 +111,11 @@ void delegateOutlivesMember() {
     {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
       LifetimeToken *token = [[LifetimeToken alloc] init];
-      [bridge inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
-        return [token isKindOfClass:[LifetimeToken class]] ? x : -1;
-      }
-                          error:nil];
+      [bridge
+          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
+            return [token isKindOfClass:[LifetimeToken class]] ? x : -1;
+          }
+                      error:nullptr];
       [token release];
       [pool release];
     }
@@ -129,11 +136,12 @@ void delegateOnThreads() {
     {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
       LifetimeToken *token = [[LifetimeToken alloc] init];
-      [bridge inDelegateWithArg:^HRESULT(int, NSString *, id i, WRTTestClassBridge *c) {
-        *counter += [i inner] == [c inner] && [token self] ? 1 : 0;
-        return 0;
-      }
-                          error:nil];
+      [bridge
+          inDelegateWithArg:^HRESULT(int, NSString *, id i, WRTTestClassBridge *c) {
+            *counter += [i inner] == [c inner] && [token self] ? 1 : 0;
+            return 0;
+          }
+                      error:nullptr];
       [token release];
       [pool release];
     }
@@ -166,18 +174,24 @@ void delegateNilBlock() {
 
 void delegateReturningString() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    [bridge inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
-      EXPECT_EQ(nil, *result) << "starts as nil";
-      *result = @"answer";
-      return 1;
-    }
-                                    error:nil];
-    [bridge inDelegateReturnStringWithArg:^HRESULT(NSString **) { return 2; } error:nil];
-    [bridge inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
-      *result = @"ignored";
-      return kFailure;
-    }
-                                    error:nil];
+    [bridge
+        inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+          EXPECT_EQ(nil, *result) << "starts as nil";
+          *result = @"answer";
+          return 1;
+        }
+                                error:nullptr];
+    [bridge
+        inDelegateReturnStringWithArg:^HRESULT(NSString **) {
+          return 2;
+        }
+                                error:nullptr];
+    [bridge
+        inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+          *result = @"ignored";
+          return kFailure;
+        }
+                                error:nullptr];
     EXPECT_EQ((Crossings{"InDelegateReturnString 00000001 \"answer\"",
                          "InDelegateReturnString 00000002 untouched",
                          "InDelegateReturnString 80070057 untouched"}),
@@ -188,49 +202,45 @@ void delegateReturningString() {
 void delegateReturningInterface() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     using Answer = HRESULT (^)(id<WRTTestInterfaceBridge> *);
-    Answer answers[] = {
-        ^HRESULT(id<WRTTestInterfaceBridge> *result) {
-          *result = bridge;
-          return 1;
+    Answer answers[] = {^HRESULT(id<WRTTestInterfaceBridge> *result){
+            *result = bridge;
+    return 1;
         },
-        ^HRESULT(id<WRTTestInterfaceBridge> *) { return 2; },
+        ^HRESULT(id<WRTTestInterfaceBridge> *) {
+    return 2; },
         ^HRESULT(id<WRTTestInterfaceBridge> *result) {
-          *result = bridge;
-          return kFailure;
+    *result = bridge;
+    return kFailure;
         },
-    };
-    for (Answer answer : answers)
-      [bridge inDelegateReturnInterfaceWithArg:answer error:nil];
-    EXPECT_EQ((Crossings{"InDelegateReturnInterface 00000001 object",
-                         "InDelegateReturnInterface 00000002 untouched",
-                         "InDelegateReturnInterface 80070057 untouched"}),
-              takeCrossings());
-  });
+};
+for (Answer answer : answers)
+  [bridge inDelegateReturnInterfaceWithArg:answer error:nullptr];
+EXPECT_EQ((Crossings{"InDelegateReturnInterface 00000001 object",
+                     "InDelegateReturnInterface 00000002 untouched",
+                     "InDelegateReturnInterface 80070057 untouched"}),
+          takeCrossings());
+});
 }
 
 void delegateReturningStranger() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    ProbeObject object;
+    ProbeObject &object = lasting<ProbeObject>();
     object.queryStatus = kNoInterface;
     WRTTestInterfaceBridge *stranger = [WRTTestInterfaceBridge bridge:&object];
     clearLog();
-    [bridge inDelegateReturnInterfaceWithArg:^HRESULT(id<WRTTestInterfaceBridge> *result) {
-      *result = stranger;
-      return 3;
-    }
-                                       error:nil];
+    [bridge
+        inDelegateReturnInterfaceWithArg:^HRESULT(id<WRTTestInterfaceBridge> *result) {
+          *result = stranger;
+          return 3;
+        }
+                                   error:nullptr];
     EXPECT_EQ(Crossings{"InDelegateReturnInterface 00000003 null"}, takeCrossings())
         << "the status is unchanged";
     const std::string type = [NSStringFromClass([static_cast<id>(bridge) class]) UTF8String];
     ASSERT_EQ(2u, logRecords().size()) << "the query's own message comes first";
-    EXPECT_EQ((LogRecord{4,
-                         "-[" + type +
-                             " inDelegateReturnInterfaceWithArg:error:]_block_invoke",
-                         "",
-                         "Failed to get delegate interface pointer for .TestInterface**"}),
+    EXPECT_EQ((LogRecord{4, "-[" + type + " inDelegateReturnInterfaceWithArg:error:]_block_invoke",
+                         "", "Failed to get delegate interface pointer for .TestInterface**"}),
               logRecords()[1]);
-    // The bridge goes before the probe does.
-    [bridge self];
     clearCrossings();
   });
 }

@@ -1,4 +1,5 @@
-// The call frame, whatever crosses: interface missing, failing status, threads, slots, error variable.
+// The call frame, whatever crosses: interface missing, failing status, threads, slots, error
+// variable.
 
 #include "tests/matrix/Fixture.h"
 
@@ -42,14 +43,15 @@ long callMember(id bridge, SEL selector, NSError **error) {
       room[i][0] = 0;
       place = room[i];
     } else if (type[0] == '@' && type[1] == '?') {
-      block = [[^HRESULT { return 0; } copy] autorelease];
+      block = [[^HRESULT {
+        return 0;
+      } copy] autorelease];
       place = static_cast<void *>(block);
     }
     long argument[4] = {reinterpret_cast<long>(place)};
     [invocation setArgument:argument atIndex:static_cast<NSInteger>(i)];
   }
-  [invocation setArgument:&error
-                  atIndex:static_cast<NSInteger>([signature numberOfArguments]) - 1];
+  [invocation setArgument:&error atIndex:static_cast<NSInteger>([signature numberOfArguments]) - 1];
   [invocation invoke];
   long result[4] = {};
   if ([signature methodReturnLength] > 0)
@@ -89,7 +91,7 @@ void everyMemberFailing() {
 
 void everyMemberInterfaceMissing() {
   forEveryMember([](id bridge, SEL selector) {
-    ProbeObject object;
+    ProbeObject &object = lasting<ProbeObject>();
     object.queryStatus = kNoInterface;
     NSError *const before = staleError();
     NSError *error = before;
@@ -193,8 +195,8 @@ void manyThreads() {
     threads.emplace_back([bridge] {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
       for (int call = 0; call < 50; ++call) {
-        [bridge inStringArrayWithArr:[NSArray arrayWithObjects:@"a", @"b", nil] error:nil];
-        EXPECT_EQ(42, [bridge returnPrimitiveWithError:nil]);
+        [bridge inStringArrayWithArr:[NSArray arrayWithObjects:@"a", @"b", nil] error:nullptr];
+        EXPECT_EQ(42, [bridge returnPrimitiveWithError:nullptr]);
       }
       [pool release];
     });
@@ -208,8 +210,8 @@ void secondInterface() {
   resetScript();
   WRTTestClassBridge *bridge = newBridge([WRTTestClassBridge class]);
   takeCrossings();
-  [bridge voidFunctionFromInterface2WithError:nil];
-  [[WRTTestInterface2Bridge cast:bridge] voidFunctionFromInterface2WithError:nil];
+  [bridge voidFunctionFromInterface2WithError:nullptr];
+  [[WRTTestInterface2Bridge cast:bridge] voidFunctionFromInterface2WithError:nullptr];
   EXPECT_EQ((Crossings{"VoidFunctionFromInterface2", "VoidFunctionFromInterface2"}),
             takeCrossings());
 }

@@ -10,7 +10,8 @@ namespace {
 WRTTestClassBridge *hostileBridge() {
   resetScript();
   clearCrossings();
-  return [WRTTestClassBridge bridgeTransfer:wrt::component::make<HostileObject>().detach()->identity()];
+  return [WRTTestClassBridge
+      bridgeTransfer:wrt::component::make<HostileObject>().detach()->identity()];
 }
 
 void otherSuccessCodes() {
@@ -23,10 +24,10 @@ void otherSuccessCodes() {
 
 void nothingWritten() {
   WRTTestClassBridge *bridge = hostileBridge();
-  EXPECT_EQ(nil, [bridge returnInterfaceWithError:nil]);
-  EXPECT_EQ(nil, [bridge returnRtcWithError:nil]);
-  EXPECT_EQ(0u, [[bridge returnStringWithError:nil] length]);
-  NSArray *array = [bridge returnStringArrayWithError:nil];
+  EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
+  EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
+  EXPECT_EQ(0u, [[bridge returnStringWithError:nullptr] length]);
+  NSArray *array = [bridge returnStringArrayWithError:nullptr];
   EXPECT_NE(nil, array);
   EXPECT_EQ(0u, [array count]);
 }
@@ -34,11 +35,11 @@ void nothingWritten() {
 void lyingCounts() {
   WRTTestClassBridge *bridge = hostileBridge();
   NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-  [bridge outInterfaceArrayWithArr:array error:nil];
+  [bridge outInterfaceArrayWithArr:array error:nullptr];
   EXPECT_EQ(0u, [array count]) << "a negative count is none";
-  [bridge outRtcArrayPreallocatedWithSize:3 arr:array error:nil];
+  [bridge outRtcArrayPreallocatedWithSize:3 arr:array error:nullptr];
   EXPECT_EQ(3u, [array count]) << "never more than there is room for";
-  [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nil];
+  [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nullptr];
   EXPECT_EQ("0 1", joined(array));
   clearCrossings();
 }

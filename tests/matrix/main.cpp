@@ -1,5 +1,5 @@
-// Runs the cells and then compares those that ran with the matrix: a listed cell that does not exist
-// and a cell that is not listed both fail.
+// Runs the cells and then compares those that ran with the matrix: a listed cell that does not
+// exist and a cell that is not listed both fail.
 
 #include "tests/support/Cell.h"
 

@@ -6,34 +6,28 @@ using namespace wrt::test;
 
 namespace {
 
-/// A bridge whose object lacks the test interface.
-class Stranger {
-public:
-  Stranger() {
-    object_.queryStatus = kNoInterface;
-    object_.AddRef();
-  }
-  id bridge() { return [WRTTestInterfaceBridge bridgeTransfer:&object_]; }
-  const ProbeObject &object() const { return object_; }
+/// An object that lacks the test interface, and its bridge.
+struct Stranger {
+  ProbeObject &object = lasting<ProbeObject>();
+  WRTTestInterfaceBridge *bridge = [WRTTestInterfaceBridge bridge:&object];
 
-private:
-  ProbeObject object_;
+  Stranger() { object.queryStatus = kNoInterface; }
 };
 
 void objectIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     WRTTestInterfaceBridge *interface = newBridge([WRTTestInterfaceBridge class]);
     WRTTestClassBridge *object = newBridge([WRTTestClassBridge class]);
-    [bridge inInterfaceWithArg:interface error:nil];
-    [bridge inInterfaceWithArg:static_cast<id>(object) error:nil];
-    [bridge inRtcWithArg:object error:nil];
-    [bridge inRtcWithArg:static_cast<id>(interface) error:nil];
+    [bridge inInterfaceWithArg:interface error:nullptr];
+    [bridge inInterfaceWithArg:static_cast<id>(object) error:nullptr];
+    [bridge inRtcWithArg:object error:nullptr];
+    [bridge inRtcWithArg:static_cast<id>(interface) error:nullptr];
     NSError *error = staleError();
     [bridge inInterfaceWithArg:nil error:&error];
     EXPECT_EQ(nil, error);
-    [bridge inRtcWithArg:nil error:nil];
-    EXPECT_EQ((Crossings{"InInterface object", "InInterface object", "InRtc object",
-                         "InRtc object", "InInterface null", "InRtc null"}),
+    [bridge inRtcWithArg:nil error:nullptr];
+    EXPECT_EQ((Crossings{"InInterface object", "InInterface object", "InRtc object", "InRtc object",
+                         "InInterface null", "InRtc null"}),
               takeCrossings());
   });
 }
@@ -42,10 +36,10 @@ void objectInStranger() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     Stranger stranger;
     NSError *error = nil;
-    [bridge inInterfaceWithArg:stranger.bridge() error:&error];
+    [bridge inInterfaceWithArg:static_cast<id>(stranger.bridge) error:&error];
     EXPECT_EQ(kNoInterface, [error code]);
     error = nil;
-    [bridge inRtcWithArg:stranger.bridge() error:&error];
+    [bridge inRtcWithArg:static_cast<id>(stranger.bridge) error:&error];
     EXPECT_EQ(kNoInterface, [error code]);
     EXPECT_EQ(Crossings{}, takeCrossings()) << "the call is not made";
   });
@@ -54,14 +48,14 @@ void objectInStranger() {
 void objectOut() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     WRTTestInterfaceBridge *interface = nil;
-    [bridge outInterfaceWithArg:&interface error:nil];
+    [bridge outInterfaceWithArg:&interface error:nullptr];
     EXPECT_EQ([WRTTestInterfaceBridge class], [interface class]);
     WRTTestClassBridge *object = nil;
-    [bridge outRtcWithArg:&object error:nil];
+    [bridge outRtcWithArg:&object error:nullptr];
     EXPECT_EQ([WRTTestClassBridge class], [object class]);
     EXPECT_EQ([WRTTestInterfaceBridge class],
-              [static_cast<id>([bridge returnInterfaceWithError:nil]) class]);
-    EXPECT_EQ([WRTTestClassBridge class], [[bridge returnRtcWithError:nil] class]);
+              [static_cast<id>([bridge returnInterfaceWithError:nullptr]) class]);
+    EXPECT_EQ([WRTTestClassBridge class], [[bridge returnRtcWithError:nullptr] class]);
   });
 }
 
@@ -70,14 +64,14 @@ void objectOutNull() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     clearLog();
     script().nullObjects = true;
-    EXPECT_EQ(nil, [bridge returnInterfaceWithError:nil]);
+    EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
     EXPECT_TRUE(logRecords().empty());
     WRTTestInterfaceBridge *interface = newBridge([WRTTestInterfaceBridge class]);
     WRTTestClassBridge *object = newBridge([WRTTestClassBridge class]);
     NSError *error = staleError();
     [bridge outInterfaceWithArg:&interface error:&error];
-    [bridge outRtcWithArg:&object error:nil];
-    EXPECT_EQ(nil, [bridge returnRtcWithError:nil]);
+    [bridge outRtcWithArg:&object error:nullptr];
+    EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
     EXPECT_EQ(nil, interface);
     EXPECT_EQ(nil, object);
     EXPECT_EQ(nil, error) << "null is no failure";
@@ -95,8 +89,8 @@ void objectOutFailing() {
     [bridge outInterfaceWithArg:&interface error:&error];
     EXPECT_EQ(before, interface);
     EXPECT_EQ(kFailure, [error code]);
-    EXPECT_EQ(nil, [bridge returnInterfaceWithError:nil]);
-    EXPECT_EQ(nil, [bridge returnRtcWithError:nil]);
+    EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
+    EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
   });
 }
 
@@ -104,12 +98,12 @@ void objectArrayIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSArray *objects = @[ newBridge([WRTTestInterfaceBridge class]), bridge ];
     PlatformTrace trace;
-    [bridge inInterfaceArrayWithArr:objects error:nil];
+    [bridge inInterfaceArrayWithArr:objects error:nullptr];
     EXPECT_EQ("WRTTaskMemAlloc WRTIUnknownRelease WRTIUnknownRelease WRTTaskMemFree "
               "WRTIUnknownRelease",
               trace.names());
-    [bridge inRtcArrayWithArr:objects error:nil];
-    [bridge inRtcArrayWithArr:@[] error:nil];
+    [bridge inRtcArrayWithArr:objects error:nullptr];
+    [bridge inRtcArrayWithArr:@[] error:nullptr];
     EXPECT_EQ((Crossings{"InInterfaceArray [object, object]", "InRtcArray [object, object]",
                          "InRtcArray []"}),
               takeCrossings());
@@ -119,7 +113,7 @@ void objectArrayIn() {
 void objectArrayInFailingElement() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     Stranger stranger;
-    NSArray *objects = @[ bridge, bridge, stranger.bridge(), bridge ];
+    NSArray *objects = @[ bridge, bridge, static_cast<id>(stranger.bridge), bridge ];
     NSError *error = nil;
     PlatformTrace trace;
     [bridge inInterfaceArrayWithArr:objects error:&error];
@@ -129,7 +123,7 @@ void objectArrayInFailingElement() {
               "WRTIUnknownRelease",
               trace.names())
         << "the two before it are released";
-    EXPECT_EQ(1u, stranger.object().queries.size());
+    EXPECT_EQ(1u, stranger.object.queries.size());
   });
 }
 
@@ -137,33 +131,33 @@ void objectArrayOut() {
   expectLeftover({.taskBlocks = 8}); // element blocks are not freed
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outInterfaceArrayWithArr:array error:nil];
+    [bridge outInterfaceArrayWithArr:array error:nullptr];
     ASSERT_EQ(3u, [array count]);
     EXPECT_EQ([WRTTestInterfaceBridge class], [[array objectAtIndex:0] class]);
-    [bridge outRtcArrayWithArr:array error:nil];
+    [bridge outRtcArrayWithArr:array error:nullptr];
     ASSERT_EQ(3u, [array count]);
     EXPECT_EQ([WRTTestClassBridge class], [[array objectAtIndex:2] class]);
-    NSArray *interfaces = [bridge returnInterfaceArrayWithError:nil];
+    NSArray *interfaces = [bridge returnInterfaceArrayWithError:nullptr];
     EXPECT_EQ(3u, [interfaces count]);
     EXPECT_EQ([WRTTestInterfaceBridge class], [[interfaces lastObject] class]);
     script().count = 0;
-    EXPECT_EQ(0u, [[bridge returnRtcArrayWithError:nil] count]);
+    EXPECT_EQ(0u, [[bridge returnRtcArrayWithError:nullptr] count]);
   });
 }
 
 void objectArrayPreallocated() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outInterfaceArrayPreallocatedWithSize:2 arr:array error:nil];
+    [bridge outInterfaceArrayPreallocatedWithSize:2 arr:array error:nullptr];
     EXPECT_EQ(2u, [array count]);
-    [bridge outRtcArrayPreallocatedWithSize:17 arr:array error:nil];
+    [bridge outRtcArrayPreallocatedWithSize:17 arr:array error:nullptr];
     EXPECT_EQ(3u, [array count]);
-    EXPECT_EQ(1u, [[bridge returnInterfaceArrayPreallocatedWithSize:1 error:nil] count]);
-    EXPECT_EQ(3u, [[bridge returnRtcArrayPreallocatedWithSize:4 error:nil] count]);
+    EXPECT_EQ(1u, [[bridge returnInterfaceArrayPreallocatedWithSize:1 error:nullptr] count]);
+    EXPECT_EQ(3u, [[bridge returnRtcArrayPreallocatedWithSize:4 error:nullptr] count]);
     script().status = kFailure;
-    [bridge outRtcArrayPreallocatedWithSize:2 arr:array error:nil];
+    [bridge outRtcArrayPreallocatedWithSize:2 arr:array error:nullptr];
     EXPECT_EQ(3u, [array count]) << "a failure leaves the caller's array";
-    EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:4 error:nil]);
+    EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:4 error:nullptr]);
   });
 }
 

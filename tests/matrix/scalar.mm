@@ -25,7 +25,7 @@ void scalarIn() {
 void scalarOut() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     int value = 0;
-    [bridge outPrimitiveWithX:&value error:nil];
+    [bridge outPrimitiveWithX:&value error:nullptr];
     EXPECT_EQ(42, value);
     script().status = kFailure;
     script().poisons = true;
@@ -40,7 +40,7 @@ void scalarReturned() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     for (int value : {0, 42, INT_MIN, INT_MAX}) {
       script().integer = value;
-      EXPECT_EQ(value, [bridge returnPrimitiveWithError:nil]);
+      EXPECT_EQ(value, [bridge returnPrimitiveWithError:nullptr]);
     }
     script().status = kFailure;
     script().poisons = true;
@@ -53,16 +53,18 @@ void scalarReturned() {
 void scalarArrayIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     int values[] = {5, -6, 7};
-    [bridge inPrimitiveArrayWithCount:3 arr:values error:nil];
-    [bridge inPrimitiveArrayWithCount:0 arr:nullptr error:nil];
+    [bridge inPrimitiveArrayWithCount:3 arr:values error:nullptr];
+    [bridge inPrimitiveArrayWithCount:0 arr:nullptr error:nullptr];
     EXPECT_EQ((Crossings{"InPrimitiveArray [5, -6, 7]", "InPrimitiveArray []"}), takeCrossings());
   });
 }
 
 void scalarArrayOut() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    for (auto member : {@selector(outPrimitiveArrayWithCount:arr:error:),
-                        @selector(returnPrimitiveArrayWithCount:arr:error:)}) {
+    for (auto member : {
+           @selector(outPrimitiveArrayWithCount:arr:error:),
+               @selector(returnPrimitiveArrayWithCount:arr:error:)
+         }) {
       int count = 0;
       int *values = nullptr;
       using Function = void (*)(id, SEL, int *, int **, NSError **);
@@ -80,11 +82,11 @@ void scalarArrayPreallocated() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     int values[5] = {9, 9, 9, 9, 9};
     int count = 0;
-    [bridge outPrimitiveArrayPreallocatedWithSize:5 count:&count arr:values error:nil];
+    [bridge outPrimitiveArrayPreallocatedWithSize:5 count:&count arr:values error:nullptr];
     EXPECT_EQ(3, count);
     EXPECT_EQ(3, values[2]);
     EXPECT_EQ(9, values[3]) << "not delivered";
-    [bridge returnPrimitiveArrayPreallocatedWithSize:2 count:&count arr:values error:nil];
+    [bridge returnPrimitiveArrayPreallocatedWithSize:2 count:&count arr:values error:nullptr];
     EXPECT_EQ(2, count);
     EXPECT_EQ((Crossings{"OutPrimitiveArrayPreallocated 5", "ReturnPrimitiveArrayPreallocated 2"}),
               takeCrossings());
@@ -93,12 +95,12 @@ void scalarArrayPreallocated() {
 
 void structureByValue() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    [bridge inStructWithArg:WRTTestStruct{INT_MIN, 7} error:nil];
+    [bridge inStructWithArg:WRTTestStruct{INT_MIN, 7} error:nullptr];
     WRTTestStruct out{};
-    [bridge outStructWithArg:&out error:nil];
+    [bridge outStructWithArg:&out error:nullptr];
     EXPECT_EQ(3, out.x);
     EXPECT_EQ(-4, out.y);
-    const WRTTestStruct returned = [bridge returnStructWithError:nil];
+    const WRTTestStruct returned = [bridge returnStructWithError:nullptr];
     EXPECT_EQ(3, returned.x);
     EXPECT_EQ(-4, returned.y);
     EXPECT_EQ((Crossings{"InStruct {-2147483648, 7}", "OutStruct", "ReturnStruct"}),
@@ -109,23 +111,23 @@ void structureByValue() {
 void structureArrays() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     WRTTestStruct values[4] = {{1, 2}, {3, 4}, {8, 8}, {8, 8}};
-    [bridge inStructArrayWithCount:2 arr:values error:nil];
+    [bridge inStructArrayWithCount:2 arr:values error:nullptr];
     EXPECT_EQ((Crossings{"InStructArray [{1, 2}, {3, 4}]"}), takeCrossings());
 
     int count = 0;
-    [bridge outStructArrayPreallocatedWithSize:4 count:&count arr:values error:nil];
+    [bridge outStructArrayPreallocatedWithSize:4 count:&count arr:values error:nullptr];
     EXPECT_EQ(3, count);
     EXPECT_EQ(-3, values[2].y);
     EXPECT_EQ(8, values[3].y);
-    [bridge returnStructArrayPreallocatedWithSize:1 count:&count arr:values error:nil];
+    [bridge returnStructArrayPreallocatedWithSize:1 count:&count arr:values error:nullptr];
     EXPECT_EQ(1, count);
 
     WRTTestStruct *block = nullptr;
-    [bridge outStructArrayWithCount:&count arr:&block error:nil];
+    [bridge outStructArrayWithCount:&count arr:&block error:nullptr];
     ASSERT_EQ(3, count);
     EXPECT_EQ(3, block[2].x);
     WRTTaskMemFree(block);
-    [bridge returnStructArrayWithCount:&count arr:&block error:nil];
+    [bridge returnStructArrayWithCount:&count arr:&block error:nullptr];
     ASSERT_EQ(3, count);
     EXPECT_EQ(-1, block[0].y);
     WRTTaskMemFree(block);
@@ -137,10 +139,10 @@ void noAllocation() {
   int values[3] = {};
   int count = 0;
   PlatformTrace trace;
-  [bridge inPrimitiveWithX:1 error:nil];
-  [bridge inPrimitiveArrayWithCount:3 arr:values error:nil];
-  [bridge outPrimitiveArrayPreallocatedWithSize:3 count:&count arr:values error:nil];
-  [bridge returnStructWithError:nil];
+  [bridge inPrimitiveWithX:1 error:nullptr];
+  [bridge inPrimitiveArrayWithCount:3 arr:values error:nullptr];
+  [bridge outPrimitiveArrayPreallocatedWithSize:3 count:&count arr:values error:nullptr];
+  [bridge returnStructWithError:nullptr];
   EXPECT_EQ("WRTIUnknownRelease WRTIUnknownRelease WRTIUnknownRelease WRTIUnknownRelease",
             trace.names())
       << "the interface, once a call";

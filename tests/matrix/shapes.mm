@@ -124,14 +124,13 @@ void bulkRead() {
   static uint32_t delivered;
   static constexpr Member<BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>)> member{
       OneFunction::interface, 6};
-  OneFunction object(
-      +[](void *, uint32_t start, uint32_t capacity, HSTRING *block, uint32_t *actual) WRT_ABI
-      -> HRESULT {
-        for (uint32_t i = 0; i < std::min(capacity, delivered); ++i)
-          makeString(std::u16string(start, u'x'), &block[i]);
-        *actual = delivered;
-        return start < 9 ? 0 : kFailure;
-      });
+  OneFunction object(+[](void *, uint32_t start, uint32_t capacity, HSTRING *block,
+                         uint32_t *actual) WRT_ABI -> HRESULT {
+    for (uint32_t i = 0; i < std::min(capacity, delivered); ++i)
+      makeString(std::u16string(start, u'x'), &block[i]);
+    *actual = delivered;
+    return start < 9 ? 0 : kFailure;
+  });
   expectLeftover({.strings = 3});
   delivered = 2;
   EXPECT_EQ("xx xx", joined(call(nil, member, 2u, 5u, nullptr)));

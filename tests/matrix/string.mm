@@ -4,17 +4,18 @@
 
 #import <WRTObjcBridge/WRTConversions.h>
 
+using namespace wrt;
 using namespace wrt::test;
 
 namespace {
 
 void stringIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    const unichar lone[] = {'a', 0xD800, 0};
-    NSString *odd = [NSString stringWithCharacters:lone length:2];
+    const component::StringHolder lone(u"a\xD800");
+    NSString *odd = WRTCreateNSStringFromHSTRING(lone.get());
     NSMutableString *mutableString = [NSMutableString stringWithString:@"mutable"];
     for (NSString *string in @[ @"plain", @"naïve 😀", odd, mutableString, @"" ])
-      [bridge inStringWithArg:string error:nil];
+      [bridge inStringWithArg:string error:nullptr];
     NSError *error = staleError();
     [bridge inStringWithArg:nil error:&error];
     EXPECT_EQ(nil, error);
@@ -29,13 +30,13 @@ void stringInCleanups() {
   for (HRESULT status : {HRESULT{0}, kFailure}) {
     script().status = status;
     PlatformTrace trace;
-    [bridge inStringWithArg:@"text" error:nil];
+    [bridge inStringWithArg:@"text" error:nullptr];
     EXPECT_EQ("WRTHSTRINGRelease WRTIUnknownRelease", trace.names());
   }
   resetScript();
   PlatformTrace trace;
-  [bridge inStringWithArg:nil error:nil];
-  [bridge inStringWithArg:@"" error:nil];
+  [bridge inStringWithArg:nil error:nullptr];
+  [bridge inStringWithArg:@"" error:nullptr];
   EXPECT_EQ("WRTIUnknownRelease WRTIUnknownRelease", trace.names()) << "null registers nothing";
 }
 
@@ -44,11 +45,11 @@ void stringOut() {
   expectLeftover({.strings = 4});
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSString *string = nil;
-    [bridge outStringWithArg:&string error:nil];
+    [bridge outStringWithArg:&string error:nullptr];
     EXPECT_TRUE([string isEqual:@"out"]);
-    EXPECT_TRUE([[bridge returnStringWithError:nil] isEqual:@"out"]);
+    EXPECT_TRUE([[bridge returnStringWithError:nullptr] isEqual:@"out"]);
     script().string = u"";
-    EXPECT_EQ(0u, [[bridge returnStringWithError:nil] length]);
+    EXPECT_EQ(0u, [[bridge returnStringWithError:nullptr] length]);
   });
 }
 
@@ -67,12 +68,12 @@ void stringOutFailing() {
 
 void stringArrayIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    [bridge inStringArrayWithArr:@[ @"a", @"", @"c" ] error:nil];
-    [bridge inStringArrayWithArr:@[] error:nil];
-    [bridge inStringArrayWithArr:nil error:nil];
-    EXPECT_EQ((Crossings{"InStringArray [\"a\", null, \"c\"]", "InStringArray []",
-                         "InStringArray []"}),
-              takeCrossings());
+    [bridge inStringArrayWithArr:@[ @"a", @"", @"c" ] error:nullptr];
+    [bridge inStringArrayWithArr:@[] error:nullptr];
+    [bridge inStringArrayWithArr:nil error:nullptr];
+    EXPECT_EQ(
+        (Crossings{"InStringArray [\"a\", null, \"c\"]", "InStringArray []", "InStringArray []"}),
+        takeCrossings());
   });
 }
 
@@ -85,7 +86,7 @@ void stringArrayInCleanups() {
     for (NSUInteger i = 0; i < count; ++i)
       [strings addObject:[NSString stringWithFormat:@"element %lu", (unsigned long)i]];
     PlatformTrace trace;
-    [bridge inStringArrayWithArr:strings error:nil];
+    [bridge inStringArrayWithArr:strings error:nullptr];
     const auto &calls = trace.calls();
     ASSERT_EQ(count + 3, calls.size());
     EXPECT_EQ("WRTTaskMemAlloc", calls[0].function);
@@ -103,11 +104,11 @@ void stringArrayOut() {
   expectLeftover({.taskBlocks = 6});
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outStringArrayWithArr:array error:nil];
+    [bridge outStringArrayWithArr:array error:nullptr];
     EXPECT_EQ("0 1 2", joined(array));
-    EXPECT_EQ("0 1 2", joined([bridge returnStringArrayWithError:nil]));
+    EXPECT_EQ("0 1 2", joined([bridge returnStringArrayWithError:nullptr]));
     script().count = 0;
-    [bridge outStringArrayWithArr:array error:nil];
+    [bridge outStringArrayWithArr:array error:nullptr];
     EXPECT_EQ(0u, [array count]);
   });
 }
@@ -117,11 +118,11 @@ void stringArrayPreallocated() {
   expectLeftover({.strings = 4});
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outStringArrayPreallocatedWithSize:5 arr:array error:nil];
+    [bridge outStringArrayPreallocatedWithSize:5 arr:array error:nullptr];
     EXPECT_EQ("0 1 2", joined(array)) << "fewer than asked for";
-    [bridge outStringArrayPreallocatedWithSize:0 arr:array error:nil];
+    [bridge outStringArrayPreallocatedWithSize:0 arr:array error:nullptr];
     EXPECT_EQ(0u, [array count]);
-    EXPECT_EQ("0 1", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nil]));
+    EXPECT_EQ("0 1", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
   });
 }
 
@@ -133,10 +134,10 @@ void stringArrayFailing() {
     NSError *error = nil;
     [bridge outStringArrayWithArr:array error:&error];
     EXPECT_EQ(kFailure, [error code]);
-    [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nil];
+    [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nullptr];
     EXPECT_EQ("before", joined(array));
-    EXPECT_EQ(nil, [bridge returnStringArrayWithError:nil]);
-    EXPECT_EQ(nil, [bridge returnStringArrayPreallocatedWithSize:2 error:nil]);
+    EXPECT_EQ(nil, [bridge returnStringArrayWithError:nullptr]);
+    EXPECT_EQ(nil, [bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]);
     [bridge inStringArrayWithArr:@[ @"a", @"b" ] error:&error];
     EXPECT_EQ(kFailure, [error code]);
   });

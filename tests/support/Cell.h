@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
+#include <memory>
 
 namespace wrt::test {
 
@@ -23,8 +22,16 @@ struct Leftover {
 };
 void expectLeftover(Leftover leftover);
 
-/// The names of all cells.
-std::vector<std::string> cellNames();
+/// Keeps `thing` until the running cell's autorelease pool has been drained.
+void keepUntilDrained(std::shared_ptr<void> thing);
+
+/// A new `T` that outlives what the running cell autoreleases.
+template <class T>
+T &lasting() {
+  auto thing = std::make_shared<T>();
+  keepUntilDrained(thing);
+  return *thing;
+}
 
 } // namespace wrt::test
 

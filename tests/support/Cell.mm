@@ -2,7 +2,7 @@
 
 #include "tests/support/LogRecorder.h"
 
-#include <WRTLedger.h>
+#include "platform/linux/ledger/WRTLedger.h"
 
 #import <Foundation/Foundation.h>
 
@@ -10,12 +10,8 @@ namespace wrt::test {
 
 namespace {
 
-std::vector<std::string> &names() {
-  static std::vector<std::string> list;
-  return list;
-}
-
 Leftover expected;
+std::vector<std::shared_ptr<void>> lastingThings;
 
 std::string describe(const WRTLedgerCounts &counts) {
   char text[256];
@@ -40,6 +36,7 @@ public:
   }
 
   void TearDown() override {
+    lastingThings.clear();
     WRTLedgerCounts leftover{};
     leftover.live[kWRTLedgerStrings] = expected.strings;
     leftover.live[kWRTLedgerStringHandles] = expected.strings;
@@ -57,16 +54,15 @@ private:
 } // namespace
 
 Cell::Cell(const char *name, void (*body)()) {
-  names().push_back(name);
   const std::string whole = name;
   const size_t dot = whole.find('.');
-  testing::RegisterTest(
-      whole.substr(0, dot).c_str(), whole.substr(dot + 1).c_str(), nullptr, nullptr, __FILE__,
-      __LINE__, [body]() -> testing::Test * { return new CellTest(body); });
+  testing::RegisterTest(whole.substr(0, dot).c_str(), whole.substr(dot + 1).c_str(), nullptr,
+                        nullptr, __FILE__, __LINE__,
+                        [body]() -> testing::Test * { return new CellTest(body); });
 }
 
 void expectLeftover(Leftover leftover) { expected = leftover; }
 
-std::vector<std::string> cellNames() { return names(); }
+void keepUntilDrained(std::shared_ptr<void> thing) { lastingThings.push_back(std::move(thing)); }
 
 } // namespace wrt::test

@@ -49,9 +49,10 @@ XPLogDetermineLogLevel(int level, XPLogContext *, const char *file, const char *
   return answer(level);
 }
 
-extern "C" __attribute__((visibility("default"))) void
-XPLogS(int level, XPLogContext *, const char *function, const char *file, int, NSString *format,
-       ...) {
+extern "C" __attribute__((visibility("default"))) void XPLogS(int level, XPLogContext *,
+                                                              const char *function,
+                                                              const char *file, int,
+                                                              NSString *format, ...) {
   va_list arguments;
   va_start(arguments, format);
   NSString *text = [[NSString alloc] initWithFormat:format arguments:arguments];

@@ -19,7 +19,8 @@ void record(const char *function, const void *argument, size_t size = 0) {
 }
 
 /// The platform's own function behind the one that the test program defines.
-template <class Function> Function *next(const char *name) {
+template <class Function>
+Function *next(const char *name) {
   return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 

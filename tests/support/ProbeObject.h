@@ -1,8 +1,8 @@
 #ifndef WRT_TESTS_PROBE_OBJECT_H
 #define WRT_TESTS_PROBE_OBJECT_H
 
+#include "platform/linux/ledger/WRTLedger.h"
 #include <WRTAbi.h>
-#include <WRTLedger.h>
 
 #include <atomic>
 #include <vector>
@@ -11,7 +11,7 @@ namespace wrt::test {
 
 /// An object that does what a test tells it when it is asked for an interface, and remembers the
 /// questions. The test owns it: its references are only counted.
-class ProbeObject : public abi::IInspectable {
+class ProbeObject final : public abi::IInspectable {
 public:
   /// What `QueryInterface` answers; a failure leaves `*result` as it is.
   HRESULT queryStatus = 0;
