@@ -6,7 +6,8 @@
 namespace wrt {
 
 /// A reference to an Objective-C object or block, dropped at the end of the scope.
-template <class Object = id> class Retained {
+template <class Object = id>
+class Retained {
 public:
   Retained() = default;
   /// Adds a reference to a borrowed object; nil is allowed.

@@ -52,7 +52,8 @@ NSMutableArray *arrayOf(const Cells &cells, typename Elements::OutFact fact, boo
 }
 
 /// An array of strings or objects, `NSArray` or `NSMutableArray` here, a count and a block there.
-template <class Elements> struct Array {
+template <class Elements>
+struct Array {
   using Type = NSArray *;
   using Fact = typename Elements::InFact;
 
@@ -74,7 +75,10 @@ template <class Elements> struct Array {
       }
       return true;
     }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(cells_.count, cells_.block); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(cells_.count, cells_.block);
+    }
     void leave(Fact) {}
 
   private:
@@ -85,7 +89,8 @@ template <class Elements> struct Array {
 
 /// The caller's mutable array, emptied and refilled on success. WinRT allocates the block, which
 /// nobody frees.
-template <class Elements> struct Out<Array<Elements>> {
+template <class Elements>
+struct Out<Array<Elements>> {
   using Type = NSMutableArray *;
   using Fact = typename Elements::OutFact;
 
@@ -94,7 +99,10 @@ template <class Elements> struct Out<Array<Elements>> {
     explicit Crossing(NSMutableArray *argument) : argument_(argument) {}
 
     bool enter(Frame &, Fact) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&cells_.count, &cells_.block); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&cells_.count, &cells_.block);
+    }
     void leave(Fact fact) {
       [argument_.get() removeAllObjects];
       Elements::leave(argument_.get(), cells_, fact, true);
@@ -107,7 +115,8 @@ template <class Elements> struct Out<Array<Elements>> {
 };
 
 /// A new array as the result. WinRT allocates the block, which nobody frees.
-template <class Elements> struct ReturnedArray {
+template <class Elements>
+struct ReturnedArray {
   using Type = NSMutableArray *;
   using Fact = typename Elements::OutFact;
 
@@ -115,7 +124,10 @@ template <class Elements> struct ReturnedArray {
     Cells cells;
 
     bool enter(Frame &) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&cells.count, &cells.block); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&cells.count, &cells.block);
+    }
     NSMutableArray *leave(Fact fact) { return arrayOf<Elements>(cells, fact, true); }
   };
 };

@@ -9,17 +9,23 @@ namespace wrt {
 
 /// The arguments of one call on their way: each parameter's crossing, first to last. They are made
 /// in this order, which retains the objects among them, and destroyed in the opposite one.
-template <class... Parameters> struct Crossings {
+template <class... Parameters>
+struct Crossings {
   bool enter(Frame &, const Facts<> &) { return true; }
   void leave(const Facts<> &) {}
-  template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(); }
+  template <class Next>
+  [[gnu::always_inline]] HRESULT pass(Next next) {
+    return next();
+  }
 };
 
-template <class Head, class... Tail> struct Crossings<Head, Tail...> {
+template <class Head, class... Tail>
+struct Crossings<Head, Tail...> {
   typename Head::Crossing head;
   Crossings<Tail...> tail;
 
-  [[gnu::always_inline]] explicit Crossings(typename Head::Type argument, typename Tail::Type... rest)
+  [[gnu::always_inline]] explicit Crossings(typename Head::Type argument,
+                                            typename Tail::Type... rest)
       : head{argument}, tail{rest...} {}
 
   /// Converts into WinRT, stopping at the first argument that cannot be converted.
@@ -34,22 +40,26 @@ template <class Head, class... Tail> struct Crossings<Head, Tail...> {
   }
 
   /// Calls `next` with the words that the parameters are for the interface function.
-  template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) {
+  template <class Next>
+  [[gnu::always_inline]] HRESULT pass(Next next) {
     return head.pass([&](auto... words) __attribute__((always_inline)) {
-      return tail.pass([&](auto... more) __attribute__((always_inline)) { return next(words..., more...); });
+      return tail.pass([&](auto... more)
+                           __attribute__((always_inline)) { return next(words..., more...); });
     });
   }
 };
 
 /// A method's result, empty until there is one.
-template <class T> struct Outcome {
+template <class T>
+struct Outcome {
   T value{};
 
   void take(auto &returning, auto fact) { value = returning.leave(fact); }
   T get() const { return value; }
 };
 
-template <> struct Outcome<void> {
+template <>
+struct Outcome<void> {
   void take(auto &, auto) {}
   void get() const {}
 };

@@ -19,7 +19,10 @@ struct Delegate {
     explicit Crossing(id handler) : handler_(handler) {}
 
     bool enter(Frame &frame, DelegateMaker maker);
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(delegate_); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(delegate_);
+    }
     void leave(DelegateMaker) {}
 
   private:

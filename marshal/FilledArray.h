@@ -8,7 +8,8 @@
 namespace wrt {
 
 /// How many elements the caller asks for; stands before the array that WinRT fills.
-template <class T> struct Capacity {
+template <class T>
+struct Capacity {
   using Type = T;
   using Fact = NoFact;
 
@@ -19,7 +20,10 @@ template <class T> struct Capacity {
       frame.setCapacity(static_cast<uint32_t>(value));
       return true;
     }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(value); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(value);
+    }
     void leave(NoFact) {}
   };
 };
@@ -39,7 +43,8 @@ struct FilledCells {
 };
 
 /// The caller's mutable array, emptied and refilled on success with what WinRT filled in.
-template <class Elements> struct Fill<Array<Elements>> {
+template <class Elements>
+struct Fill<Array<Elements>> {
   using Type = NSMutableArray *;
   using Fact = typename Elements::OutFact;
 
@@ -51,7 +56,8 @@ template <class Elements> struct Fill<Array<Elements>> {
       filled_.allocate(frame);
       return true;
     }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) {
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(&filled_.cells.count, filled_.cells.block);
     }
     void leave(Fact fact) {
@@ -67,7 +73,8 @@ template <class Elements> struct Fill<Array<Elements>> {
 
 /// A new array as the result, with what WinRT filled in. Alone among the string arrays it does not
 /// release the handles.
-template <class Elements> struct ReturnedFill {
+template <class Elements>
+struct ReturnedFill {
   using Type = NSMutableArray *;
   using Fact = typename Elements::OutFact;
 
@@ -78,23 +85,24 @@ template <class Elements> struct ReturnedFill {
       filled.allocate(frame);
       return true;
     }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) {
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(&filled.cells.count, filled.cells.block);
     }
-    NSMutableArray *leave(Fact fact) {
-      return arrayOf<Elements>(filled.delivered(), fact, false);
-    }
+    NSMutableArray *leave(Fact fact) { return arrayOf<Elements>(filled.delivered(), fact, false); }
   };
 };
 
 /// The bulk read of a collection: as `ReturnedFill`, but WinRT takes the block before the place for
 /// the count.
-template <class Elements> struct BulkRead {
+template <class Elements>
+struct BulkRead {
   using Type = NSArray *;
   using Fact = typename Elements::OutFact;
 
   struct Returning : ReturnedFill<Elements>::Returning {
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) {
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(this->filled.cells.block, &this->filled.cells.count);
     }
   };

@@ -28,7 +28,10 @@ struct Object {
     explicit Crossing(id argument) : argument_(argument) {}
 
     bool enter(Frame &frame, Accessor accessor);
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(interface_); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(interface_);
+    }
     void leave(Accessor) {}
 
   private:
@@ -46,7 +49,10 @@ struct Interface {
     void *object = nullptr;
 
     bool enter(Frame &) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&object); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&object);
+    }
     id leave(ClassReference type) { return object ? bridgeTransfer(type, object) : nil; }
   };
 };
@@ -61,13 +67,17 @@ struct RuntimeClass {
     void *object = nullptr;
 
     bool enter(Frame &) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&object); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&object);
+    }
     id leave(ClassReference type) { return bridgeTransfer(type, object); }
   };
 };
 
 /// An interface or runtime class through an out-parameter: neither is tested for null.
-template <> struct Out<Object> {
+template <>
+struct Out<Object> {
   using Type = id *;
   using Fact = ClassReference;
 
@@ -76,7 +86,10 @@ template <> struct Out<Object> {
     RuntimeClass::Returning returning{};
 
     bool enter(Frame &, ClassReference) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return returning.pass(next); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return returning.pass(next);
+    }
     void leave(ClassReference type) { *place = returning.leave(type); }
   };
 };

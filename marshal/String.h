@@ -26,7 +26,10 @@ struct String {
         frame.cleanups().addRelease(handle_);
       return true;
     }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(handle_); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(handle_);
+    }
     void leave(NoFact) {}
 
   private:
@@ -39,13 +42,17 @@ struct String {
     HSTRING handle = nullptr;
 
     bool enter(Frame &) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return next(&handle); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&handle);
+    }
     NSString *leave(NoFact) { return WRTCreateNSStringFromHSTRING(handle); }
   };
 };
 
 /// A string through an out-parameter: converted as a result is.
-template <> struct Out<String> {
+template <>
+struct Out<String> {
   using Type = NSString **;
   using Fact = NoFact;
 
@@ -54,7 +61,10 @@ template <> struct Out<String> {
     String::Returning returning{};
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next> [[gnu::always_inline]] HRESULT pass(Next next) { return returning.pass(next); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return returning.pass(next);
+    }
     void leave(NoFact fact) { *place = returning.leave(fact); }
   };
 };
