@@ -58,6 +58,7 @@ Outputs for each unit U:
   platform/U.names.cpp              activation names for the embedded platform
 and for all of them together:
   include/WRTObjcBridge/WRTObjcBridge.h   all public headers
+  platform/bridge.exports           what the classes take from WRTBridge_zorvex.dll
   catalogue.tsv                     a line per method: class, + or -, selector, 32-bit
                                     encoding, protocol encoding, interface, slot
   surface.digest                    a line per class: name, kind, superclass, number

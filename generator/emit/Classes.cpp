@@ -22,7 +22,8 @@ std::string passedKind(const Type &type) {
   if (!type.isReferenceType())
     return "Passed<" + valueSpelling(type) + ">";
   const InterfaceType *interface = crossingInterface(type);
-  return "PassedObject<" + (interface ? *interface : type).cName() + ", " + classReference(type) + ">";
+  return "PassedObject<" + (interface ? *interface : type).cName() + ", " + classReference(type) +
+         ">";
 }
 
 class Classes {
@@ -36,8 +37,9 @@ public:
     writeClassReferences();
     writer_.append("\nusing namespace wrt;\n\n");
     for (const InterfaceType *interface : unit_.interfaces)
-      writer_.write("void *wrt::%::interface(id object, NSError **error) { return [object %error]; }\n",
-                    interface->bridgeName, interface->accessorSelector());
+      writer_.write(
+          "void *wrt::%::interface(id object, NSError **error) { return [object %error]; }\n",
+          interface->bridgeName, interface->accessorSelector());
     for (const DelegateType *delegate : unit_.delegates)
       writeMaker(*delegate);
     writeOwnConstants();
@@ -68,9 +70,8 @@ private:
     };
     for (const DelegateType *delegate : unit_.delegates)
       addDelegate(*delegate);
-    forEachOwnConstant([&](const BridgeClass &, const BridgeMethod &, const DelegateType &delegate) {
-      addDelegate(delegate);
-    });
+    forEachOwnConstant([&](const BridgeClass &, const BridgeMethod &,
+                           const DelegateType &delegate) { addDelegate(delegate); });
 
     writer_.write("#import <WRTObjcBridge/%.h>\n", unit_.name);
     writeTypesIncludes(writer_, types);
@@ -123,21 +124,22 @@ private:
   }
 
   void writeOwnConstants() {
-    forEachOwnConstant([&](const BridgeClass &bridge, const BridgeMethod &method,
-                           const DelegateType &delegate) {
-      const std::string name = ownConstant(bridge, *method.member);
-      const std::string accessor = accessorFunction(*delegate.result);
-      const std::string result = crossingInterface(*delegate.result)->name;
-      const char *dot = result.find('.') == result.npos ? "." : "";
-      writer_.write("\nnamespace {\n"
-                    "const AdapterSite %_Site{\"-[% %]_block_invoke\",\n"
-                    "    @\"Failed to get delegate interface pointer for %%**\"};\n"
-                    "constexpr %;\n} // namespace\n",
-                    name, bridge.name, method.method.selector, dot, result,
-                    memberConstant(*method.member, name, method.interface->bridgeName + "::interface",
-                                   "makeInterfaceDelegate<" + delegate.factory() + ", " + accessor +
-                                       ", " + name + "_Site>"));
-    });
+    forEachOwnConstant(
+        [&](const BridgeClass &bridge, const BridgeMethod &method, const DelegateType &delegate) {
+          const std::string name = ownConstant(bridge, *method.member);
+          const std::string accessor = accessorFunction(*delegate.result);
+          const std::string result = crossingInterface(*delegate.result)->name;
+          const char *dot = result.find('.') == result.npos ? "." : "";
+          writer_.write("\nnamespace {\n"
+                        "const AdapterSite %_Site{\"-[% %]_block_invoke\",\n"
+                        "    @\"Failed to get delegate interface pointer for %%**\"};\n"
+                        "constexpr %;\n} // namespace\n",
+                        name, bridge.name, method.method.selector, dot, result,
+                        memberConstant(*method.member, name,
+                                       method.interface->bridgeName + "::interface",
+                                       "makeInterfaceDelegate<" + delegate.factory() + ", " +
+                                           accessor + ", " + name + "_Site>"));
+        });
   }
 
   void writeClass(const BridgeClass &bridge) {
@@ -150,14 +152,14 @@ private:
   void writeMethod(const BridgeClass &bridge, const BridgeMethod &bridged) {
     const Method &method = bridged.method;
     writer_.write("% (%)", method.isClassMethod ? "+" : "-", method.result.spelling);
-    for (const Method::Argument &argument : method.arguments)
-      writer_.write("%%:(%)%", &argument == &method.arguments[0] ? "" : " ", argument.label,
-                    argument.type.spelling, argument.name);
+    const size_t arguments = method.arguments.size();
+    for (size_t i = 0; i < arguments; ++i)
+      writer_.write("%%:(%)%", i ? " " : "", method.arguments[i].label,
+                    method.arguments[i].type.spelling, method.arguments[i].name);
     if (method.hasError)
-      writer_.write("%:(NSError **)error",
-                    method.arguments.empty()
-                        ? method.selector.substr(0, method.selector.size() - 1)
-                        : " error");
+      writer_.write("%:(NSError **)error", arguments ? " error" : method.firstWord());
+    else
+      writer_.append(method.firstWord());
     writer_.write(" { %; }\n", body(bridge, bridged));
   }
 

@@ -48,7 +48,8 @@ std::string leadsFurther(const InterfaceType &proxy, const Model &model) {
   std::vector<std::string> names;
   for (const ClassType *type : model.implementers(proxy))
     names.push_back(type->bridgeClass());
-  return names.empty() ? "its object can be passed on and cast" : "its object may be cast to " + listed(names);
+  return names.empty() ? "its object can be passed on and cast"
+                       : "its object may be cast to " + listed(names);
 }
 
 std::string leadsFurther(const ClassType &proxy) {

@@ -13,7 +13,8 @@ std::vector<std::string> outputPaths(const std::vector<std::string> &units) {
           paths::delegateFactories(unit), paths::classNames(unit)})
       all.push_back(path);
   }
-  for (const char *path : {paths::kUmbrella, paths::kCatalogue, paths::kDigest})
+  for (const char *path :
+       {paths::kUmbrella, paths::kBridgeExports, paths::kCatalogue, paths::kDigest})
     all.emplace_back(path);
   return all;
 }
@@ -31,6 +32,7 @@ OutputSet emitAll(const Model &model) {
     outputs.add(paths::classNames(unit->name), emitClassNames(*unit));
   }
   outputs.add(paths::kUmbrella, emitUmbrella(model));
+  outputs.add(paths::kBridgeExports, emitBridgeExports(model));
   outputs.add(paths::kCatalogue, emitCatalogue(model));
   outputs.add(paths::kDigest, emitDigest(model));
   return outputs;

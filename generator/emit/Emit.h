@@ -6,8 +6,8 @@
 
 namespace bridgegen {
 
-// One emitter per kind of output, each in a file of its own. They make a text of a checked model and
-// nothing else: what a method looks like and how it crosses is decided in project/.
+// One emitter per kind of output, each in a file of its own. They make a text of a checked model
+// and nothing else: what a method looks like and how it crosses is decided in project/.
 
 /// `include/WRTObjcBridge/types/<unit>.h`: value structures and interface pointers for C.
 std::string emitTypesHeader(const Unit &unit);
@@ -27,6 +27,9 @@ std::string emitPlatformHeader(const Unit &unit);
 std::string emitDelegateFactories(const Unit &unit);
 /// `platform/<unit>.names.cpp`: activation names.
 std::string emitClassNames(const Unit &unit);
+/// `platform/bridge.exports`: what the library imports from `WRTBridge_zorvex.dll` for the bridges,
+/// in the form of a module definition's export lines.
+std::string emitBridgeExports(const Model &model);
 /// `catalogue.tsv`: a line per method.
 std::string emitCatalogue(const Model &model);
 /// `surface.digest`: a line per class.

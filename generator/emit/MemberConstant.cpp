@@ -23,9 +23,10 @@ std::string spelled(const Fact &fact) {
 
 std::string constantName(const Member &member) {
   static const std::set<std::string> kWords{
-      "Array",    "Boolean",   "BulkRead", "Capacity",      "Delegate",     "Fill",   "Interface",
-      "Member",   "Object",    "Out",      "Pointer",       "ReturnedArray", "ReturnedFill",
-      "RuntimeClass", "String", "StringElements", "ObjectElements", "Value",  "Void"};
+      "Array",          "Boolean",        "BulkRead",     "Capacity",     "Delegate",
+      "Fill",           "Interface",      "Member",       "Object",       "Out",
+      "Pointer",        "ReturnedArray",  "ReturnedFill", "RuntimeClass", "String",
+      "StringElements", "ObjectElements", "Value",        "Void"};
   const std::string name = member.functionName();
   return kWords.contains(name) ? name + "_" : name;
 }

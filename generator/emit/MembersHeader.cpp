@@ -59,7 +59,8 @@ private:
   void writeIncludes() {
     writer_.append("#include \"marshal/Array.h\"\n#include \"marshal/ClassReference.h\"\n"
                    "#include \"marshal/Delegate.h\"\n#include \"marshal/FilledArray.h\"\n"
-                   "#include \"marshal/Inspectable.h\"\n#include \"marshal/Object.h\"\n#include \"marshal/String.h\"\n"
+                   "#include \"marshal/Inspectable.h\"\n#include \"marshal/Object.h\"\n#include "
+                   "\"marshal/String.h\"\n"
                    "#include \"marshal/Value.h\"\n\n");
     writeTypesIncludes(writer_, structUnits_);
     if (!structUnits_.empty())

@@ -26,6 +26,7 @@ inline std::string delegateFactories(const std::string &unit) {
 inline std::string classNames(const std::string &unit) { return "platform/" + unit + ".names.cpp"; }
 
 inline constexpr const char *kUmbrella = "include/WRTObjcBridge/WRTObjcBridge.h";
+inline constexpr const char *kBridgeExports = "platform/bridge.exports";
 inline constexpr const char *kCatalogue = "catalogue.tsv";
 inline constexpr const char *kDigest = "surface.digest";
 

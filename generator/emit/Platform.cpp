@@ -12,8 +12,7 @@ std::string invokeSignature(const DelegateType &delegate) {
   std::string text;
   const auto add = [&](const std::string &type) { text += (text.empty() ? "" : ", ") + type; };
   for (const DelegateType::Argument &argument : delegate.arguments)
-    add(argument.type->isReferenceType() ? "void *"
-                                         : abiSpelling(*argument.type, AbiLanguage::C));
+    add(argument.type->isReferenceType() ? "void *" : abiSpelling(*argument.type, AbiLanguage::C));
   if (delegate.result)
     add(delegate.returnsString() ? "HSTRING *" : "void **");
   return text;
@@ -43,9 +42,10 @@ std::string emitPlatformHeader(const Unit &unit) {
                    "extern const char16_t *const %;\n",
                    type->name, type->nameConstant());
     for (const DelegateType *delegate : unit.delegates)
-      writer.write("\n/// A new `%` (+1) with a reference of its own to `block`, which it calls with the "
-                   "raw arguments.\nvoid *%(id block);\n",
-                   delegate->name, delegate->factory());
+      writer.write(
+          "\n/// A new `%` (+1) with a reference of its own to `block`, which it calls with the "
+          "raw arguments.\nvoid *%(id block);\n",
+          delegate->name, delegate->factory());
     writer.append("\nWRT_EXTERN_C_END\n");
   }
   return writer.text();
@@ -82,6 +82,20 @@ std::string emitClassNames(const Unit &unit) {
     writer.write("\nWRT_DLLEXPORT const char16_t *const % = u\"%\";\n", type->nameConstant(),
                  type->name);
   return writer.text();
+}
+
+std::string emitBridgeExports(const Model &model) {
+  std::set<std::string> lines;
+  for (const auto &unit : model.units()) {
+    for (const ClassType *type : namedClasses(*unit))
+      lines.insert(type->nameConstant() + " DATA\n");
+    for (const DelegateType *delegate : unit->delegates)
+      lines.insert(delegate->factory() + "\n");
+  }
+  std::string text;
+  for (const std::string &line : lines)
+    text += line;
+  return text;
 }
 
 } // namespace bridgegen

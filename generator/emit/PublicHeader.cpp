@@ -107,8 +107,7 @@ private:
       writer_.write("%%:(%)%", i ? " " : "", method.arguments[i].label,
                     method.arguments[i].type.inMethod(), method.arguments[i].name);
     if (method.hasError)
-      writer_.write("%:(NSError **)error",
-                    arguments ? " error" : method.selector.substr(0, method.selector.size() - 1));
+      writer_.write("%:(NSError **)error", arguments ? " error" : method.firstWord());
     writer_.write("%;\n", soundsLikeOwning(method.selector)
                               ? " __attribute__((objc_method_family(none)))"
                               : "");

@@ -20,10 +20,12 @@ public:
 
   void run() {
     for (const Declared::Item &item : declared_.items)
-      visit(item, [&](const auto &syntax, const Context &context) { define(item, syntax, context); });
+      visit(item,
+            [&](const auto &syntax, const Context &context) { define(item, syntax, context); });
     // Members make instances, so they come after everything that says which instances are bridged.
     for (const Declared::Item &item : declared_.items)
-      visit(item, [&](const auto &syntax, const Context &context) { addMembers(item, syntax, context); });
+      visit(item,
+            [&](const auto &syntax, const Context &context) { addMembers(item, syntax, context); });
     for (InterfaceType *instance : instances_)
       completeInstance(*instance);
     for (const auto &family : declared_.families)
@@ -50,7 +52,8 @@ private:
         diagnostics_.error(field.name.at, "field " + quoted(field.name.text) + " occurs twice");
       const Type *type = resolver_.resolve(field.type, context);
       if (type && !type->isValue() && !type->isString())
-        diagnostics_.error(field.type.name.at, quoted(type->name) + " cannot be the type of a field");
+        diagnostics_.error(field.type.name.at,
+                           quoted(type->name) + " cannot be the type of a field");
       else if (type)
         static_cast<StructType *>(item.type)->fields.push_back({type, field.name.text});
     }
@@ -90,7 +93,8 @@ private:
         if (!interface)
           continue;
         if (interface->kind != Kind::Interface)
-          diagnostics_.error(name.name.at, "expected an interface, found " + quoted(name.name.text));
+          diagnostics_.error(name.name.at,
+                             "expected an interface, found " + quoted(name.name.text));
         else if (!seen.insert(interface).second)
           diagnostics_.error(name.name.at, quoted(interface->name) + " occurs twice");
         else
@@ -119,9 +123,9 @@ private:
     // A signature that cannot be formed is for `check` to report.
     interface.iid = instanceIdentifier(instanceSignature(*interface.instance).value_or(""));
     if (interface.isFull())
-      interface.members = members(resolver_.familyOf(interface).interface->members,
-                                  Context::of(resolver_.familyOf(interface),
-                                              interface.instance->arguments));
+      interface.members =
+          members(resolver_.familyOf(interface).interface->members,
+                  Context::of(resolver_.familyOf(interface), interface.instance->arguments));
   }
 
   /// Finds what is wrong in a family that may have no full instance.

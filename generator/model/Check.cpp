@@ -40,8 +40,8 @@ private:
   void checkName(const Type &type) {
     const auto [other, isNew] = bridgeNames_.emplace(type.bridgeName, &type);
     if (!isNew)
-      diagnostics_.error(type.at, "bridge name " + quoted(type.bridgeName) + " is already that of " +
-                                      quoted(other->second->name));
+      diagnostics_.error(type.at, "bridge name " + quoted(type.bridgeName) +
+                                      " is already that of " + quoted(other->second->name));
   }
 
   void checkSignature(const Type &type, Position at, const std::string &problem) {
@@ -116,9 +116,10 @@ private:
       if (interface.isClassSide())
         return quoted(type.name) + " has no bridge: its members are those of a class";
       if (!interface.isBridged())
-        return quoted(type.name) + (interface.isInstance
-                                        ? " has no bridge: it is listed neither as 'full' nor as 'proxy'"
-                                        : " has no bridge: it is 'extern'");
+        return quoted(type.name) +
+               (interface.isInstance
+                    ? " has no bridge: it is listed neither as 'full' nor as 'proxy'"
+                    : " has no bridge: it is 'extern'");
     }
     return "";
   }
@@ -165,9 +166,9 @@ private:
         continue;
       const auto [other, isNew] = selectors_.emplace(side + selector(member), &*listed);
       if (!isNew)
-        diagnostics_.error(listed.at, "selector " + quoted(selector(member)) + " of " +
-                                          quoted(listed->name) + " is already that of a member of " +
-                                          quoted(other->second->name));
+        diagnostics_.error(listed.at,
+                           "selector " + quoted(selector(member)) + " of " + quoted(listed->name) +
+                               " is already that of a member of " + quoted(other->second->name));
     }
   }
 
@@ -179,7 +180,8 @@ private:
 
   void checkDefaultInterface(const ClassType &type) {
     if (!type.interfaces.empty())
-      checkSignature(type, type.interfaces[0].at, "comes back to itself through its default interface");
+      checkSignature(type, type.interfaces[0].at,
+                     "comes back to itself through its default interface");
   }
 
   const Model &model_;

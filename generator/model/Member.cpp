@@ -7,9 +7,8 @@ namespace bridgegen {
 bool Parameter::isObjectArray() const { return isArray() && !type->isValue(); }
 
 bool Parameter::isResult() const {
-  return isObjectArray() &&
-         (passing == Passing::BulkRead || passing == Passing::ReturnedArray ||
-          passing == Passing::ReturnedFillArray);
+  return isObjectArray() && (passing == Passing::BulkRead || passing == Passing::ReturnedArray ||
+                             passing == Passing::ReturnedFillArray);
 }
 
 bool Member::isDelegateProperty() const {

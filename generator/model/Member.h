@@ -46,7 +46,7 @@ enum class MemberKind { Getter, Setter, Method, EventAdd, EventRemove, Reserved 
 /// One slot of an interface's table.
 struct Member {
   MemberKind kind = MemberKind::Method;
-  std::string name; ///< WinRT's; the overload name of an overloaded method
+  std::string name;           ///< WinRT's; the overload name of an overloaded method
   std::string overloadedName; ///< the name that overloads share, if it was told
   unsigned slot = 0;
   std::vector<Parameter> parameters;

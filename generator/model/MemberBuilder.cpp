@@ -112,8 +112,8 @@ void MemberBuilder::add(const syntax::Method &method) {
     if (attribute.name.text == "overload" && attribute.value)
       member.overloadedName = attribute.value->text;
     else
-      diagnostics_.error(attribute.name.at, "expected 'overload(\"...\")', found " +
-                                                quoted(attribute.name.text));
+      diagnostics_.error(attribute.name.at,
+                         "expected 'overload(\"...\")', found " + quoted(attribute.name.text));
   }
   if (method.result) {
     member.result = &typeOf(*method.result);
@@ -142,8 +142,7 @@ Parameter MemberBuilder::parameter(const syntax::Parameter &declared) {
     return parameter;
   const syntax::Array &array = *declared.array;
   parameter.countName = array.count ? array.count->name.text : declared.name.text + "Size";
-  parameter.countType =
-      array.count ? &countType(*array.count) : &model_.builtIn(Kind::UInt32);
+  parameter.countType = array.count ? &countType(*array.count) : &model_.builtIn(Kind::UInt32);
   if (array.filledCount) {
     parameter.filledName = array.filledCount->name.text;
     parameter.filledType = &countType(*array.filledCount);

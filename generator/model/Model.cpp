@@ -7,15 +7,22 @@ namespace bridgegen {
 Model::Model() {
   // The bridge names give the spelling of type arguments, `WRTHSTRING`.
   const std::pair<Kind, std::pair<const char *, const char *>> all[] = {
-      {Kind::Boolean, {"Boolean", "bool"}}, {Kind::UInt8, {"UInt8", "UINT8"}},
-      {Kind::Int16, {"Int16", "INT16"}},    {Kind::UInt16, {"UInt16", "UINT16"}},
-      {Kind::Int32, {"Int32", "INT32"}},    {Kind::UInt32, {"UInt32", "UINT32"}},
-      {Kind::Int64, {"Int64", "INT64"}},    {Kind::UInt64, {"UInt64", "UINT64"}},
-      {Kind::Char16, {"Char16", "CHAR16"}}, {Kind::Single, {"Single", "FLOAT"}},
-      {Kind::Double, {"Double", "DOUBLE"}}, {Kind::Guid, {"Guid", "GUID"}},
+      {Kind::Boolean, {"Boolean", "bool"}},
+      {Kind::UInt8, {"UInt8", "UINT8"}},
+      {Kind::Int16, {"Int16", "INT16"}},
+      {Kind::UInt16, {"UInt16", "UINT16"}},
+      {Kind::Int32, {"Int32", "INT32"}},
+      {Kind::UInt32, {"UInt32", "UINT32"}},
+      {Kind::Int64, {"Int64", "INT64"}},
+      {Kind::UInt64, {"UInt64", "UINT64"}},
+      {Kind::Char16, {"Char16", "CHAR16"}},
+      {Kind::Single, {"Single", "FLOAT"}},
+      {Kind::Double, {"Double", "DOUBLE"}},
+      {Kind::Guid, {"Guid", "GUID"}},
       {Kind::HResult, {"HResult", "HRESULT"}},
       {Kind::Token, {"EventRegistrationToken", "EventRegistrationToken"}},
-      {Kind::String, {"String", "HSTRING"}}, {Kind::Object, {"Object", "IInspectable"}},
+      {Kind::String, {"String", "HSTRING"}},
+      {Kind::Object, {"Object", "IInspectable"}},
   };
   for (const auto &[kind, names] : all)
     builtIns_.emplace(kind, std::make_unique<Type>(kind, names.first, names.second));

@@ -14,7 +14,7 @@ struct Unit {
   std::string name;
   std::vector<const EnumType *> enums;
   std::vector<const StructType *> structs;
-  std::vector<const DelegateType *> delegates; ///< as declared, and used instances by name
+  std::vector<const DelegateType *> delegates;   ///< as declared, and used instances by name
   std::vector<const InterfaceType *> interfaces; ///< as declared or listed; no extern ones
   std::vector<const ClassType *> classes;        ///< no extern ones
 };
@@ -47,7 +47,8 @@ public:
   /// All declared types and instances by name.
   const std::map<std::string, std::unique_ptr<Type>> &types() const { return types_; }
 
-  /// The classes that list the interface among their instance interfaces, in the order of the units.
+  /// The classes that list the interface among their instance interfaces, in the order of the
+  /// units.
   std::vector<const ClassType *> implementers(const InterfaceType &interface) const;
   /// The class whose static or factory interface this is, or null.
   const ClassType *classSideOwner(const InterfaceType &interface) const;

@@ -58,8 +58,8 @@ Type *Resolver::lookUp(const syntax::TypeName &name, const Context &context) {
 
 InterfaceType *Resolver::resolveInstance(const syntax::TypeName &name, const Context &context) {
   if (name.arguments.empty()) {
-    fail(name.name.at, "expected an instance of a generic interface, found " +
-                           quoted(name.name.text));
+    fail(name.name.at,
+         "expected an instance of a generic interface, found " + quoted(name.name.text));
     return nullptr;
   }
   Type *type = lookUp(name, context);
@@ -87,12 +87,14 @@ std::string Resolver::spelling(const Family &family, const Type &argument, Posit
   case Kind::Class:
     return argument.cName() + "_P";
   default:
-    diagnostics_.error(at, quoted(argument.name) + " cannot be a type argument: it has no spelling");
+    diagnostics_.error(at,
+                       quoted(argument.name) + " cannot be a type argument: it has no spelling");
     return "";
   }
 }
 
-Type *Resolver::instantiate(const Family &family, std::vector<const Type *> arguments, Position at) {
+Type *Resolver::instantiate(const Family &family, std::vector<const Type *> arguments,
+                            Position at) {
   std::string name = family.name + "<";
   std::string bridgeName = family.bridgeName + "__" + std::to_string(arguments.size());
   for (const Type *argument : arguments) {

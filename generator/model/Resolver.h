@@ -23,8 +23,8 @@ public:
   /// The type that `name` means, or null after an error was reported.
   const Type *resolve(const syntax::TypeName &name, const Context &context);
 
-  /// The model's object for the instance that `name` means; a plain type or an unknown one is reported
-  /// and gives null.
+  /// The model's object for the instance that `name` means; a plain type or an unknown one is
+  /// reported and gives null.
   InterfaceType *resolveInstance(const syntax::TypeName &name, const Context &context);
 
   /// Looks up what a delegate takes and gives.

@@ -31,8 +31,8 @@ public:
   /// Adds a name; false when it is there already.
   bool add(const std::string &nameSpace, const std::string &simpleName, Entry entry);
 
-  /// Everything that `name` may mean in `nameSpace`: the full names if it is dotted; otherwise the name
-  /// in the namespace itself, or else those of all units.
+  /// Everything that `name` may mean in `nameSpace`: the full names if it is dotted; otherwise the
+  /// name in the namespace itself, or else those of all units.
   std::vector<Entry> find(const std::string &nameSpace, const std::string &name) const;
 
 private:

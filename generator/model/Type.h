@@ -34,14 +34,15 @@ enum class Kind {
   Class
 };
 
-/// A type of the model: built in, declared, or an instance of a generic one. There is one object per
-/// type, so types are compared by address.
+/// A type of the model: built in, declared, or an instance of a generic one. There is one object
+/// per type, so types are compared by address.
 struct Type {
   Kind kind;
-  std::string name;       ///< WinRT's, in full: `Windows.Foundation.IReference<Int32>`
-  std::string bridgeName; ///< what Objective-C names have between `WRT` and `Bridge`
+  std::string name;        ///< WinRT's, in full: `Windows.Foundation.IReference<Int32>`
+  std::string bridgeName;  ///< what Objective-C names have between `WRT` and `Bridge`
   bool isInstance = false; ///< of a generic interface or delegate
-  const Unit *unit = nullptr; ///< where it is declared (its family, if an instance); null if built in
+  const Unit *unit =
+      nullptr; ///< where it is declared (its family, if an instance); null if built in
   Position at;
 
   Type(Kind kind, std::string name, std::string bridgeName)
@@ -58,12 +59,14 @@ struct Type {
   bool isReferenceType() const {
     return kind == Kind::Object || kind == Kind::Interface || kind == Kind::Class;
   }
-  /// Crosses as it is, in both directions: numbers, booleans, enumerations, structures, GUIDs, tokens.
+  /// Crosses as it is, in both directions: numbers, booleans, enumerations, structures, GUIDs,
+  /// tokens.
   bool isValue() const { return !isString() && !isDelegate() && !isReferenceType(); }
 
   /// The last part of `name`, without type arguments.
   std::string simpleName() const;
-  /// `WRTDateTime`, `WRTIBuffer`, `WRTIVector__1_WRTHSTRING`: its C structure, enumeration or table.
+  /// `WRTDateTime`, `WRTIBuffer`, `WRTIVector__1_WRTHSTRING`: its C structure, enumeration or
+  /// table.
   std::string cName() const { return "WRT" + bridgeName; }
   /// The Objective-C class of the bridge, for an interface also the protocol.
   std::string bridgeClass() const { return cName() + (isInstance ? "_Bridge" : "Bridge"); }
@@ -164,8 +167,8 @@ struct ClassType : Type {
   bool isFull() const { return form == Form::Full; }
   bool isProxy() const { return form == Form::Proxy; }
   bool isBridged() const { return isFull() || isProxy(); }
-  /// The interface that stands for the class wherever a pointer to an object of it crosses; null for a
-  /// class that has statics only.
+  /// The interface that stands for the class wherever a pointer to an object of it crosses; null
+  /// for a class that has statics only.
   const InterfaceType *defaultInterface() const {
     return interfaces.empty() ? nullptr : interfaces[0].interface;
   }

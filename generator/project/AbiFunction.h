@@ -20,7 +20,8 @@ std::vector<AbiParameter> abiParameters(const Member &member, AbiLanguage langua
 /// The arguments of a delegate's `Invoke`.
 std::vector<AbiParameter> abiParameters(const DelegateType &delegate, AbiLanguage language);
 
-/// How a value of the type stands in the ABI, without a space behind it: `int`, `HSTRING`, `IBuffer *`.
+/// How a value of the type stands in the ABI, without a space behind it: `int`, `HSTRING`, `IBuffer
+/// *`.
 std::string abiSpelling(const Type &type, AbiLanguage language);
 
 } // namespace bridgegen

@@ -32,7 +32,8 @@ BridgeClass bridgeClassOf(const ClassType &type);
 /// The classes of a unit: interface bridges, then runtime-class bridges.
 std::vector<BridgeClass> bridgeClassesOf(const Unit &unit);
 
-/// The methods of the interface's protocol: bridged members in the table's order, then the accessor.
+/// The methods of the interface's protocol: bridged members in the table's order, then the
+/// accessor.
 std::vector<BridgeMethod> protocolMethods(const InterfaceType &interface);
 
 } // namespace bridgegen

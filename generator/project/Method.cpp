@@ -53,8 +53,8 @@ std::string encode(const Method &method, std::string ObjcType::*form) {
   };
   // Numbers smaller than an `int` are passed as one; structures keep their size.
   for (const Method::Argument &argument : method.arguments)
-    add(argument.type.*form, argument.type.encoding[0] == '{' ? argument.type.size
-                                                              : std::max(argument.type.size, 4U));
+    add(argument.type.*form,
+        argument.type.encoding[0] == '{' ? argument.type.size : std::max(argument.type.size, 4U));
   if (method.hasError)
     add("^@", 4);
   return method.result.*form + std::to_string(offset) + arguments;

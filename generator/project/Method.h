@@ -20,6 +20,8 @@ struct Method {
   std::vector<Argument> arguments; ///< without the final `error:` that `hasError` stands for
   bool hasError = true;
 
+  /// The selector up to its first colon: all of it for a method without arguments but `error:`.
+  std::string firstWord() const { return selector.substr(0, selector.find(':')); }
   /// `v16@0:4@8^@12`, as in a class's method list.
   std::string encoding() const;
   /// `v16@0:4@"NSString"8^@12`, as in a protocol's extended types.

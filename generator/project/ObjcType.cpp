@@ -61,14 +61,24 @@ ObjcType block(const DelegateType &delegate) {
     add(pointerTo(objcType(*delegate.result)), "result");
   if (spelling.empty())
     spelling = "void";
-  return {"HRESULT (^)(" + spelling + ")", "@?", "@?<l@?" + extended + ">", "@?", 4, 4,
-          Nullability::Nonnull, false};
+  return {"HRESULT (^)(" + spelling + ")",
+          "@?",
+          "@?<l@?" + extended + ">",
+          "@?",
+          4,
+          4,
+          Nullability::Nonnull,
+          false};
 }
 
 } // namespace
 
 std::string ObjcType::inMethod() const {
-  return nullability == Nullability::Nullable ? "nullable " + spelling : spelling;
+  if (nullability == Nullability::Nullable)
+    return "nullable " + spelling;
+  // `assume_nonnull` speaks of simple pointers alone.
+  const bool isPointerToPointer = spelling.find("_Nullable *") != spelling.npos;
+  return isPointer && isPointerToPointer ? spelling + "_Nonnull" : spelling;
 }
 
 std::string ObjcType::elsewhere() const {

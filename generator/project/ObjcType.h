@@ -5,8 +5,8 @@
 
 namespace bridgegen {
 
-/// A type on the Objective-C side. Encodings and sizes are those of the product, a 32-bit ARM target
-/// with Apple's Objective-C ABI.
+/// A type on the Objective-C side. Encodings and sizes are those of the product, a 32-bit ARM
+/// target with Apple's Objective-C ABI.
 struct ObjcType {
   enum class Nullability {
     None,    ///< not a pointer

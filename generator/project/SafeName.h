@@ -5,8 +5,8 @@
 
 namespace bridgegen {
 
-/// `name` as a variable of C, C++ and Objective-C: a word that means something there gets an underscore
-/// behind it. Selectors keep the name itself.
+/// `name` as a variable of C, C++ and Objective-C: a word that means something there gets an
+/// underscore behind it. Selectors keep the name itself.
 std::string safeName(const std::string &name);
 
 } // namespace bridgegen

@@ -26,7 +26,8 @@ std::string selector(const Member &member);
 /// The first words of the selector, up to its first parameter: `setTitle`.
 std::string methodName(const Member &member);
 
-/// Whether a method of this selector would be taken for one that returns a reference the caller owns
+/// Whether a method of this selector would be taken for one that returns a reference the caller
+/// owns
 /// (`copy...`, `new...` and so on), which bridged members never do.
 bool soundsLikeOwning(std::string_view selector);
 

@@ -62,8 +62,8 @@ std::string Guid::lower() const { return dashed(*this, kLower); }
 std::string Guid::upper() const { return dashed(*this, kUpper); }
 
 std::string Guid::initializer() const {
-  std::string text = "{0x" + hex(*this, 0, 4, kUpper) + ", 0x" + hex(*this, 4, 6, kUpper) +
-                     ", 0x" + hex(*this, 6, 8, kUpper) + ", {";
+  std::string text = "{0x" + hex(*this, 0, 4, kUpper) + ", 0x" + hex(*this, 4, 6, kUpper) + ", 0x" +
+                     hex(*this, 6, 8, kUpper) + ", {";
   for (size_t i = 8; i < bytes.size(); ++i)
     text += (i == 8 ? "0x" : ", 0x") + hex(*this, i, i + 1, kUpper);
   return text + "}}";

@@ -16,8 +16,8 @@ struct Token {
   Position at;
 };
 
-/// The tokens of `source`, comments left out; the last one is `End`. A character that no token begins
-/// with, an open comment or an open string is reported and skipped.
+/// The tokens of `source`, comments left out; the last one is `End`. A character that no token
+/// begins with, an open comment or an open string is reported and skipped.
 std::vector<Token> tokenize(const Source &source, Diagnostics &diagnostics);
 
 } // namespace bridgegen

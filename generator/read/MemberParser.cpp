@@ -40,8 +40,8 @@ public:
 private:
   void refuseAttributes(const std::vector<Attribute> &attributes) {
     if (!attributes.empty())
-      tokens_.failAt(attributes[0].name.at, "expected no attribute here, found " +
-                                                quoted(attributes[0].name.text));
+      tokens_.failAt(attributes[0].name.at,
+                     "expected no attribute here, found " + quoted(attributes[0].name.text));
   }
 
   Event event() {

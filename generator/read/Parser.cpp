@@ -57,8 +57,9 @@ private:
       return interface(Form::Statics);
     if (tokens_.accept("factory"))
       return interface(Form::Factory);
-    tokens_.fail("a declaration ('enum', 'flags', 'struct', 'delegate', 'interface', 'full', 'proxy', "
-                 "'extern', 'statics', 'factory' or 'namespace')");
+    tokens_.fail(
+        "a declaration ('enum', 'flags', 'struct', 'delegate', 'interface', 'full', 'proxy', "
+        "'extern', 'statics', 'factory' or 'namespace')");
   }
 
   Declared formed(Form form) {
@@ -100,8 +101,8 @@ private:
     if (isNegative)
       value = -value;
     const int64_t low = isUnsigned ? 0 : std::numeric_limits<int32_t>::min();
-    const int64_t high = isUnsigned ? std::numeric_limits<uint32_t>::max()
-                                    : std::numeric_limits<int32_t>::max();
+    const int64_t high =
+        isUnsigned ? std::numeric_limits<uint32_t>::max() : std::numeric_limits<int32_t>::max();
     if (value < low || value > high)
       tokens_.failAt(at, "expected a number of 32 bits, found " + quoted(text));
     return value;
@@ -169,8 +170,9 @@ private:
     interface.form = form;
     interface.name = tokens_.word("the interface's name");
     if (tokens_.at("<"))
-      tokens_.failAt(tokens_.peek().at, "expected no type parameters after 'full', 'proxy', 'extern', "
-                                        "'statics' or 'factory'; its instantiations say that");
+      tokens_.failAt(tokens_.peek().at,
+                     "expected no type parameters after 'full', 'proxy', 'extern', "
+                     "'statics' or 'factory'; its instantiations say that");
     interface.bridgeName = bridgeName();
     interface.iid = identifier();
     if (form == Form::Proxy || form == Form::Extern) {
@@ -187,8 +189,9 @@ private:
     Family family;
     family.name = tokens_.word("the interface's name");
     if (!tokens_.accept("<"))
-      tokens_.fail("'<' (an interface without type parameters is 'full', 'proxy', 'extern', 'statics' "
-                   "or 'factory')");
+      tokens_.fail(
+          "'<' (an interface without type parameters is 'full', 'proxy', 'extern', 'statics' "
+          "or 'factory')");
     do
       family.typeParameters.push_back(tokens_.word("a type parameter"));
     while (tokens_.accept(","));

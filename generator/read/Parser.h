@@ -6,8 +6,8 @@
 
 namespace bridgegen {
 
-/// Reads a declarations file by the grammar of docs/declarations.md. Stops at the first syntax error,
-/// which is reported; what was read before it is returned. `source` must outlive the result.
+/// Reads a declarations file by the grammar of docs/declarations.md. Stops at the first syntax
+/// error, which is reported; what was read before it is returned. `source` must outlive the result.
 syntax::Unit parse(const Source &source, Diagnostics &diagnostics);
 
 } // namespace bridgegen
