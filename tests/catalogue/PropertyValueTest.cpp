@@ -1,0 +1,106 @@
+// The property values: one list of types, which fixes two tables of forty slots.
+
+#include "tests/catalogue/CatalogueTable.h"
+
+#include <gtest/gtest.h>
+
+using namespace wrt::test;
+
+namespace {
+
+struct BoxedType {
+  std::string name;
+  std::string encoding; ///< of a value; `@` for what travels in `NSArray`s
+  int size = 4;         ///< in an argument list
+};
+
+const std::vector<BoxedType> kTypes = {
+    {"UInt8", "C"},
+    {"Int16", "s"},
+    {"UInt16", "S"},
+    {"Int32", "i"},
+    {"UInt32", "I"},
+    {"Int64", "q", 8},
+    {"UInt64", "Q", 8},
+    {"Single", "f"},
+    {"Double", "d", 8},
+    {"Char16", "S"},
+    {"Boolean", "B"},
+    {"String", "@"},
+    {"Inspectable", "@"},
+    {"Guid", "{?=LSS[8C]}", 16},
+    {"DateTime", "{WRTDateTime=q}", 8},
+    {"TimeSpan", "{WRTTimeSpan=q}", 8},
+    {"Point", "{WRTPoint=ff}", 8},
+    {"Size", "{WRTSize=ff}", 8},
+    {"Rect", "{WRTRect=ffff}", 16},
+};
+
+struct Expected {
+  std::string selector;
+  int slot;
+  std::string encoding;
+};
+
+/// A pointer to a value. A byte's has an encoding of its own.
+std::string pointer(const std::string &encoding) { return encoding == "C" ? "*" : "^" + encoding; }
+
+/// A pointer to a pointer, where structures no longer show their fields.
+std::string pointerToPointer(const std::string &encoding) {
+  const size_t fields = encoding.find('=');
+  return "^" + pointer(fields == std::string::npos ? encoding : encoding.substr(0, fields) + "}");
+}
+
+void expectMembers(const std::string &className, char side, const std::vector<Expected> &expected) {
+  std::vector<CatalogueMethod> members;
+  for (const CatalogueMethod &method : catalogueTable().at(className)) {
+    if (method.isMember() && method.side == side)
+      members.push_back(method);
+  }
+  ASSERT_EQ(expected.size(), members.size());
+  for (size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(expected[i].selector, members[i].selector);
+    EXPECT_EQ(expected[i].slot, members[i].slot) << expected[i].selector;
+    EXPECT_EQ(expected[i].encoding, members[i].encoding) << expected[i].selector;
+  }
+}
+
+} // namespace
+
+TEST(PropertyValue, Factories) {
+  std::vector<Expected> expected = {{"createEmptyWithError:", 6, "@12@0:4^@8"}};
+  int slot = 7;
+  for (const auto &[name, encoding, size] : kTypes) {
+    const std::string error = std::to_string(8 + size);
+    expected.push_back({"create" + name + "WithValue:error:", slot++,
+                        "@" + std::to_string(12 + size) + "@0:4" + encoding + "8^@" + error});
+  }
+  for (const auto &[name, encoding, size] : kTypes) {
+    if (encoding == "@")
+      expected.push_back({"create" + name + "ArrayWithValue:error:", slot++, "@16@0:4@8^@12"});
+    else
+      expected.push_back({"create" + name + "ArrayWithValueSize:value:error:", slot++,
+                          "@20@0:4I8" + pointer(encoding) + "12^@16"});
+  }
+  EXPECT_EQ(45, slot);
+  expectMembers("WRTPropertyValueBridge", '+', expected);
+}
+
+TEST(PropertyValue, Getters) {
+  std::vector<Expected> expected = {{"getTypeWithError:", 6, "i12@0:4^@8"},
+                                    {"getIsNumericScalarWithError:", 7, "B12@0:4^@8"}};
+  int slot = 8;
+  for (const BoxedType &type : kTypes) {
+    if (type.name != "Inspectable")
+      expected.push_back({"get" + type.name + "WithError:", slot++, type.encoding + "12@0:4^@8"});
+  }
+  for (const auto &[name, encoding, size] : kTypes) {
+    if (encoding == "@")
+      expected.push_back({"get" + name + "ArrayWithValue:error:", slot++, "v16@0:4@8^@12"});
+    else
+      expected.push_back({"get" + name + "ArrayWithValueSize:value:error:", slot++,
+                          "v20@0:4^I8" + pointerToPointer(encoding) + "12^@16"});
+  }
+  EXPECT_EQ(45, slot);
+  expectMembers("WRTIPropertyValueBridge", '-', expected);
+}
