@@ -65,22 +65,29 @@ void expectMembers(const std::string &className, char side, const std::vector<Ex
   }
 }
 
+/// The member that takes or fills an array: `prefix` and `encoding` are those of a C array's, and
+/// `objectEncoding` that of an `NSArray`'s.
+Expected arrayMember(const std::string &prefix, const BoxedType &type, int slot,
+                     const std::string &encoding, const std::string &objectEncoding) {
+  const std::string start = prefix + type.name + "Array";
+  if (type.encoding == "@")
+    return {start + "WithValue:error:", slot, objectEncoding};
+  return {start + "WithValueSize:value:error:", slot, encoding};
+}
+
 } // namespace
 
 TEST(PropertyValue, Factories) {
   std::vector<Expected> expected = {{"createEmptyWithError:", 6, "@12@0:4^@8"}};
   int slot = 7;
-  for (const auto &[name, encoding, size] : kTypes) {
-    const std::string error = std::to_string(8 + size);
-    expected.push_back({"create" + name + "WithValue:error:", slot++,
-                        "@" + std::to_string(12 + size) + "@0:4" + encoding + "8^@" + error});
+  for (const BoxedType &type : kTypes) {
+    std::string encoding = "@" + std::to_string(12 + type.size) + "@0:4";
+    encoding.append(type.encoding).append("8^@").append(std::to_string(8 + type.size));
+    expected.push_back({"create" + type.name + "WithValue:error:", slot++, encoding});
   }
-  for (const auto &[name, encoding, size] : kTypes) {
-    if (encoding == "@")
-      expected.push_back({"create" + name + "ArrayWithValue:error:", slot++, "@16@0:4@8^@12"});
-    else
-      expected.push_back({"create" + name + "ArrayWithValueSize:value:error:", slot++,
-                          "@20@0:4I8" + pointer(encoding) + "12^@16"});
+  for (const BoxedType &type : kTypes) {
+    expected.push_back(arrayMember(
+        "create", type, slot++, "@20@0:4I8" + pointer(type.encoding) + "12^@16", "@16@0:4@8^@12"));
   }
   EXPECT_EQ(45, slot);
   expectMembers("WRTPropertyValueBridge", '+', expected);
@@ -94,12 +101,10 @@ TEST(PropertyValue, Getters) {
     if (type.name != "Inspectable")
       expected.push_back({"get" + type.name + "WithError:", slot++, type.encoding + "12@0:4^@8"});
   }
-  for (const auto &[name, encoding, size] : kTypes) {
-    if (encoding == "@")
-      expected.push_back({"get" + name + "ArrayWithValue:error:", slot++, "v16@0:4@8^@12"});
-    else
-      expected.push_back({"get" + name + "ArrayWithValueSize:value:error:", slot++,
-                          "v20@0:4^I8" + pointerToPointer(encoding) + "12^@16"});
+  for (const BoxedType &type : kTypes) {
+    expected.push_back(arrayMember("get", type, slot++,
+                                   "v20@0:4^I8" + pointerToPointer(type.encoding) + "12^@16",
+                                   "v16@0:4@8^@12"));
   }
   EXPECT_EQ(45, slot);
   expectMembers("WRTIPropertyValueBridge", '-', expected);
