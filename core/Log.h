@@ -12,6 +12,9 @@ enum Level {
   kSuspicious = 4 ///< a call that is answered with nil
 };
 
+/// The context of the core bridge classes. Conversions and members have contexts of their own.
+extern XPLogContext coreContext;
+
 /// Whether a message of `level` from here is to be written: by the context's threshold, or, as long
 /// as that is not determined, by what the logging library says.
 inline bool isEnabled(Level level, XPLogContext &context, const char *function, int line) {

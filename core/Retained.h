@@ -6,7 +6,8 @@
 namespace wrt {
 
 /// A reference to an Objective-C object or block, dropped at the end of the scope.
-template <class Object = id> class Retained {
+template <class Object = id>
+class Retained {
 public:
   Retained() = default;
   /// Adds a reference to a borrowed object; nil is allowed.
@@ -17,7 +18,7 @@ public:
     result.object_ = object;
     return result;
   }
-  Retained(const Retained &) = delete;
+  Retained(Retained &&other) : object_(other.object_) { other.object_ = nullptr; }
   Retained &operator=(const Retained &) = delete;
   ~Retained() { objc_release(static_cast<id>(object_)); }
 

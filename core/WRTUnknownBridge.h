@@ -40,8 +40,8 @@ WRT_BRIDGE_API
 }
 @property (nonatomic, readonly, nullable) void *inner;
 
-/// A bridge of the receiving class, autoreleased, that takes over the caller's reference to `object`.
-/// Null is logged and gives nil.
+/// A bridge of the receiving class, autoreleased, that takes over the caller's reference to
+/// `object`. Null is logged and gives nil.
 + (nullable instancetype)bridgeTransfer:(nullable void *)object;
 /// A bridge of the receiving class, autoreleased, with a reference of its own to `object`
 /// (borrowed). Null is logged and gives nil.

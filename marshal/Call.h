@@ -9,36 +9,59 @@ namespace wrt {
 
 /// The arguments of one call on their way: each parameter's crossing, first to last. They are made
 /// in this order, which retains the objects among them, and destroyed in the opposite one.
-template <class... Parameters> struct Crossings {
+template <class... Parameters>
+struct Crossings {
   bool enter(Frame &, const Facts<> &) { return true; }
   void leave(const Facts<> &) {}
-  template <class Next> HRESULT pass(Next next) { return next(); }
+  template <class Next>
+  [[gnu::always_inline]] HRESULT pass(Next next) {
+    return next();
+  }
 };
 
-template <class Head, class... Tail> struct Crossings<Head, Tail...> {
+template <class Head, class... Tail>
+struct Crossings<Head, Tail...> {
   typename Head::Crossing head;
   Crossings<Tail...> tail;
 
-  explicit Crossings(typename Head::Type argument, typename Tail::Type... rest)
+  [[gnu::always_inline]] explicit Crossings(typename Head::Type argument,
+                                            typename Tail::Type... rest)
       : head{argument}, tail{rest...} {}
 
   /// Converts into WinRT, stopping at the first argument that cannot be converted.
-  bool enter(Frame &frame, const Facts<Head, Tail...> &facts) {
+  [[gnu::always_inline]] bool enter(Frame &frame, const Facts<Head, Tail...> &facts) {
     return head.enter(frame, facts.head) && tail.enter(frame, facts.tail);
   }
 
   /// Converts what WinRT handed out through the parameters.
-  void leave(const Facts<Head, Tail...> &facts) {
+  [[gnu::always_inline]] void leave(const Facts<Head, Tail...> &facts) {
     head.leave(facts.head);
     tail.leave(facts.tail);
   }
 
   /// Calls `next` with the words that the parameters are for the interface function.
-  template <class Next> HRESULT pass(Next next) {
-    return head.pass([&](auto... words) {
-      return tail.pass([&](auto... more) { return next(words..., more...); });
+  template <class Next>
+  [[gnu::always_inline]] HRESULT pass(Next next) {
+    return head.pass([&](auto... words) __attribute__((always_inline)) {
+      return tail.pass([&](auto... more)
+                           __attribute__((always_inline)) { return next(words..., more...); });
     });
   }
+};
+
+/// A method's result, empty until there is one.
+template <class T>
+struct Outcome {
+  T value{};
+
+  void take(auto &returning, auto fact) { value = returning.leave(fact); }
+  T get() const { return value; }
+};
+
+template <>
+struct Outcome<void> {
+  void take(auto &, auto) {}
+  void get() const {}
 };
 
 /// A member's call, start to end: the pattern behind every generated method. `receiver` is the
@@ -55,22 +78,22 @@ call(id receiver, const Member<Result(Parameters...)> &member,
 
   const auto &facts = member.facts;
   typename Result::Returning returning;
-  typename Result::Type result{};
+  Outcome<typename Result::Type> outcome;
   if (crossings.enter(frame, facts.tail) && returning.enter(frame)) {
     void *interface = frame.interface();
-    const HRESULT status = crossings.pass([&](auto... words) {
-      return returning.pass([&](auto... last) {
+    const HRESULT status = crossings.pass([&](auto... words) __attribute__((always_inline)) {
+      return returning.pass([&](auto... last) __attribute__((always_inline)) {
         using Function = HRESULT(WRT_ABI *)(void *, decltype(words)..., decltype(last)...);
         return (*static_cast<Function **>(interface))[member.slot](interface, words..., last...);
       });
     });
     if (frame.accept(status)) {
-      result = returning.leave(facts.head);
+      outcome.take(returning, facts.head);
       crossings.leave(facts.tail);
     }
   }
   frame.close(error);
-  return result;
+  return outcome.get();
 }
 
 } // namespace wrt

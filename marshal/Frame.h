@@ -9,8 +9,8 @@
 
 namespace wrt {
 
-/// Obtains the interface that declares a member: sends an interface accessor to `object` and returns
-/// the pointer (+1); a failure is in `*error`. For class members the object is the class.
+/// Obtains the interface that declares a member: sends an interface accessor to `object` and
+/// returns the pointer (+1); a failure is in `*error`. For class members the object is the class.
 using Accessor = void *(*)(id object, NSError **error);
 
 /// One call of a member: the interface it holds for the call, its clean-ups and its outcome.

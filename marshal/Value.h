@@ -8,11 +8,22 @@ namespace wrt {
 /// No result.
 struct Void {
   using Type = void;
+  using Fact = NoFact;
+
+  struct Returning {
+    bool enter(Frame &) { return true; }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next();
+    }
+    void leave(NoFact) {}
+  };
 };
 
 /// What crosses as it is: numbers, enumerations, structures, GUIDs, tokens, and the pointers of
 /// out-values and of C arrays, which are the caller's own.
-template <class T> struct Value {
+template <class T>
+struct Value {
   using Type = T;
   using Fact = NoFact;
 
@@ -20,7 +31,10 @@ template <class T> struct Value {
     T value;
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(value); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(value);
+    }
     void leave(NoFact) {}
   };
 
@@ -28,7 +42,10 @@ template <class T> struct Value {
     T value{};
 
     bool enter(Frame &) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(&value); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&value);
+    }
     T leave(NoFact) { return value; }
   };
 };
@@ -45,7 +62,10 @@ struct Boolean {
     bool value;
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(value); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(value);
+    }
     void leave(NoFact) {}
   };
 
@@ -53,7 +73,10 @@ struct Boolean {
     unsigned char value = 0;
 
     bool enter(Frame &) { return true; }
-    template <class Next> HRESULT pass(Next next) { return next(&value); }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&value);
+    }
     bool leave(NoFact) { return value != 0; }
   };
 };

@@ -17,8 +17,8 @@ typedef struct XPLogContext {
 } XPLogContext;
 
 /// Determines and caches the context's threshold. Not 0 when a message of `level` is to be written.
-int XPLogDetermineLogLevel(int level, XPLogContext *context, const char *file,
-                           const char *function, int line);
+int XPLogDetermineLogLevel(int level, XPLogContext *context, const char *file, const char *function,
+                           int line);
 /// Writes a message. Note the order: the function's name stands before the file here.
 void XPLogS(int level, XPLogContext *context, const char *function, const char *file, int line,
             NSString *format, ...);

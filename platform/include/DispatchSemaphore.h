@@ -16,8 +16,8 @@ extern "C" {
 id __zorvex_dispatch_semaphore_create(long value);
 /// Adds one; not 0 when a waiting thread was woken.
 long __zorvex_dispatch_semaphore_signal(id semaphore);
-/// Takes one, waiting at most until `timeout` (nanoseconds since the monotonic clock's start); 0 when
-/// taken, not 0 when the time ran out.
+/// Takes one, waiting at most until `timeout` (nanoseconds since the monotonic clock's start); 0
+/// when taken, not 0 when the time ran out.
 long __zorvex_dispatch_semaphore_wait(id semaphore, uint64_t timeout);
 
 #if defined(__cplusplus)

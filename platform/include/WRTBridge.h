@@ -33,7 +33,8 @@ void *WRTActivateInstance(const char16_t *className);
 HRESULT WRTGetActivationFactory(HSTRING className, const GUID *iid, void **factory);
 
 /// Makes a string over borrowed characters without copying them; `text[length]` must be 0. The
-/// string lives as long as `*header` and `text` do and needs no release. `length` is in UTF-16 units.
+/// string lives as long as `*header` and `text` do and needs no release. `length` is in UTF-16
+/// units.
 HRESULT WRTHSTRINGCreateReference(const char16_t *text, uint32_t length, WRTHSTRINGHeader *header,
                                   HSTRING *string);
 /// The length of null-terminated text in UTF-16 units.

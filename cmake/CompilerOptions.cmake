@@ -1,0 +1,47 @@
+# What every target is compiled with: `wrt_options` for all code, `wrt_objc` for Objective-C code and
+# what links it.
+
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_OBJCXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+set(WRT_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
+
+add_library(wrt_options INTERFACE)
+target_compile_features(wrt_options INTERFACE cxx_std_20)
+target_compile_options(wrt_options INTERFACE -Wall -Wextra -Werror
+  $<$<COMPILE_LANGUAGE:OBJCXX>:-std=c++20> $<$<COMPILE_LANGUAGE:OBJC>:-std=c11>)
+target_include_directories(wrt_options INTERFACE
+  ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}/include)
+if(WRT_SANITIZE)
+  target_compile_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer -O1)
+  target_link_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE})
+endif()
+
+add_library(wrt_objc INTERFACE)
+target_link_libraries(wrt_objc INTERFACE wrt_options)
+target_compile_options(wrt_objc INTERFACE -fblocks)
+if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  target_compile_options(wrt_objc INTERFACE -fobjc-runtime=ios-7.0 -fno-objc-exceptions)
+else()
+  find_path(WRT_GNUSTEP_INCLUDE Foundation/Foundation.h PATHS /usr/include/GNUstep REQUIRED)
+  find_path(WRT_OBJC_INCLUDE objc/objc.h PATHS /usr/lib/gcc/x86_64-linux-gnu/12/include REQUIRED)
+  target_compile_options(wrt_objc INTERFACE -fobjc-runtime=gcc
+    -fconstant-string-class=NSConstantString)
+  target_include_directories(wrt_objc SYSTEM INTERFACE
+    ${WRT_GNUSTEP_INCLUDE} ${WRT_OBJC_INCLUDE}
+    ${PROJECT_SOURCE_DIR}/platform/linux/objc/include)
+  # GNUstep Base exports block functions of its own, which must not win.
+  target_link_libraries(wrt_objc INTERFACE -lBlocksRuntime -lgnustep-base -lobjc)
+endif()
+
+# The library's own code: nothing is thrown and no type information is kept.
+add_library(wrt_library_code INTERFACE)
+target_link_libraries(wrt_library_code INTERFACE wrt_objc)
+target_compile_options(wrt_library_code INTERFACE -fno-exceptions -fno-rtti)
+target_compile_definitions(wrt_library_code INTERFACE WRT_BUILDING_BRIDGE)

@@ -1,0 +1,7 @@
+#include "core/Log.h"
+
+namespace wrt::log {
+
+XPLogContext coreContext;
+
+} // namespace wrt::log

@@ -1,0 +1,4 @@
+#import <WRTObjcBridge/WRTIInspectableBridge.h>
+
+@implementation WRTIInspectableBridge
+@end

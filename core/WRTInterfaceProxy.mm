@@ -1,0 +1,4 @@
+#import <WRTObjcBridge/WRTInterfaceProxy.h>
+
+@implementation WRTInterfaceProxy
+@end

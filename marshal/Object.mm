@@ -1,0 +1,30 @@
+#include "marshal/Object.h"
+
+#include <WRTObjcBridge/WRTUnknownBridge.h>
+
+namespace wrt {
+
+namespace {
+
+Class classOf(ClassReference type) { return (Class)type; }
+
+} // namespace
+
+id bridgeTransfer(ClassReference type, void *object) {
+  return [classOf(type) bridgeTransfer:object];
+}
+
+id bridge(ClassReference type, void *object) { return [classOf(type) bridge:object]; }
+
+bool Object::Crossing::enter(Frame &frame, Accessor accessor) {
+  if (!argument_.get())
+    return true;
+  NSError *error = nil;
+  interface_ = accessor(argument_.get(), &error);
+  if (error)
+    return frame.refuse(error);
+  frame.cleanups().addRelease(interface_);
+  return true;
+}
+
+} // namespace wrt

@@ -1,0 +1,74 @@
+#ifndef WRT_MARSHAL_STRING_H
+#define WRT_MARSHAL_STRING_H
+
+#include "marshal/Member.h"
+#include "marshal/Out.h"
+
+#include <WRTObjcBridge/WRTConversions.h>
+
+namespace wrt {
+
+/// A string: `NSString` here, `HSTRING` there.
+struct String {
+  using Type = NSString *;
+  using Fact = NoFact;
+
+  /// Nil crosses as the null handle. A handle made for the call is released by a clean-up.
+  class Crossing {
+  public:
+    explicit Crossing(NSString *argument) : argument_(argument) {}
+
+    bool enter(Frame &frame, NoFact) {
+      if (!argument_.get())
+        return true;
+      handle_ = WRTCreateHSTRINGFromNSString(argument_.get());
+      if (handle_)
+        frame.cleanups().addRelease(handle_);
+      return true;
+    }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(handle_);
+    }
+    void leave(NoFact) {}
+
+  private:
+    Retained<NSString *> argument_;
+    HSTRING handle_ = nullptr;
+  };
+
+  /// The handle that WinRT returned is not released.
+  struct Returning {
+    HSTRING handle = nullptr;
+
+    bool enter(Frame &) { return true; }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return next(&handle);
+    }
+    NSString *leave(NoFact) { return WRTCreateNSStringFromHSTRING(handle); }
+  };
+};
+
+/// A string through an out-parameter: converted as a result is.
+template <>
+struct Out<String> {
+  using Type = NSString **;
+  using Fact = NoFact;
+
+  struct Crossing {
+    NSString **place;
+    String::Returning returning{};
+
+    bool enter(Frame &, NoFact) { return true; }
+    template <class Next>
+    [[gnu::always_inline]] HRESULT pass(Next next) {
+      return returning.pass(next);
+    }
+    void leave(NoFact fact) { *place = returning.leave(fact); }
+  };
+};
+
+} // namespace wrt
+
+#endif
