@@ -19,20 +19,21 @@ WRT_LIST_EDGES(superclassReferences, ".objc_superrefs")
 WRT_LIST_EDGES(selectorReferences, ".objc_selrefs")
 WRT_LIST_EDGES(protocolReferences, ".objc_protorefs")
 
+// In a section of its own, where tools that read images find it.
+[[gnu::section("objcinfo"), gnu::used]] const ImageInfo info = {
+    0,
+    0,
+    {classesBegin + 1, classesEnd},
+    {nonLazyClassesBegin + 1, nonLazyClassesEnd},
+    {categoriesBegin + 1, categoriesEnd},
+    {protocolsBegin + 1, protocolsEnd},
+    {classReferencesBegin + 1, classReferencesEnd},
+    {superclassReferencesBegin + 1, superclassReferencesEnd},
+    {selectorReferencesBegin + 1, selectorReferencesEnd},
+    {protocolReferencesBegin + 1, protocolReferencesEnd}};
+
 } // namespace
 
-const ImageInfo &imageInfo() {
-  static const ImageInfo info = {0,
-                                 0,
-                                 {classesBegin + 1, classesEnd},
-                                 {nonLazyClassesBegin + 1, nonLazyClassesEnd},
-                                 {categoriesBegin + 1, categoriesEnd},
-                                 {protocolsBegin + 1, protocolsEnd},
-                                 {classReferencesBegin + 1, classReferencesEnd},
-                                 {superclassReferencesBegin + 1, superclassReferencesEnd},
-                                 {selectorReferencesBegin + 1, selectorReferencesEnd},
-                                 {protocolReferencesBegin + 1, protocolReferencesEnd}};
-  return info;
-}
+const ImageInfo &imageInfo() { return info; }
 
 } // namespace wrt::startup

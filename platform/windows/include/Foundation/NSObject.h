@@ -3,13 +3,11 @@
 
 #import <Foundation/NSObjCRuntime.h>
 
-NS_ASSUME_NONNULL_BEGIN
-
 @class NSString;
 
 @protocol NSObject
 @required
-- (BOOL)isEqual:(nullable id)object;
+- (BOOL)isEqual:(id)object;
 - (NSUInteger)hash;
 - (Class)class;
 - (Class)superclass;
@@ -25,11 +23,11 @@ NS_ASSUME_NONNULL_BEGIN
 @end
 
 @protocol NSCopying
-- (id)copyWithZone:(nullable struct _NSZone *)zone;
+- (id)copyWithZone:(struct _NSZone *)zone;
 @end
 
 @protocol NSMutableCopying
-- (id)mutableCopyWithZone:(nullable struct _NSZone *)zone;
+- (id)mutableCopyWithZone:(struct _NSZone *)zone;
 @end
 
 FOUNDATION_CLASS
@@ -47,7 +45,5 @@ __attribute__((objc_root_class))
 - (id)copy;
 - (id)mutableCopy;
 @end
-
-NS_ASSUME_NONNULL_END
 
 #endif
