@@ -1,6 +1,6 @@
-// Fixup tables of arbitrary contents. Whatever they say, the pass writes nothing outside the image
-// (the memory around it is not accessible), opens every page before it writes there (a write to a
-// closed page crashes) and puts all protections back.
+// Fixup tables of arbitrary contents. Whatever they say, the pass writes nothing outside the image,
+// opens every page before it writes there (a write to a closed page crashes) and puts all
+// protections back.
 #include "TestTable.h"
 
 #include <cstdio>
@@ -58,6 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   } catch (const Aborted &) {
     aborted = true;
   }
+  require(process.surroundingsAreIntact(), "nothing outside the image is written");
   if (!aborted) {
     require(process.protections() == layout, "all protections are put back");
     require(process.blocks.empty(), "the copy of the table is released");

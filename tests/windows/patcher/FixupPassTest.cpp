@@ -97,6 +97,7 @@ TEST_F(FixupPass, TargetsOutsideTheImageAreSkipped) {
   table.add(process.imageEnd() - 2, 0, kSlot, kWord).add(process.imageEnd() - 6, 0, kSlot, kPair);
   table.apply(process);
   EXPECT_EQ(process.image(), before);
+  EXPECT_TRUE(process.surroundingsAreIntact());
   EXPECT_EQ(process.protections(), layout);
   // The first and the last word belong to it.
   TestTable()

@@ -2,6 +2,7 @@
 
 #include <sys/mman.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -50,7 +51,7 @@ int nativeProtection(std::uint32_t protection) {
 TestProcess::TestProcess(std::vector<std::uint32_t> protections)
     : protections_(std::move(protections)) {
   void *begin = at<void>(kBase - kGuardSize);
-  if (mmap(begin, imageSize() + 2 * kGuardSize, PROT_NONE,
+  if (mmap(begin, imageSize() + 2 * kGuardSize, PROT_READ | PROT_WRITE,
            MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED_NOREPLACE, -1, 0) != begin)
     throw std::runtime_error("the test process's addresses are taken");
   for (std::size_t i = 0; i < protections_.size(); ++i)
@@ -86,6 +87,12 @@ std::uint32_t TestProcess::peek32(Address address) const {
 
 std::vector<std::uint8_t> TestProcess::image() const { return {at(kBase), at(imageEnd())}; }
 
+bool TestProcess::surroundingsAreIntact() const {
+  const auto isZero = [](std::uint8_t byte) { return byte == 0; };
+  return std::all_of(at(kBase - kGuardSize), at(kBase), isZero) &&
+         std::all_of(at(imageEnd()), at(imageEnd() + kGuardSize), isZero);
+}
+
 bool TestProcess::getModuleHandleEx(std::uint32_t flags, const void *nameOrAddress, void *&module) {
   if (flags == 6) {
     module = &selfHandle;
@@ -118,8 +125,10 @@ void *TestProcess::getCurrentProcess() { return &processHandle; }
 bool TestProcess::virtualQuery(Address address, MemoryRegion &region) {
   ++queryCalls;
   const std::size_t first = (address - kBase) / kPageSize;
-  if (first >= protections_.size())
-    return false;
+  if (first >= protections_.size()) {
+    region = {address & ~(kPageSize - 1), kPageSize, kPageReadWrite};
+    return true;
+  }
   std::size_t last = first;
   while (last < protections_.size() && protections_[last] == protections_[first])
     ++last;

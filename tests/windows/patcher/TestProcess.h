@@ -22,8 +22,9 @@ inline constexpr std::uint32_t kPageWriteCopy = 0x08;
 inline constexpr std::uint32_t kPageExecuteRead = 0x20;
 
 /// A process with one module, as start-up sees it: the module's image lies in real memory that
-/// 32-bit addresses reach, with nothing accessible around it. Protections are real as well, so that
-/// a write to a page that is not open crashes. One that is copied on write counts as not writable.
+/// 32-bit addresses reach, between pages of somebody else that are writable too. Protections are
+/// real as well, so that a write to a page that is not open crashes. One that is copied on write
+/// counts as not writable.
 class TestProcess {
 public:
   static constexpr std::uint32_t kPageSize = 4096;
@@ -45,6 +46,8 @@ public:
   void poke32(Address address, std::uint32_t value);
   std::uint32_t peek32(Address address) const;
   std::vector<std::uint8_t> image() const;
+  /// Whether the memory right before and behind the image is as it was.
+  bool surroundingsAreIntact() const;
   const std::vector<std::uint32_t> &protections() const { return protections_; }
 
   // What a test can take away or look at.
