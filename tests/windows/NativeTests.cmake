@@ -29,5 +29,5 @@ if(NOT WRT_SANITIZE)
   target_link_options(windows_fixup_fuzzer PRIVATE -fsanitize=fuzzer,address,undefined)
   target_link_libraries(windows_fixup_fuzzer PRIVATE wrt_options)
   add_test(NAME windows.patcher.fuzz
-    COMMAND windows_fixup_fuzzer -seed=1 -runs=20000 -max_len=1024 -verbosity=0)
+    COMMAND windows_fixup_fuzzer -seed=1 -runs=20000 -max_len=256 -verbosity=0)
 endif()

@@ -13,7 +13,9 @@ namespace {
 
 constexpr std::uint32_t kPages = 8;
 
-std::uint32_t word(const std::uint8_t *bytes) { return readWord(bytes); }
+Address slotAt(std::uint32_t number, const TestProcess &process) {
+  return TestProcess::kBase + number % (process.imageSize() - 4);
+}
 
 void require(bool condition, const char *what) {
   if (condition)
@@ -39,18 +41,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   TestProcess process(layout);
   process.hasMemory = flags & 1;
   process.allowsProtect = flags & 2;
-  const bool nearTargets = flags & 4;
   TestTable table;
-  for (; size >= 16; data += 16, size -= 16) {
-    // Slots are the loader's and can be read; everything else is as wild as the input. Most targets
-    // are kept near the image, for the interesting cases to come up.
-    Address target = word(data);
-    if (nearTargets)
-      target = TestProcess::kBase - 0x100 + target % (process.imageSize() + 0x200);
-    const Address slot = TestProcess::kBase + word(data + 8) % (process.imageSize() - 4);
-    table.add(target, word(data + 4), slot, word(data + 12));
+  if (flags & 4) {
+    // Arbitrary records, but for their slots: those are the loader's and can be read.
+    for (; size >= 16; data += 16, size -= 16)
+      table.add(readWord(data), readWord(data + 4), slotAt(readWord(data + 8), process),
+                readWord(data + 12));
+    table.bytes().insert(table.bytes().end(), data, data + size);
+  } else {
+    // Records of few bytes whose targets lie in the image or close to it.
+    constexpr std::uint32_t kKinds[] = {0x10, 0x110, 0x00, 0x10, 0x110, 0x10, 0x110, 0x20};
+    for (; size >= 4; data += 4, size -= 4) {
+      const std::uint32_t place = data[0] | data[1] << 8;
+      table.add(TestProcess::kBase - 16 + place % (process.imageSize() + 32), 0xFFFFFFFF,
+                slotAt(data[2], process), kKinds[data[3] % 8]);
+    }
   }
-  table.bytes().insert(table.bytes().end(), data, data + size);
 
   bool aborted = false;
   try {

@@ -2,7 +2,6 @@
 
 #include <sys/mman.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -11,7 +10,7 @@ namespace wrt::startup::test {
 
 namespace {
 
-constexpr std::size_t kGuardSize = 16 * TestProcess::kPageSize;
+constexpr std::size_t kGuardSize = TestProcess::kPageSize;
 
 // The module that GetModuleInformation, a plain function, is asked about.
 const TestProcess *measured = nullptr;
@@ -88,9 +87,9 @@ std::uint32_t TestProcess::peek32(Address address) const {
 std::vector<std::uint8_t> TestProcess::image() const { return {at(kBase), at(imageEnd())}; }
 
 bool TestProcess::surroundingsAreIntact() const {
-  const auto isZero = [](std::uint8_t byte) { return byte == 0; };
-  return std::all_of(at(kBase - kGuardSize), at(kBase), isZero) &&
-         std::all_of(at(imageEnd()), at(imageEnd() + kGuardSize), isZero);
+  static const std::uint8_t kZeroes[kGuardSize] = {};
+  return std::memcmp(at(kBase - kGuardSize), kZeroes, kGuardSize) == 0 &&
+         std::memcmp(at(imageEnd()), kZeroes, kGuardSize) == 0;
 }
 
 bool TestProcess::getModuleHandleEx(std::uint32_t flags, const void *nameOrAddress, void *&module) {
