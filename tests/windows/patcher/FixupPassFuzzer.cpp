@@ -49,12 +49,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
                 readWord(data + 12));
     table.bytes().insert(table.bytes().end(), data, data + size);
   } else {
-    // Records of few bytes whose targets lie in the image or close to it.
+    // Records of few bytes, whose targets lie at the ends of pages, the image's among them.
     constexpr std::uint32_t kKinds[] = {0x10, 0x110, 0x00, 0x10, 0x110, 0x10, 0x110, 0x20};
     for (; size >= 4; data += 4, size -= 4) {
-      const std::uint32_t place = data[0] | data[1] << 8;
-      table.add(TestProcess::kBase - 16 + place % (process.imageSize() + 32), 0xFFFFFFFF,
-                slotAt(data[2], process), kKinds[data[3] % 8]);
+      const Address boundary = TestProcess::kBase + data[0] % (kPages + 1) * TestProcess::kPageSize;
+      table.add(boundary - 12 + data[1] % 24, 0xFFFFFFFF, slotAt(data[2], process),
+                kKinds[data[3] % 8]);
     }
   }
 
