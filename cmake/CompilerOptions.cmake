@@ -13,8 +13,7 @@ set(WRT_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
 
 add_library(wrt_options INTERFACE)
 target_compile_features(wrt_options INTERFACE cxx_std_20)
-target_compile_options(wrt_options INTERFACE -Wall -Wextra -Werror
-  $<$<COMPILE_LANGUAGE:OBJCXX>:-std=c++20> $<$<COMPILE_LANGUAGE:OBJC>:-std=c11>)
+target_compile_options(wrt_options INTERFACE -Wall -Wextra -Werror)
 target_include_directories(wrt_options INTERFACE
   ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}/include)
 if(WRT_SANITIZE)

@@ -41,6 +41,8 @@ void CleanupList::addReleaseOfString(void **cells, uint32_t index) {
 }
 
 void CleanupList::run() {
+  if (!blocks_.get())
+    return;
   Retained<NSEnumerator *> enumerator([blocks_.get() reverseObjectEnumerator]);
   for (void (^cleanup)(void) in enumerator.get())
     cleanup();

@@ -6,8 +6,10 @@
 namespace wrt {
 
 bool Frame::accept(HRESULT status) {
+  if (status >= 0)
+    return true;
   error_ = WRTCreateNSErrorFromHRESULT(status);
-  return status >= 0;
+  return false;
 }
 
 void Frame::close(NSError **error) {

@@ -1,0 +1,36 @@
+#ifndef WRT_BENCH_MEASUREMENT_H
+#define WRT_BENCH_MEASUREMENT_H
+
+#include "bench/Row.h"
+
+#include <map>
+#include <string>
+
+namespace wrt::bench {
+
+/// How one variant of a row did.
+struct Measurement {
+  double nanoseconds = 0;
+  double allocations = 0;
+  double instructions = 0;
+};
+
+/// By `variantName`.
+using Measurements = std::map<std::string, Measurement>;
+
+/// The variants of a row with their names, as in `Int32 get/bridge`.
+struct Variant {
+  std::string name;
+  void (*operation)();
+};
+std::vector<Variant> variants(const Row &row);
+
+/// Runs `operation` `count` times in an autorelease pool of its own.
+void repeat(void (*operation)(), int count);
+
+/// Heap allocations per call, once everything is warm.
+double allocationsPerCall(void (*operation)());
+
+} // namespace wrt::bench
+
+#endif

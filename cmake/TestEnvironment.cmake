@@ -1,0 +1,9 @@
+# `WRT_TEST_ENVIRONMENT`: what tests find in their environment. The suppressions name code that is not
+# ours; each says why.
+
+set(suppressions ${PROJECT_SOURCE_DIR}/cmake/suppressions)
+set(WRT_TEST_ENVIRONMENT
+  "ASAN_OPTIONS=suppressions=${suppressions}/asan.supp:detect_stack_use_after_return=1"
+  "LSAN_OPTIONS=suppressions=${suppressions}/lsan.supp:print_suppressions=0"
+  "TSAN_OPTIONS=suppressions=${suppressions}/tsan.supp"
+  "UBSAN_OPTIONS=suppressions=${suppressions}/ubsan.supp:print_stacktrace=1")

@@ -1,0 +1,43 @@
+#include "platform/linux/bridge/Delegate.h"
+
+#include "platform/linux/ledger/WRTLedger.h"
+
+#include <ObjCRuntime.h>
+#include <WRTAbi.h>
+
+namespace wrt::delegate {
+
+HRESULT WRT_ABI queryInterface(Delegate *self, const GUID *iid, void **result) {
+  if (result == nullptr)
+    return status::kPointer;
+  *result = nullptr;
+  if (iid == nullptr ||
+      !(*iid == abi::IUnknown::kIid || *iid == abi::IAgileObject::kIid || *iid == self->iid))
+    return status::kNoInterface;
+  addRef(self);
+  *result = self;
+  return status::kOk;
+}
+
+uint32_t WRT_ABI addRef(Delegate *self) {
+  return self->references.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
+uint32_t WRT_ABI release(Delegate *self) {
+  const uint32_t remaining = self->references.fetch_sub(1, std::memory_order_acq_rel) - 1;
+  if (remaining == 0) {
+    @autoreleasepool {
+      objc_release(self->block);
+    }
+    delete self;
+    WRTLedgerAdd(kWRTLedgerDelegates, -1);
+  }
+  return remaining;
+}
+
+Delegate *create(const Table *table, const GUID &iid, id block) {
+  WRTLedgerAdd(kWRTLedgerDelegates, 1);
+  return new Delegate{table, 1, iid, objc_retainBlock(block)};
+}
+
+} // namespace wrt::delegate

@@ -1,0 +1,154 @@
+#include "platform/linux/component/EventSource.h"
+
+#include "platform/linux/bridge/Delegate.h"
+#include "platform/linux/tests/LedgerTest.h"
+#include "platform/linux/tests/TestInterfaces.h"
+#include "platform/linux/tests/Threads.h"
+
+#include <atomic>
+#include <set>
+#include <string>
+
+namespace wrt::test {
+namespace {
+
+using namespace component;
+
+class Events : public LedgerTest {
+protected:
+  /// Subscribes a block; its token.
+  WRTEventRegistrationToken add(HRESULT (^block)(void *, int32_t)) {
+    void *delegate = makeDelegate<HRESULT(void *, int32_t)>(Handler::kIid, static_cast<id>(block));
+    const auto handler = ComPtr<Handler>::adopt(static_cast<Handler *>(delegate));
+    WRTEventRegistrationToken token;
+    EXPECT_EQ(source->add(handler.get(), &token), status::kOk);
+    return token;
+  }
+  /// Subscribes a handler that writes its letter down.
+  WRTEventRegistrationToken addLetter(char letter, HRESULT result = status::kOk) {
+    std::string *calls = &calls_;
+    return add(^HRESULT(void *, int32_t) {
+      *calls += letter;
+      return result;
+    });
+  }
+  /// The letters of the handlers that were called, in order.
+  std::string raise() {
+    calls_.clear();
+    source->raise(nullptr, 1);
+    return calls_;
+  }
+  void TearDown() override {
+    source.reset();
+    LedgerTest::TearDown();
+  }
+
+  std::unique_ptr<EventSource<Handler>> source = std::make_unique<EventSource<Handler>>();
+  std::string calls_;
+};
+
+TEST_F(Events, CallsHandlersInOrderUntilTheyAreRemoved) {
+  EXPECT_EQ(raise(), "");
+  addLetter('a');
+  const auto b = addLetter('b');
+  addLetter('c');
+  EXPECT_EQ(raise(), "abc");
+  EXPECT_EQ(change(), "delegates +3, blocks +3");
+  EXPECT_EQ(source->remove(b), status::kOk);
+  EXPECT_EQ(change(), "delegates +2, blocks +2");
+  EXPECT_EQ(source->remove(b), status::kOk);
+  EXPECT_EQ(source->remove({0}), status::kOk);
+  EXPECT_EQ(raise(), "ac");
+}
+
+TEST_F(Events, TokensNeverRepeatAndDoNotFitThirtyTwoBits) {
+  std::set<int64_t> tokens;
+  EventSource<Handler> other;
+  for (int round = 0; round < 100; ++round) {
+    const auto token = addLetter('a');
+    EXPECT_GT(token.value, INT64_C(0xFFFFFFFF));
+    EXPECT_TRUE(tokens.insert(token.value).second);
+    EXPECT_EQ(other.remove(token), status::kOk);
+    if (round % 2 == 0)
+      source->remove(token);
+  }
+  EXPECT_EQ(source->count(), 50u);
+}
+
+TEST_F(Events, RefusesNoHandlerAndNoToken) {
+  WRTEventRegistrationToken token{7};
+  EXPECT_EQ(source->add(nullptr, &token), status::kInvalidArgument);
+  EXPECT_EQ(token.value, 0);
+  EXPECT_EQ(source->add(nullptr, nullptr), status::kPointer);
+}
+
+TEST_F(Events, ChangesMadeByAHandlerCountFromTheNextTime) {
+  auto *own = source.get();
+  std::string *calls = &calls_;
+  __block WRTEventRegistrationToken self;
+  __block WRTEventRegistrationToken later;
+  self = add(^HRESULT(void *, int32_t) {
+    *calls += 's';
+    own->remove(self);
+    own->remove(later);
+    return status::kOk;
+  });
+  later = addLetter('l');
+  EXPECT_EQ(raise(), "sl");
+  EXPECT_EQ(raise(), "");
+  EXPECT_EQ(source->count(), 0u);
+
+  auto *test = this;
+  __block bool added = false;
+  add(^HRESULT(void *, int32_t) {
+    *calls += 'a';
+    if (!added)
+      test->addLetter('n');
+    added = true;
+    return status::kOk;
+  });
+  EXPECT_EQ(raise(), "a");
+  EXPECT_EQ(raise(), "an");
+}
+
+TEST_F(Events, FailingHandlerDoesNotStopTheOthers) {
+  addLetter('a', status::kFalse);
+  addLetter('b', status::kFail);
+  addLetter('c', status::kBounds);
+  addLetter('d');
+  EXPECT_EQ(source->raise(nullptr, 1), status::kFail);
+  EXPECT_EQ(calls_, "abcd");
+}
+
+TEST_F(Events, DisconnectedHandlerIsRemoved) {
+  addLetter('a', status::kDisconnected);
+  addLetter('b');
+  EXPECT_EQ(raise(), "ab");
+  EXPECT_EQ(raise(), "b");
+}
+
+TEST_F(Events, HandlersComeAndGoWhileTheEventIsRaised) {
+  std::atomic<int> calls = 0;
+  std::atomic<int> *counter = &calls;
+  const auto fixed = add(^HRESULT(void *, int32_t) {
+    ++*counter;
+    return status::kOk;
+  });
+  constexpr int kRounds = 200;
+  onThreads(4, [&](int index) {
+    for (int round = 0; round < kRounds; ++round) {
+      if (index % 2 == 0)
+        source->raise(nullptr, 1);
+      else
+        source->remove(add(^HRESULT(void *, int32_t) {
+          return status::kOk;
+        }));
+    }
+  });
+  EXPECT_EQ(calls, 2 * kRounds);
+  source->remove(fixed);
+  EXPECT_EQ(source->count(), 0u);
+}
+
+} // namespace
+} // namespace wrt::test

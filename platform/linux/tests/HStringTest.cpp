@@ -1,0 +1,116 @@
+#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/tests/LedgerTest.h"
+#include "platform/linux/tests/Threads.h"
+
+#include <string>
+
+namespace wrt::test {
+namespace {
+
+using component::StringHolder;
+
+class HString : public LedgerTest {};
+
+TEST_F(HString, EmptyTextIsTheNullHandle) {
+  HSTRING string;
+  EXPECT_EQ(makeString(u"", &string), status::kOk);
+  EXPECT_EQ(string, nullptr);
+  EXPECT_EQ(WRTHSTRINGDuplicate(nullptr, &string), status::kOk);
+  EXPECT_EQ(string, nullptr);
+  EXPECT_EQ(WRTHSTRINGRelease(nullptr), status::kOk);
+  EXPECT_EQ(viewOf(nullptr), u"");
+  EXPECT_EQ(viewOf(nullptr).data()[0], u'\0');
+  EXPECT_EQ(WRTHSTRINGLength(nullptr), 0u);
+}
+
+TEST_F(HString, DuplicatesShareTheTextUntilTheLastHandleGoes) {
+  HSTRING first;
+  HSTRING second;
+  ASSERT_EQ(makeString(std::u16string_view(u"a\0b", 3), &first), status::kOk);
+  ASSERT_EQ(WRTHSTRINGDuplicate(first, &second), status::kOk);
+  EXPECT_EQ(change(), "strings +1, string handles +2");
+  EXPECT_EQ(first, second);
+  EXPECT_EQ(WRTHSTRINGRelease(first), status::kOk);
+  EXPECT_EQ(viewOf(second), std::u16string_view(u"a\0b", 3));
+  EXPECT_EQ(viewOf(second).data()[3], u'\0');
+  EXPECT_EQ(WRTHSTRINGRelease(second), status::kOk);
+  EXPECT_EQ(WRTHSTRINGDuplicate(nullptr, nullptr), status::kInvalidArgument);
+}
+
+TEST_F(HString, ReferenceBorrowsItsText) {
+  const char16_t text[] = u"zo\xD800rvex";
+  WRTHSTRINGHeader header;
+  HSTRING reference;
+  ASSERT_EQ(WRTHSTRINGCreateReference(text, WRTHSTRINGLength(text), &header, &reference),
+            status::kOk);
+  EXPECT_EQ(viewOf(reference).data(), text);
+  EXPECT_EQ(viewOf(reference).size(), 7u);
+  EXPECT_EQ(reinterpret_cast<void *>(reference), &header);
+  EXPECT_EQ(WRTHSTRINGRelease(reference), status::kOk);
+  EXPECT_EQ(change(), "nothing");
+}
+
+TEST_F(HString, DuplicateOfAReferenceOutlivesIt) {
+  StringHolder copy;
+  {
+    char16_t text[] = u"short-lived";
+    WRTHSTRINGHeader header;
+    HSTRING reference;
+    ASSERT_EQ(WRTHSTRINGCreateReference(text, 11, &header, &reference), status::kOk);
+    ASSERT_EQ(WRTHSTRINGDuplicate(reference, copy.put()), status::kOk);
+    text[0] = u'X';
+    header.reserved.reserved1 = nullptr;
+  }
+  EXPECT_EQ(copy.view(), u"short-lived");
+  EXPECT_EQ(change(), "strings +1, string handles +1");
+}
+
+TEST_F(HString, ReferenceRefusesWhatIsNoString) {
+  WRTHSTRINGHeader header;
+  HSTRING string = reinterpret_cast<HSTRING>(&header);
+  EXPECT_EQ(WRTHSTRINGCreateReference(u"abc", 2, &header, &string), status::kInvalidArgument);
+  EXPECT_EQ(string, nullptr);
+  EXPECT_EQ(WRTHSTRINGCreateReference(nullptr, 1, &header, &string), status::kPointer);
+  EXPECT_EQ(WRTHSTRINGCreateReference(u"abc", 3, nullptr, &string), status::kInvalidArgument);
+  EXPECT_EQ(WRTHSTRINGCreateReference(u"abc", 3, &header, nullptr), status::kInvalidArgument);
+}
+
+TEST_F(HString, ReferenceToNothingIsTheNullHandle) {
+  WRTHSTRINGHeader header;
+  HSTRING string = reinterpret_cast<HSTRING>(&header);
+  EXPECT_EQ(WRTHSTRINGCreateReference(nullptr, 0, &header, &string), status::kOk);
+  EXPECT_EQ(string, nullptr);
+  string = reinterpret_cast<HSTRING>(&header);
+  EXPECT_EQ(WRTHSTRINGCreateReference(u"", 0, &header, &string), status::kOk);
+  EXPECT_EQ(string, nullptr);
+}
+
+TEST_F(HString, HandlesAreCountedAcrossThreads) {
+  const StringHolder shared(u"shared");
+  onThreads(4, [&](int) {
+    for (int round = 0; round < 2000; ++round) {
+      const StringHolder own(shared);
+      if (own.view() != u"shared")
+        ADD_FAILURE() << "another thread spoilt the text";
+    }
+  });
+  EXPECT_EQ(change(), "strings +1, string handles +1");
+}
+
+TEST_F(HString, HolderCopiesMovesAndAnswersOutParameters) {
+  StringHolder first(u"first");
+  StringHolder copy = first;
+  const StringHolder moved = std::move(first);
+  EXPECT_EQ(copy, moved);
+  EXPECT_EQ(first.get(), nullptr);
+  HSTRING out;
+  EXPECT_EQ(moved.copyTo(&out), status::kOk);
+  EXPECT_EQ(moved.copyTo(nullptr), status::kPointer);
+  copy = StringHolder::adopt(out);
+  EXPECT_EQ(copy.get(), moved.get());
+  copy = StringHolder(u"second");
+  EXPECT_EQ(copy.view(), u"second");
+}
+
+} // namespace
+} // namespace wrt::test

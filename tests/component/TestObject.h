@@ -1,0 +1,90 @@
+#ifndef WRT_TESTS_TEST_OBJECT_H
+#define WRT_TESTS_TEST_OBJECT_H
+
+#include "platform/linux/activation/ActivationRegistry.h"
+#include "platform/linux/component/Implements.h"
+#include "tests/component/Script.h"
+
+#include <abi/test.abi.h>
+
+namespace wrt::test {
+
+/// The component behind the test interfaces: records what reaches it and hands out what the script
+/// says.
+class TestObject : public component::Implements<abi::TestInterface, abi::TestInterface2> {
+public:
+  HRESULT WRT_ABI VoidFunction() override;
+  HRESULT WRT_ABI InPrimitive(int32_t x) override;
+  HRESULT WRT_ABI InPrimitiveArray(int32_t count, int32_t *arr) override;
+  HRESULT WRT_ABI OutPrimitive(int32_t *x) override;
+  HRESULT WRT_ABI OutPrimitiveArray(int32_t *count, int32_t **arr) override;
+  HRESULT WRT_ABI OutPrimitiveArrayPreallocated(int32_t size, int32_t *count,
+                                                int32_t *arr) override;
+  HRESULT WRT_ABI InDelegate(abi::TestDelegate *arg) override;
+  HRESULT WRT_ABI Slot13() override;
+  HRESULT WRT_ABI Slot14() override;
+  HRESULT WRT_ABI InInterface(abi::TestInterface *arg) override;
+  HRESULT WRT_ABI InInterfaceArray(int32_t count, abi::TestInterface **arr) override;
+  HRESULT WRT_ABI InRtc(abi::TestInterface *arg) override;
+  HRESULT WRT_ABI InRtcArray(int32_t count, abi::TestInterface **arr) override;
+  HRESULT WRT_ABI InString(HSTRING arg) override;
+  HRESULT WRT_ABI InStringArray(int32_t count, HSTRING *arr) override;
+  HRESULT WRT_ABI OutInterface(abi::TestInterface **arg) override;
+  HRESULT WRT_ABI OutInterfaceArray(int32_t *count, abi::TestInterface ***arr) override;
+  HRESULT WRT_ABI OutInterfaceArrayPreallocated(int32_t size, int32_t *count,
+                                                abi::TestInterface **arr) override;
+  HRESULT WRT_ABI OutRtc(abi::TestInterface **arg) override;
+  HRESULT WRT_ABI OutRtcArray(int32_t *count, abi::TestInterface ***arr) override;
+  HRESULT WRT_ABI OutRtcArrayPreallocated(int32_t size, int32_t *count,
+                                          abi::TestInterface **arr) override;
+  HRESULT WRT_ABI OutString(HSTRING *arg) override;
+  HRESULT WRT_ABI OutStringArray(int32_t *count, HSTRING **arr) override;
+  HRESULT WRT_ABI OutStringArrayPreallocated(int32_t size, int32_t *count, HSTRING *arr) override;
+  HRESULT WRT_ABI ReturnPrimitive(int32_t *result) override;
+  HRESULT WRT_ABI ReturnPrimitiveArray(int32_t *count, int32_t **arr) override;
+  HRESULT WRT_ABI ReturnPrimitiveArrayPreallocated(int32_t size, int32_t *count,
+                                                   int32_t *arr) override;
+  HRESULT WRT_ABI ReturnInterface(abi::TestInterface **result) override;
+  HRESULT WRT_ABI ReturnInterfaceArray(int32_t *count, abi::TestInterface ***arr) override;
+  HRESULT WRT_ABI ReturnInterfaceArrayPreallocated(int32_t size, int32_t *count,
+                                                   abi::TestInterface **arr) override;
+  HRESULT WRT_ABI ReturnRtc(abi::TestInterface **result) override;
+  HRESULT WRT_ABI ReturnRtcArray(int32_t *count, abi::TestInterface ***arr) override;
+  HRESULT WRT_ABI ReturnRtcArrayPreallocated(int32_t size, int32_t *count,
+                                             abi::TestInterface **arr) override;
+  HRESULT WRT_ABI ReturnString(HSTRING *result) override;
+  HRESULT WRT_ABI ReturnStringArray(int32_t *count, HSTRING **arr) override;
+  HRESULT WRT_ABI ReturnStringArrayPreallocated(int32_t size, int32_t *count,
+                                                HSTRING *arr) override;
+  HRESULT WRT_ABI InStruct(WRTTestStruct arg) override;
+  HRESULT WRT_ABI InStructArray(int32_t count, WRTTestStruct *arr) override;
+  HRESULT WRT_ABI OutStruct(WRTTestStruct *arg) override;
+  HRESULT WRT_ABI OutStructArray(int32_t *count, WRTTestStruct **arr) override;
+  HRESULT WRT_ABI OutStructArrayPreallocated(int32_t size, int32_t *count,
+                                             WRTTestStruct *arr) override;
+  HRESULT WRT_ABI ReturnStruct(WRTTestStruct *result) override;
+  HRESULT WRT_ABI ReturnStructArray(int32_t *count, WRTTestStruct **arr) override;
+  HRESULT WRT_ABI ReturnStructArrayPreallocated(int32_t size, int32_t *count,
+                                                WRTTestStruct *arr) override;
+  HRESULT WRT_ABI InDelegateReturnString(abi::TestDelegateWithReturnString *arg) override;
+  HRESULT WRT_ABI InDelegateReturnInterface(abi::TestDelegateWithReturnInterface *arg) override;
+
+  HRESULT WRT_ABI VoidFunctionFromInterface2() override;
+};
+
+/// The statics and the factory of the test class.
+class TestFactory
+    : public component::DefaultActivationFactory<TestObject, abi::TestInterfaceStatics,
+                                                 abi::TestInterfaceFactory> {
+public:
+  HRESULT WRT_ABI TestStaticFunction() override;
+  HRESULT WRT_ABI TestFactoryFunction(abi::TestInterface **result) override;
+};
+
+/// The delegate that `InDelegate` kept last, or null.
+component::ComPtr<abi::TestDelegate> keptDelegate();
+void dropKeptDelegate();
+
+} // namespace wrt::test
+
+#endif

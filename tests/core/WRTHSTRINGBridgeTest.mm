@@ -1,0 +1,83 @@
+// The string bridge and the exported string conversions.
+
+#include "platform/linux/component/StringHolder.h"
+#include "tests/support/Cell.h"
+#include "tests/support/LogRecorder.h"
+#include "tests/support/PlatformTrace.h"
+
+#include <WRTBridge.h>
+#import <WRTObjcBridge/WRTConversions.h>
+#import <WRTObjcBridge/WRTHSTRINGBridge.h>
+
+using namespace wrt::test;
+
+namespace {
+
+void roundTrip() {
+  std::u16string million(1000000, u'x');
+  million.back() = u'ß';
+  const std::u16string texts[] = {u"a",      std::u16string(u"a\0b", 3), u"\xD800x",
+                                  u"\xDC00", u"\xD83D\xDE00 emoji",      million};
+  for (const std::u16string &text : texts) {
+    const wrt::component::StringHolder original(text);
+    NSString *string = WRTCreateNSStringFromHSTRING(original.get());
+    ASSERT_EQ(text.size(), [string length]);
+    EXPECT_EQ(text.back(), [string characterAtIndex:text.size() - 1]);
+    const auto copy = wrt::component::StringHolder::adopt(WRTCreateHSTRINGFromNSString(string));
+    EXPECT_EQ(text, copy.view());
+  }
+}
+
+void empty() {
+  EXPECT_EQ(nullptr, WRTCreateHSTRINGFromNSString(@""));
+  EXPECT_EQ(nullptr, WRTCreateHSTRINGFromNSString(nil));
+  EXPECT_EQ(0u, [WRTCreateNSStringFromHSTRING(nullptr) length]);
+  EXPECT_EQ(nil, [WRTHSTRINGBridge bridge:nullptr]);
+  EXPECT_EQ(nil, [WRTHSTRINGBridge bridgeTransfer:nullptr]);
+  EXPECT_EQ(nil, [WRTHSTRINGBridge createWithString:nil]);
+  EXPECT_EQ(nullptr, [[WRTHSTRINGBridge createWithString:@""] hstring]);
+  EXPECT_TRUE(logRecords().empty());
+}
+
+void fromHandle() {
+  HSTRING handle = WRTCreateHSTRINGFromNSString(@"borrowed");
+  WRTHSTRINGBridge *bridge = [WRTHSTRINGBridge bridge:handle];
+  WRTHSTRINGRelease(handle);
+  EXPECT_TRUE([[bridge string] isEqual:@"borrowed"]) << "lives on its own duplicate";
+  EXPECT_EQ([bridge string], [bridge string]);
+
+  HSTRING handedOver = WRTCreateHSTRINGFromNSString(@"handed over");
+  EXPECT_TRUE([[[WRTHSTRINGBridge bridgeTransfer:handedOver] string] isEqual:@"handed over"]);
+  // The ledger shows that the handle was released with the bridge.
+}
+
+void fromString() {
+  NSMutableString *string = [NSMutableString stringWithString:@"shared"];
+  WRTHSTRINGBridge *bridge = [WRTHSTRINGBridge createWithString:string];
+  EXPECT_EQ(string, [bridge string]) << "not copied";
+  void *handle = [bridge hstring];
+  EXPECT_NE(nullptr, handle);
+  EXPECT_EQ(handle, [bridge hstring]);
+  EXPECT_TRUE([WRTCreateNSStringFromHSTRING(static_cast<HSTRING>(handle)) isEqual:@"shared"]);
+}
+
+void duplicateFailing() {
+  HSTRING handle = WRTCreateHSTRINGFromNSString(@"text");
+  failNextDuplicate(static_cast<HRESULT>(0x8007000E));
+  EXPECT_EQ(nil, [WRTHSTRINGBridge bridgeTransfer:handle]);
+  ASSERT_EQ(1u, logRecords().size());
+  EXPECT_EQ(3, logRecords()[0].level);
+  EXPECT_EQ("+[WRTHSTRINGBridge _bridge:transfer:]", logRecords()[0].function);
+  EXPECT_EQ(0u, logRecords()[0].text.find("Failed to duplicate HSTRING 0x"));
+  WRTHSTRINGRelease(handle); // nobody else does
+}
+
+const Cell cells[] = {
+    {"string.convert.both_ways.normal", roundTrip},
+    {"string.convert.both_ways.empty", empty},
+    {"string.bridge.from_handle.normal", fromHandle},
+    {"string.bridge.from_string.normal", fromString},
+    {"string.bridge.from_handle.failing_duplicate", duplicateFailing},
+};
+
+} // namespace

@@ -1,0 +1,195 @@
+// The bridge object model: wrapping, casting, comparing, querying, activating.
+
+#include "tests/support/Cell.h"
+#include "tests/support/LogRecorder.h"
+#include "tests/support/ProbeObject.h"
+
+#include <WRTBridge.h>
+#import <WRTObjcBridge/WRTClassProxy.h>
+#import <WRTObjcBridge/WRTIInspectableBridge.h>
+#import <WRTObjcBridge/WRTInterfaceProxy.h>
+
+using namespace wrt::test;
+
+namespace {
+
+constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002);
+
+/// A bridge class of the test's own with default activation.
+void *activatedObject = nullptr;
+
+} // namespace
+
+@interface ActivatableProbe : WRTInspectableBridge
+@end
+
+@implementation ActivatableProbe
++ (void *)activateInstance {
+  return activatedObject;
+}
+@end
+
+namespace {
+
+void wrapping() {
+  ProbeObject &object = lasting<ProbeObject>();
+  {
+    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+    WRTUnknownBridge *added = [WRTInterfaceProxy bridge:&object];
+    EXPECT_EQ([WRTInterfaceProxy class], [added class]);
+    EXPECT_EQ(&object, [added inner]);
+    EXPECT_EQ(2, object.references());
+    EXPECT_EQ(&object, [[WRTUnknownBridge bridgeTransfer:&object] inner]);
+    EXPECT_EQ(2, object.references()) << "a transfer adds nothing";
+    [pool release];
+  }
+  EXPECT_EQ(0, object.references()) << "each bridge dropped one reference";
+}
+
+void wrappingNull() {
+  EXPECT_EQ(nil, [WRTInterfaceProxy bridgeTransfer:nullptr]);
+  EXPECT_EQ(nil, [WRTInterfaceProxy bridge:nullptr]);
+  const std::vector<LogRecord> expected = {
+      {4, "+[WRTUnknownBridge bridgeTransfer:]", "",
+       "+[WRTInterfaceProxy bridgeTransfer:] cannot bridge nil inner object!"},
+      {4, "+[WRTUnknownBridge bridge:]", "",
+       "+[WRTInterfaceProxy bridge:] cannot bridge nil inner object!"}};
+  EXPECT_EQ(expected, logRecords());
+}
+
+void casting() {
+  ProbeObject &object = lasting<ProbeObject>();
+  {
+    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+    WRTIInspectableBridge *bridge = [WRTIInspectableBridge bridge:&object];
+    EXPECT_EQ(nil, [WRTIInspectableBridge cast:nil]);
+    EXPECT_EQ(bridge, [WRTIInspectableBridge cast:bridge]);
+    EXPECT_EQ(2, object.references());
+    WRTInspectableBridge *other = [WRTInspectableBridge cast:bridge];
+    EXPECT_NE(static_cast<id>(bridge), static_cast<id>(other)) << "a subclass does not count";
+    EXPECT_EQ([WRTInspectableBridge class], [other class]);
+    EXPECT_EQ(3, object.references());
+    EXPECT_TRUE(object.queries.empty()) << "a cast asks the object nothing";
+    [pool release];
+  }
+  EXPECT_EQ(1, object.references());
+}
+
+void comparing() {
+  ProbeObject &object = lasting<ProbeObject>();
+  ProbeObject &other = lasting<ProbeObject>();
+  ProbeObject &facet = lasting<ProbeObject>();
+  WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
+  EXPECT_TRUE([bridge isEqual:bridge]);
+  EXPECT_TRUE(object.queries.empty());
+  EXPECT_FALSE([bridge isEqual:nil]);
+  EXPECT_FALSE([bridge isEqual:[WRTIInspectableBridge bridge:&object]]) << "other class";
+  EXPECT_FALSE([bridge isEqual:[WRTInspectableBridge bridge:&other]]);
+
+  facet.answer = &object;
+  WRTInspectableBridge *second = [WRTInspectableBridge bridge:&facet];
+  EXPECT_TRUE([bridge isEqual:second]) << "two interfaces of one object";
+  EXPECT_EQ(WRTIUnknownGetUUID(), object.queries.back());
+  EXPECT_NE([bridge hash], [second hash]) << "hash stays the bridge's own";
+
+  object.queryStatus = facet.queryStatus = kNoInterface;
+  EXPECT_TRUE([bridge isEqual:second]) << "two failures compare equal";
+}
+
+void querying() {
+  ProbeObject &object = lasting<ProbeObject>();
+  WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
+  const GUID iid = {1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}};
+  NSError *error = [NSError errorWithDomain:@"before" code:1 userInfo:nil];
+  EXPECT_EQ(&object, [bridge queryInterfaceWithGUID:iid error:&error]);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(3, object.references());
+  EXPECT_EQ(iid, object.queries.back());
+  EXPECT_EQ(&object, [bridge queryInterfaceWithGUID:iid error:nullptr]);
+  WRTIInspectable *inspectable = [bridge _WRTIInspectableWithError:&error];
+  EXPECT_EQ(&object, static_cast<void *>(inspectable));
+  EXPECT_EQ(wrt::abi::IInspectable::kIid, object.queries.back());
+}
+
+void queryFailing() {
+  ProbeObject &object = lasting<ProbeObject>();
+  object.queryStatus = kNoInterface;
+  WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
+  NSError *error = nil;
+  EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID {} error:&error]);
+  EXPECT_TRUE([[error domain] isEqual:@"WRT"]);
+  EXPECT_EQ(-2147467262, [error code]);
+  EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID {} error:nullptr]);
+  const LogRecord expected = {3, "+[WRTUnknownBridge queryInterface:withGUID:error:]", "",
+                              "Failed QueryInterface 80004002"};
+  EXPECT_EQ((std::vector<LogRecord>{expected, expected}), logRecords());
+}
+
+void activating() {
+  ProbeObject &object = lasting<ProbeObject>();
+  activatedObject = &object;
+  ActivatableProbe *bridge = [[ActivatableProbe alloc] init];
+  EXPECT_EQ(&object, [bridge inner]);
+  EXPECT_EQ(1, object.references()) << "activation's reference is the bridge's";
+  [bridge release];
+  EXPECT_EQ(0, object.references());
+}
+
+void activatingWithoutConstructor() {
+  EXPECT_EQ(nil, [[WRTUnknownBridge alloc] init]);
+  const std::vector<LogRecord> expected = {
+      {3, "-[WRTUnknownBridge init]", "",
+       "Tried to create WRTUnknownBridge with default constructor, which it doesn't support!"}};
+  EXPECT_EQ(expected, logRecords());
+}
+
+void activatingProxy() {
+  EXPECT_DEATH([[WRTClassProxy alloc] init], "");
+  setLogAnswer([](int level) { return level == 2 ? 2 : 1; });
+  EXPECT_DEATH([WRTClassProxy activateInstance], "") << "ends without a message too";
+}
+
+// Slots 0 to 2 are called where an inspectable's members proper stand at 3 to 5.
+void inspectableSlots() {
+  ProbeObject &object = lasting<ProbeObject>();
+  WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
+  NSError *error = nil;
+
+  GUID question = {7, 7, 7, {}};
+  object.queries.clear();
+  GUID *iids = [bridge getIids:reinterpret_cast<unsigned *>(&question) error:&error];
+  EXPECT_EQ(question, object.queries.back()) << "slot 0 is QueryInterface";
+  EXPECT_EQ(static_cast<void *>(&object), iids);
+  object.Release();
+
+  int before = object.references();
+  EXPECT_TRUE([[bridge getRuntimeClassNameWithError:&error] isEqual:@""]);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(before + 1, object.references()) << "slot 1 is AddRef";
+
+  before = object.references();
+  EXPECT_EQ(0, [bridge getTrustLevelWithError:&error]);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(before - 1, object.references()) << "slot 2 is Release";
+
+  object.queryStatus = kNoInterface;
+  EXPECT_EQ(nullptr, [bridge getIids:reinterpret_cast<unsigned *>(&question) error:&error]);
+  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_EQ(nil, [bridge getRuntimeClassNameWithError:nullptr]);
+  EXPECT_EQ(0, [bridge getTrustLevelWithError:&error]);
+}
+
+const Cell cells[] = {
+    {"bridge.object.wrap.normal", wrapping},
+    {"bridge.object.wrap.null", wrappingNull},
+    {"bridge.object.cast.normal", casting},
+    {"bridge.object.compare.normal", comparing},
+    {"bridge.object.query.normal", querying},
+    {"bridge.object.query.failing", queryFailing},
+    {"bridge.object.activate.normal", activating},
+    {"bridge.object.activate.no_constructor", activatingWithoutConstructor},
+    {"bridge.object.activate.proxy_aborts", activatingProxy},
+    {"bridge.object.inspectable_slots.kept", inspectableSlots},
+};
+
+} // namespace

@@ -1,0 +1,261 @@
+// Blocks as delegates: invoked never, once, often, later, and from other threads.
+
+#include "tests/matrix/Fixture.h"
+
+#include <thread>
+
+using namespace wrt::test;
+
+namespace {
+
+using Handler = HRESULT (^)(int, NSString *, id<WRTTestInterfaceBridge>, WRTTestClassBridge *);
+
+void delegateArguments() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    __block int calls = 0;
+    [bridge
+        inDelegateWithArg:^HRESULT(int x, NSString *s, id<WRTTestInterfaceBridge> i,
+                                   WRTTestClassBridge *c) {
+          EXPECT_EQ(0, x);
+          EXPECT_TRUE([s isEqual:@"text"]);
+          EXPECT_EQ([WRTTestInterfaceBridge class], [static_cast<id>(i) class]);
+          EXPECT_EQ([WRTTestClassBridge class], [c class]);
+          EXPECT_EQ([static_cast<id>(bridge) inner], [c inner]);
+          ++calls;
+          return 0x1234;
+        }
+                    error:nullptr];
+    EXPECT_EQ(1, calls);
+    EXPECT_EQ((Crossings{"InDelegate", "Invoke 00001234"}), takeCrossings());
+  });
+}
+
+void delegateNullArguments() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    clearLog();
+    script().nullObjects = true;
+    [bridge
+        inDelegateWithArg:^HRESULT(int, NSString *, id<WRTTestInterfaceBridge> i,
+                                   WRTTestClassBridge *c) {
+          EXPECT_EQ(nil, i);
+          EXPECT_EQ(nil, c);
+          return kFailure;
+        }
+                    error:nullptr];
+    EXPECT_EQ((Crossings{"InDelegate", "Invoke 80070057"}), takeCrossings());
+    ASSERT_EQ(2u, logRecords().size());
+    EXPECT_EQ("+[WRTUnknownBridge bridge:]", logRecords()[0].function);
+  });
+}
+
+void delegateOften() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    for (int invocations : {0, 1, 100}) {
+      script().invocations = invocations;
+      __block int calls = 0;
+      [bridge
+          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
+            EXPECT_EQ(calls, x);
+            ++calls;
+            return 0;
+          }
+                      error:nullptr];
+      EXPECT_EQ(invocations, calls);
+    }
+  });
+}
+
+void delegateCleanups() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    for (HRESULT status : {HRESULT{0}, kFailure}) {
+      script().status = status;
+      NSError *error = nil;
+      PlatformTrace trace;
+      [bridge
+          inDelegateWithArg:^HRESULT(int, NSString *, id, WRTTestClassBridge *) {
+            return 0;
+          }
+                      error:&error];
+      EXPECT_EQ(status, [error code]);
+      EXPECT_EQ(status < 0 ? "WRTIUnknownRelease WRTIUnknownRelease" : trace.names(),
+                trace.names());
+      EXPECT_EQ("WRTIUnknownRelease", trace.calls().front().function);
+      EXPECT_EQ("WRTIUnknownRelease", trace.calls().back().function);
+    }
+  });
+}
+
+/// Tells when the last reference to it goes.
+int tokensDeallocated = 0;
+
+} // namespace
+
+@interface LifetimeToken : NSObject
+@end
+
+@implementation LifetimeToken
+- (void)dealloc {
+  ++tokensDeallocated;
+  [super dealloc];
+}
+@end
+
+namespace {
+
+// The delegate that the component keeps keeps the caller's block; both go with its last reference.
+void delegateOutlivesMember() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    tokensDeallocated = 0;
+    script().keepsDelegate = true;
+    script().invocations = 0;
+    {
+      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+      LifetimeToken *token = [[LifetimeToken alloc] init];
+      [bridge
+          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
+            return [token isKindOfClass:[LifetimeToken class]] ? x : -1;
+          }
+                      error:nullptr];
+      [token release];
+      [pool release];
+    }
+    EXPECT_EQ(0, tokensDeallocated);
+    EXPECT_EQ(7, keptDelegate()->Invoke(7, nullptr, nullptr, nullptr));
+    dropKeptDelegate();
+    EXPECT_EQ(1, tokensDeallocated);
+  });
+}
+
+void delegateOnThreads() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    tokensDeallocated = 0;
+    script().keepsDelegate = true;
+    script().invocations = 0;
+    auto calls = std::make_shared<std::atomic<int>>(0);
+    std::atomic<int> *counter = calls.get();
+    {
+      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+      LifetimeToken *token = [[LifetimeToken alloc] init];
+      [bridge
+          inDelegateWithArg:^HRESULT(int, NSString *, id i, WRTTestClassBridge *c) {
+            *counter += [i inner] == [c inner] && [token self] ? 1 : 0;
+            return 0;
+          }
+                      error:nullptr];
+      [token release];
+      [pool release];
+    }
+    const auto object = component::make<TestObject>();
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+      // Each thread has a reference of its own; the last to end frees the block.
+      threads.emplace_back([delegate = keptDelegate(), &object] {
+        for (int call = 0; call < 250; ++call)
+          delegate->Invoke(call, nullptr, object.get(), object.get());
+      });
+    }
+    dropKeptDelegate();
+    for (std::thread &thread : threads)
+      thread.join();
+    EXPECT_EQ(1000, *calls);
+    EXPECT_EQ(1, tokensDeallocated);
+  });
+}
+
+void delegateNilBlock() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    script().invocations = 0;
+    NSError *error = staleError();
+    [bridge inDelegateWithArg:nil error:&error];
+    EXPECT_EQ(nil, error);
+    EXPECT_EQ(Crossings{"InDelegate"}, takeCrossings()) << "a delegate is built all the same";
+  });
+}
+
+void delegateReturningString() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    [bridge
+        inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+          EXPECT_EQ(nil, *result) << "starts as nil";
+          *result = @"answer";
+          return 1;
+        }
+                                error:nullptr];
+    [bridge
+        inDelegateReturnStringWithArg:^HRESULT(NSString **) {
+          return 2;
+        }
+                                error:nullptr];
+    [bridge
+        inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+          *result = @"ignored";
+          return kFailure;
+        }
+                                error:nullptr];
+    EXPECT_EQ((Crossings{"InDelegateReturnString 00000001 \"answer\"",
+                         "InDelegateReturnString 00000002 untouched",
+                         "InDelegateReturnString 80070057 untouched"}),
+              takeCrossings());
+  });
+}
+
+void delegateReturningInterface() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    using Answer = HRESULT (^)(id<WRTTestInterfaceBridge> *);
+    Answer answers[] = {^HRESULT(id<WRTTestInterfaceBridge> *result){
+            *result = bridge;
+    return 1;
+        },
+        ^HRESULT(id<WRTTestInterfaceBridge> *) {
+    return 2; },
+        ^HRESULT(id<WRTTestInterfaceBridge> *result) {
+    *result = bridge;
+    return kFailure;
+        },
+};
+for (Answer answer : answers)
+  [bridge inDelegateReturnInterfaceWithArg:answer error:nullptr];
+EXPECT_EQ((Crossings{"InDelegateReturnInterface 00000001 object",
+                     "InDelegateReturnInterface 00000002 untouched",
+                     "InDelegateReturnInterface 80070057 untouched"}),
+          takeCrossings());
+});
+}
+
+void delegateReturningStranger() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    ProbeObject &object = lasting<ProbeObject>();
+    object.queryStatus = kNoInterface;
+    WRTTestInterfaceBridge *stranger = [WRTTestInterfaceBridge bridge:&object];
+    clearLog();
+    [bridge
+        inDelegateReturnInterfaceWithArg:^HRESULT(id<WRTTestInterfaceBridge> *result) {
+          *result = stranger;
+          return 3;
+        }
+                                   error:nullptr];
+    EXPECT_EQ(Crossings{"InDelegateReturnInterface 00000003 null"}, takeCrossings())
+        << "the status is unchanged";
+    const std::string type = [NSStringFromClass([static_cast<id>(bridge) class]) UTF8String];
+    ASSERT_EQ(2u, logRecords().size()) << "the query's own message comes first";
+    EXPECT_EQ((LogRecord{4, "-[" + type + " inDelegateReturnInterfaceWithArg:error:]_block_invoke",
+                         "", "Failed to get delegate interface pointer for .TestInterface**"}),
+              logRecords()[1]);
+    clearCrossings();
+  });
+}
+
+const Cell cells[] = {
+    {"delegate.in.block.normal", delegateArguments},
+    {"delegate.in.block.null_arguments", delegateNullArguments},
+    {"delegate.in.block.invoked_often", delegateOften},
+    {"delegate.in.block.cleanups", delegateCleanups},
+    {"delegate.in.block.outlives_member", delegateOutlivesMember},
+    {"delegate.in.block.other_threads", delegateOnThreads},
+    {"delegate.in.block.nil", delegateNilBlock},
+    {"delegate.in.block_returning_string.normal", delegateReturningString},
+    {"delegate.in.block_returning_interface.normal", delegateReturningInterface},
+    {"delegate.in.block_returning_interface.interface_missing", delegateReturningStranger},
+};
+
+} // namespace

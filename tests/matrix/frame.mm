@@ -1,0 +1,229 @@
+// The call frame, whatever crosses: interface missing, failing status, threads, slots, error
+// variable.
+
+#include "tests/matrix/Fixture.h"
+
+#include <WRTBridge.h>
+
+#import <objc/runtime.h>
+
+#include <thread>
+
+using namespace wrt::test;
+
+namespace {
+
+/// The selectors that a class answers itself, accessors excluded.
+std::vector<SEL> memberSelectors(Class type) {
+  std::vector<SEL> selectors;
+  unsigned count = 0;
+  Method *methods = class_copyMethodList(type, &count);
+  for (unsigned i = 0; i < count; ++i) {
+    SEL selector = method_getName(methods[i]);
+    if (sel_getName(selector)[0] != '_')
+      selectors.push_back(selector);
+  }
+  free(methods);
+  return selectors;
+}
+
+/// Calls any member with arguments that suit it: numbers 0, nil objects and pointers to room, and
+/// with `error` as its last. Gives the result's first word, 0 for none.
+long callMember(id bridge, SEL selector, NSError **error) {
+  NSMethodSignature *signature = [bridge methodSignatureForSelector:selector];
+  NSInvocation *invocation = [NSInvocation invocationWithMethodSignature:signature];
+  [invocation setTarget:bridge];
+  [invocation setSelector:selector];
+  static long room[8][16];
+  for (NSUInteger i = 2; i + 1 < [signature numberOfArguments]; ++i) {
+    const char *type = [signature getArgumentTypeAtIndex:i];
+    void *place = nullptr;
+    id block = nil;
+    if (*type == '^') {
+      room[i][0] = 0;
+      place = room[i];
+    } else if (type[0] == '@' && type[1] == '?') {
+      block = [[^HRESULT {
+        return 0;
+      } copy] autorelease];
+      place = static_cast<void *>(block);
+    }
+    long argument[4] = {reinterpret_cast<long>(place)};
+    [invocation setArgument:argument atIndex:static_cast<NSInteger>(i)];
+  }
+  [invocation setArgument:&error atIndex:static_cast<NSInteger>([signature numberOfArguments]) - 1];
+  [invocation invoke];
+  long result[4] = {};
+  if ([signature methodReturnLength] > 0)
+    [invocation getReturnValue:result];
+  return result[0];
+}
+
+/// Calls every member of both classes once for each body.
+template <class Body>
+void forEveryMember(Body body) {
+  size_t members = 0;
+  for (Class type in
+       [NSArray arrayWithObjects:[WRTTestInterfaceBridge class], [WRTTestClassBridge class], nil]) {
+    for (SEL selector : memberSelectors(type)) {
+      SCOPED_TRACE(sel_getName(selector));
+      resetScript();
+      clearCrossings();
+      body(newBridge(type), selector);
+      ++members;
+    }
+  }
+  EXPECT_EQ(44u + 45u, members);
+}
+
+void everyMemberFailing() {
+  forEveryMember([](id bridge, SEL selector) {
+    script().status = kFailure;
+    script().invocations = 0;
+    NSError *error = nil;
+    EXPECT_EQ(0, callMember(bridge, selector, &error));
+    EXPECT_EQ(kFailure, [error code]);
+    EXPECT_EQ(1u, takeCrossings().size());
+    callMember(bridge, selector, nullptr);
+    EXPECT_EQ(1u, takeCrossings().size()) << "an error pointer is not needed";
+  });
+}
+
+void everyMemberInterfaceMissing() {
+  forEveryMember([](id bridge, SEL selector) {
+    ProbeObject &object = lasting<ProbeObject>();
+    object.queryStatus = kNoInterface;
+    NSError *const before = staleError();
+    NSError *error = before;
+    {
+      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+      id stranger = [[bridge class] bridge:&object];
+      PlatformTrace trace;
+      EXPECT_EQ(0, callMember(stranger, selector, &error));
+      EXPECT_EQ("", trace.names());
+      [pool release];
+    }
+    EXPECT_EQ(before, error) << "the failure is swallowed";
+    EXPECT_EQ(1u, object.queries.size());
+    EXPECT_EQ(1, object.references());
+  });
+}
+
+/// An object whose table answers every slot with its number.
+HRESULT WRT_ABI queryInterfaceOfSlots(void *self, const GUID *, void **result) {
+  *result = self;
+  return 0;
+}
+uint32_t WRT_ABI countOfSlots(void *) { return 1; }
+
+int calledSlot = 0;
+template <int slot>
+HRESULT WRT_ABI recordSlot(void *) {
+  calledSlot = slot;
+  return kFailure;
+}
+template <int... slot>
+void **slotTable(std::integer_sequence<int, slot...>) {
+  static void *table[] = {reinterpret_cast<void *>(recordSlot<slot>)...};
+  table[0] = reinterpret_cast<void *>(queryInterfaceOfSlots);
+  table[1] = table[2] = reinterpret_cast<void *>(countOfSlots);
+  return table;
+}
+
+void slots() {
+  void **object[] = {slotTable(std::make_integer_sequence<int, 60>())};
+  for (Class type in
+       [NSArray arrayWithObjects:[WRTTestInterfaceBridge class], [WRTTestClassBridge class], nil]) {
+    std::vector<int> called;
+    for (SEL selector : memberSelectors(type)) {
+      calledSlot = 0;
+      callMember([type bridge:object], selector, nullptr);
+      called.push_back(calledSlot);
+    }
+    std::ranges::sort(called);
+    std::vector<int> expected;
+    for (int slot = 6; slot <= 51; ++slot) {
+      if (slot != 13 && slot != 14)
+        expected.push_back(slot);
+    }
+    if (type == [WRTTestClassBridge class])
+      expected.insert(expected.begin(), 6); // the second interface's
+    EXPECT_EQ(expected, called);
+  }
+}
+
+void slotOfEachMember() {
+  const std::pair<const char *, int> members[] = {
+      {"voidFunctionWithError:", 6},
+      {"outPrimitiveArrayPreallocatedWithSize:count:arr:error:", 11},
+      {"inDelegateWithArg:error:", 12},
+      {"inInterfaceWithArg:error:", 15},
+      {"inStringArrayWithArr:error:", 20},
+      {"outStringArrayPreallocatedWithSize:arr:error:", 29},
+      {"returnPrimitiveWithError:", 30},
+      {"returnStringArrayPreallocatedWithSize:error:", 41},
+      {"inStructWithArg:error:", 42},
+      {"inDelegateReturnInterfaceWithArg:error:", 51},
+  };
+  void **object[] = {slotTable(std::make_integer_sequence<int, 60>())};
+  for (auto [name, slot] : members) {
+    callMember([WRTTestClassBridge bridge:object], sel_getUid(name), nullptr);
+    EXPECT_EQ(slot, calledSlot) << name;
+  }
+}
+
+void otherThread() {
+  id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
+  script().count = 17;
+  std::thread([bridge] {
+    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+    NSError *error = nil;
+    NSMutableArray *array = [NSMutableArray array];
+    [bridge outInterfaceArrayPreallocatedWithSize:17 arr:array error:&error];
+    [bridge inInterfaceArrayWithArr:array error:&error];
+    EXPECT_EQ(17u, [array count]);
+    EXPECT_EQ(nil, error);
+    [pool release];
+  }).join();
+}
+
+void manyThreads() {
+  resetScript();
+  id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([bridge] {
+      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+      for (int call = 0; call < 50; ++call) {
+        [bridge inStringArrayWithArr:[NSArray arrayWithObjects:@"a", @"b", nil] error:nullptr];
+        EXPECT_EQ(42, [bridge returnPrimitiveWithError:nullptr]);
+      }
+      [pool release];
+    });
+  }
+  for (std::thread &thread : threads)
+    thread.join();
+  clearCrossings();
+}
+
+void secondInterface() {
+  resetScript();
+  WRTTestClassBridge *bridge = newBridge([WRTTestClassBridge class]);
+  takeCrossings();
+  [bridge voidFunctionFromInterface2WithError:nullptr];
+  [[WRTTestInterface2Bridge cast:bridge] voidFunctionFromInterface2WithError:nullptr];
+  EXPECT_EQ((Crossings{"VoidFunctionFromInterface2", "VoidFunctionFromInterface2"}),
+            takeCrossings());
+}
+
+const Cell cells[] = {
+    {"frame.all.every_member.failing", everyMemberFailing},
+    {"frame.all.every_member.interface_missing", everyMemberInterfaceMissing},
+    {"frame.all.every_member.slots", slots},
+    {"frame.all.some_members.slot_of_each", slotOfEachMember},
+    {"frame.all.arrays.other_thread", otherThread},
+    {"frame.all.strings.many_threads", manyThreads},
+    {"frame.all.second_interface.normal", secondInterface},
+};
+
+} // namespace

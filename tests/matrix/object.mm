@@ -1,0 +1,176 @@
+// Interfaces and runtime classes, single and in arrays.
+
+#include "tests/matrix/Fixture.h"
+
+using namespace wrt::test;
+
+namespace {
+
+/// An object that lacks the test interface, and its bridge.
+struct Stranger {
+  ProbeObject &object = lasting<ProbeObject>();
+  WRTTestInterfaceBridge *bridge = [WRTTestInterfaceBridge bridge:&object];
+
+  Stranger() { object.queryStatus = kNoInterface; }
+};
+
+void objectIn() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    WRTTestInterfaceBridge *interface = newBridge([WRTTestInterfaceBridge class]);
+    WRTTestClassBridge *object = newBridge([WRTTestClassBridge class]);
+    [bridge inInterfaceWithArg:interface error:nullptr];
+    [bridge inInterfaceWithArg:static_cast<id>(object) error:nullptr];
+    [bridge inRtcWithArg:object error:nullptr];
+    [bridge inRtcWithArg:static_cast<id>(interface) error:nullptr];
+    NSError *error = staleError();
+    [bridge inInterfaceWithArg:nil error:&error];
+    EXPECT_EQ(nil, error);
+    [bridge inRtcWithArg:nil error:nullptr];
+    EXPECT_EQ((Crossings{"InInterface object", "InInterface object", "InRtc object", "InRtc object",
+                         "InInterface null", "InRtc null"}),
+              takeCrossings());
+  });
+}
+
+void objectInStranger() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    Stranger stranger;
+    NSError *error = nil;
+    [bridge inInterfaceWithArg:static_cast<id>(stranger.bridge) error:&error];
+    EXPECT_EQ(kNoInterface, [error code]);
+    error = nil;
+    [bridge inRtcWithArg:static_cast<id>(stranger.bridge) error:&error];
+    EXPECT_EQ(kNoInterface, [error code]);
+    EXPECT_EQ(Crossings{}, takeCrossings()) << "the call is not made";
+  });
+}
+
+void objectOut() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    WRTTestInterfaceBridge *interface = nil;
+    [bridge outInterfaceWithArg:&interface error:nullptr];
+    EXPECT_EQ([WRTTestInterfaceBridge class], [interface class]);
+    WRTTestClassBridge *object = nil;
+    [bridge outRtcWithArg:&object error:nullptr];
+    EXPECT_EQ([WRTTestClassBridge class], [object class]);
+    EXPECT_EQ([WRTTestInterfaceBridge class],
+              [static_cast<id>([bridge returnInterfaceWithError:nullptr]) class]);
+    EXPECT_EQ([WRTTestClassBridge class], [[bridge returnRtcWithError:nullptr] class]);
+  });
+}
+
+// A returned interface alone is tested for null; everything else lets `bridgeTransfer:` complain.
+void objectOutNull() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    clearLog();
+    script().nullObjects = true;
+    EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
+    EXPECT_TRUE(logRecords().empty());
+    WRTTestInterfaceBridge *interface = newBridge([WRTTestInterfaceBridge class]);
+    WRTTestClassBridge *object = newBridge([WRTTestClassBridge class]);
+    NSError *error = staleError();
+    [bridge outInterfaceWithArg:&interface error:&error];
+    [bridge outRtcWithArg:&object error:nullptr];
+    EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
+    EXPECT_EQ(nil, interface);
+    EXPECT_EQ(nil, object);
+    EXPECT_EQ(nil, error) << "null is no failure";
+    EXPECT_EQ(3u, logRecords().size());
+  });
+}
+
+void objectOutFailing() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    script().status = kFailure;
+    script().poisons = true;
+    WRTTestInterfaceBridge *const before = newBridge([WRTTestInterfaceBridge class]);
+    WRTTestInterfaceBridge *interface = before;
+    NSError *error = nil;
+    [bridge outInterfaceWithArg:&interface error:&error];
+    EXPECT_EQ(before, interface);
+    EXPECT_EQ(kFailure, [error code]);
+    EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
+    EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
+  });
+}
+
+void objectArrayIn() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    NSArray *objects = @[ newBridge([WRTTestInterfaceBridge class]), bridge ];
+    PlatformTrace trace;
+    [bridge inInterfaceArrayWithArr:objects error:nullptr];
+    EXPECT_EQ("WRTTaskMemAlloc WRTIUnknownRelease WRTIUnknownRelease WRTTaskMemFree "
+              "WRTIUnknownRelease",
+              trace.names());
+    [bridge inRtcArrayWithArr:objects error:nullptr];
+    [bridge inRtcArrayWithArr:@[] error:nullptr];
+    EXPECT_EQ((Crossings{"InInterfaceArray [object, object]", "InRtcArray [object, object]",
+                         "InRtcArray []"}),
+              takeCrossings());
+  });
+}
+
+void objectArrayInFailingElement() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    Stranger stranger;
+    NSArray *objects = @[ bridge, bridge, static_cast<id>(stranger.bridge), bridge ];
+    NSError *error = nil;
+    PlatformTrace trace;
+    [bridge inInterfaceArrayWithArr:objects error:&error];
+    EXPECT_EQ(kNoInterface, [error code]);
+    EXPECT_EQ(Crossings{}, takeCrossings()) << "the call is not made";
+    EXPECT_EQ("WRTTaskMemAlloc WRTIUnknownRelease WRTIUnknownRelease WRTTaskMemFree "
+              "WRTIUnknownRelease",
+              trace.names())
+        << "the two before it are released";
+    EXPECT_EQ(1u, stranger.object.queries.size());
+  });
+}
+
+void objectArrayOut() {
+  expectLeftover({.taskBlocks = 8}); // element blocks are not freed
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+    [bridge outInterfaceArrayWithArr:array error:nullptr];
+    ASSERT_EQ(3u, [array count]);
+    EXPECT_EQ([WRTTestInterfaceBridge class], [[array objectAtIndex:0] class]);
+    [bridge outRtcArrayWithArr:array error:nullptr];
+    ASSERT_EQ(3u, [array count]);
+    EXPECT_EQ([WRTTestClassBridge class], [[array objectAtIndex:2] class]);
+    NSArray *interfaces = [bridge returnInterfaceArrayWithError:nullptr];
+    EXPECT_EQ(3u, [interfaces count]);
+    EXPECT_EQ([WRTTestInterfaceBridge class], [[interfaces lastObject] class]);
+    script().count = 0;
+    EXPECT_EQ(0u, [[bridge returnRtcArrayWithError:nullptr] count]);
+  });
+}
+
+void objectArrayPreallocated() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+    [bridge outInterfaceArrayPreallocatedWithSize:2 arr:array error:nullptr];
+    EXPECT_EQ(2u, [array count]);
+    [bridge outRtcArrayPreallocatedWithSize:17 arr:array error:nullptr];
+    EXPECT_EQ(3u, [array count]);
+    EXPECT_EQ(1u, [[bridge returnInterfaceArrayPreallocatedWithSize:1 error:nullptr] count]);
+    EXPECT_EQ(3u, [[bridge returnRtcArrayPreallocatedWithSize:4 error:nullptr] count]);
+    script().status = kFailure;
+    [bridge outRtcArrayPreallocatedWithSize:2 arr:array error:nullptr];
+    EXPECT_EQ(3u, [array count]) << "a failure leaves the caller's array";
+    EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:4 error:nullptr]);
+  });
+}
+
+const Cell cells[] = {
+    {"object.in.single.normal", objectIn},
+    {"object.in.single.interface_missing", objectInStranger},
+    {"object.out.single.normal", objectOut},
+    {"object.out.single.null", objectOutNull},
+    {"object.out.single.failing", objectOutFailing},
+    {"object.in.array.normal", objectArrayIn},
+    {"object.in.array.failing_element", objectArrayInFailingElement},
+    {"object.out.array.normal", objectArrayOut},
+    {"object.out.array_preallocated.normal", objectArrayPreallocated},
+};
+
+} // namespace

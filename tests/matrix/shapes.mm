@@ -1,0 +1,154 @@
+// Shapes that the test interfaces do not have: every width of number, booleans, spilled arguments,
+// bulk reads. The members are declared here, over an object whose table the test fills.
+
+#include "tests/matrix/Fixture.h"
+
+#include "marshal/Call.h"
+#include "marshal/FilledArray.h"
+#include "marshal/String.h"
+#include "marshal/Value.h"
+#include "platform/linux/string/HString.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace wrt;
+using namespace wrt::test;
+
+namespace {
+
+/// An object with one function, at slot 6.
+class OneFunction {
+public:
+  template <class Function>
+  explicit OneFunction(Function *function) {
+    table_[6] = reinterpret_cast<void *>(function);
+    instance = this;
+  }
+
+  static void *interface(id, NSError **) {
+    instance->object_.AddRef();
+    return &instance->lpVtbl_;
+  }
+  static HRESULT WRT_ABI noInterface(void *, const GUID *, void **) { return kNoInterface; }
+  static uint32_t WRT_ABI count(void *) { return 1; }
+
+private:
+  static inline OneFunction *instance = nullptr;
+
+  void *table_[7] = {reinterpret_cast<void *>(&noInterface), reinterpret_cast<void *>(&count),
+                     reinterpret_cast<void *>(&count)};
+  void **lpVtbl_ = table_;
+  ProbeObject object_;
+};
+
+template <class T>
+void roundTrip(std::initializer_list<T> values) {
+  static T received;
+  static constexpr Member<Value<T>(Value<T>)> member{OneFunction::interface, 6};
+  OneFunction object(+[](void *, T value, T *result) WRT_ABI -> HRESULT {
+    received = *result = value;
+    return 0;
+  });
+  for (T value : values) {
+    const T result = call(nil, member, value, nullptr);
+    EXPECT_EQ(0, std::memcmp(&result, &value, sizeof value)) << value;
+    EXPECT_EQ(0, std::memcmp(&received, &value, sizeof value)) << value;
+  }
+}
+
+template <class T>
+void roundTripLimits() {
+  using Limits = std::numeric_limits<T>;
+  roundTrip<T>({0, 1, Limits::lowest(), Limits::max()});
+}
+
+void widths() {
+  roundTripLimits<uint8_t>();
+  roundTripLimits<int16_t>();
+  roundTripLimits<uint16_t>();
+  roundTripLimits<uint32_t>();
+  roundTripLimits<long long>();
+  roundTripLimits<unsigned long long>();
+  roundTrip<float>({-0.0f, NAN, INFINITY, 1e-45f});
+  roundTrip<double>({-0.0, NAN, -INFINITY, 5e-324});
+}
+
+void booleans() {
+  static unsigned char answer;
+  static bool received;
+  static constexpr Member<Boolean(Boolean)> member{OneFunction::interface, 6};
+  OneFunction object(+[](void *, bool value, unsigned char *result) WRT_ABI -> HRESULT {
+    received = value;
+    *result = answer;
+    return 0;
+  });
+  for (unsigned char byte : {0, 1, 2, 0x80, 0xCC, 0xFF}) {
+    answer = byte;
+    const bool result = call(nil, member, true, nullptr);
+    unsigned char stored;
+    std::memcpy(&stored, &result, 1);
+    EXPECT_EQ(byte ? 1 : 0, stored) << "exactly 1 for any byte but 0";
+    EXPECT_TRUE(received);
+  }
+}
+
+struct Pair {
+  float x;
+  float y;
+};
+
+void spills() {
+  static std::string received;
+  static constexpr Member<Value<double>(Value<int>, Value<long long>, Value<float>, Boolean,
+                                        Value<GUID>, Value<Pair>, Value<double>, Value<short>,
+                                        Value<long long>)>
+      member{OneFunction::interface, 6};
+  OneFunction object(+[](void *, int a, long long b, float c, bool d, GUID e, Pair f, double g,
+                         short h, long long i, double *result) WRT_ABI -> HRESULT {
+    std::ostringstream text;
+    text << a << ' ' << b << ' ' << c << ' ' << d << ' ' << e.Data1 << ' ' << int(e.Data4[7]) << ' '
+         << f.x << ' ' << f.y << ' ' << g << ' ' << h << ' ' << i;
+    received = text.str();
+    *result = 0.5;
+    return 0;
+  });
+  const GUID guid = {9, 8, 7, {1, 2, 3, 4, 5, 6, 7, 8}};
+  EXPECT_EQ(0.5, call(nil, member, -1, 1ll << 40, 1.5f, true, guid, Pair{2.5f, 3.5f}, -4.25,
+                      static_cast<short>(-7), -1ll, nullptr));
+  EXPECT_EQ("-1 1099511627776 1.5 1 9 8 2.5 3.5 -4.25 -7 -1", received);
+}
+
+// A bulk read leaves the strings that it converts to WinRT's side.
+void bulkRead() {
+  static uint32_t delivered;
+  static constexpr Member<BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>)> member{
+      OneFunction::interface, 6};
+  OneFunction object(+[](void *, uint32_t start, uint32_t capacity, HSTRING *block,
+                         uint32_t *actual) WRT_ABI -> HRESULT {
+    for (uint32_t i = 0; i < std::min(capacity, delivered); ++i)
+      makeString(std::u16string(start, u'x'), &block[i]);
+    *actual = delivered;
+    return start < 9 ? 0 : kFailure;
+  });
+  expectLeftover({.strings = 3});
+  delivered = 2;
+  EXPECT_EQ("xx xx", joined(call(nil, member, 2u, 5u, nullptr)));
+  delivered = 0;
+  EXPECT_EQ(0u, [call(nil, member, 1u, 0u, nullptr) count]) << "an empty range is an empty array";
+  delivered = 1000;
+  EXPECT_EQ("x", joined(call(nil, member, 1u, 1u, nullptr))) << "never more than asked for";
+  delivered = 0;
+  NSError *error = nil;
+  EXPECT_EQ(nil, call(nil, member, 9u, 1u, &error));
+  EXPECT_EQ(kFailure, [error code]);
+}
+
+const Cell cells[] = {
+    {"scalar.all.every_width.normal", widths},
+    {"boolean.all.any_byte.normal", booleans},
+    {"scalar.in.spilled.normal", spills},
+    {"string.return.bulk_read.normal", bulkRead},
+};
+
+} // namespace

@@ -1,0 +1,33 @@
+#ifndef WRT_TESTS_LOG_RECORDER_H
+#define WRT_TESTS_LOG_RECORDER_H
+
+#include <string>
+#include <vector>
+
+namespace wrt::test {
+
+/// A message that reached the logging library.
+struct LogRecord {
+  int level;
+  std::string function;
+  std::string file;
+  std::string text;
+
+  bool operator==(const LogRecord &) const = default;
+};
+
+/// The messages since the recorder was cleared, which each cell does first. The test program's own
+/// `XPLogS` stands in front of the platform's.
+std::vector<LogRecord> logRecords();
+void clearLog();
+
+/// What the logging library answers for a context without a threshold. The recorder leaves contexts
+/// undetermined, so that every log site asks.
+void setLogAnswer(int (*answer)(int level));
+
+/// Tells what `XPLogDetermineLogLevel` was asked last: function and file.
+std::string lastLogQuestion();
+
+} // namespace wrt::test
+
+#endif

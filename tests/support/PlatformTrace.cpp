@@ -1,0 +1,90 @@
+#include "tests/support/PlatformTrace.h"
+
+#include <WRTBridge.h>
+
+#include <dlfcn.h>
+
+#include <utility>
+
+namespace wrt::test {
+
+namespace {
+
+thread_local PlatformTrace *active = nullptr;
+HRESULT duplicateFailure = 0;
+
+void record(const char *function, const void *argument, size_t size = 0) {
+  if (active)
+    active->add({function, argument, size});
+}
+
+/// The platform's own function behind the one that the test program defines.
+template <class Function>
+Function *next(const char *name) {
+  return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+PlatformTrace::PlatformTrace() { active = this; }
+PlatformTrace::~PlatformTrace() { active = nullptr; }
+
+void failNextDuplicate(HRESULT status) { duplicateFailure = status; }
+
+std::string PlatformTrace::names() const {
+  std::string names;
+  for (const PlatformCall &call : calls_)
+    names += (names.empty() ? "" : " ") + call.function;
+  return names;
+}
+
+} // namespace wrt::test
+
+using namespace wrt::test;
+
+extern "C" {
+
+HRESULT WRTHSTRINGRelease(HSTRING string) {
+  static auto *forward = next<HRESULT(HSTRING)>("WRTHSTRINGRelease");
+  record("WRTHSTRINGRelease", string);
+  return forward(string);
+}
+
+HRESULT WRTHSTRINGDuplicate(HSTRING string, HSTRING *copy) {
+  static auto *forward = next<HRESULT(HSTRING, HSTRING *)>("WRTHSTRINGDuplicate");
+  const HRESULT failure = std::exchange(duplicateFailure, 0);
+  return failure < 0 ? failure : forward(string, copy);
+}
+
+uint32_t WRTIUnknownRelease(void *object) {
+  static auto *forward = next<uint32_t(void *)>("WRTIUnknownRelease");
+  record("WRTIUnknownRelease", object);
+  return forward(object);
+}
+
+void WRTIUnknownSafeRelease(void *object) {
+  static auto *forward = next<void(void *)>("WRTIUnknownSafeRelease");
+  record("WRTIUnknownSafeRelease", object);
+  forward(object);
+}
+
+void *WRTTaskMemAlloc(size_t size) {
+  static auto *forward = next<void *(size_t)>("WRTTaskMemAlloc");
+  void *block = forward(size);
+  record("WRTTaskMemAlloc", block, size);
+  return block;
+}
+
+void WRTTaskMemFree(void *block) {
+  static auto *forward = next<void(void *)>("WRTTaskMemFree");
+  record("WRTTaskMemFree", block);
+  forward(block);
+}
+
+HRESULT WRTGetActivationFactory(HSTRING className, const GUID *iid, void **factory) {
+  static auto *forward = next<HRESULT(HSTRING, const GUID *, void **)>("WRTGetActivationFactory");
+  record("WRTGetActivationFactory", iid);
+  return forward(className, iid, factory);
+}
+
+} // extern "C"

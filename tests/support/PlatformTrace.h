@@ -1,0 +1,39 @@
+#ifndef WRT_TESTS_PLATFORM_TRACE_H
+#define WRT_TESTS_PLATFORM_TRACE_H
+
+#include <WRTObjcBridge/WRTTypes.h>
+
+#include <string>
+#include <vector>
+
+namespace wrt::test {
+
+/// One call of the platform interface by the library, seen on the tracing thread.
+struct PlatformCall {
+  std::string function;
+  const void *argument;
+  size_t size = 0;
+};
+
+/// Makes the next `WRTHSTRINGDuplicate` fail with `status`.
+void failNextDuplicate(HRESULT status);
+
+/// Records the calls of allocation and release functions that this thread makes while it lives. The
+/// test program's own functions stand in front of the platform's and forward to them.
+class PlatformTrace {
+public:
+  PlatformTrace();
+  ~PlatformTrace();
+
+  const std::vector<PlatformCall> &calls() const { return calls_; }
+  /// The functions' names, joined by spaces.
+  std::string names() const;
+  void add(PlatformCall call) { calls_.push_back(std::move(call)); }
+
+private:
+  std::vector<PlatformCall> calls_;
+};
+
+} // namespace wrt::test
+
+#endif
