@@ -32,12 +32,13 @@ endfunction()
 #   [OUTPUT_NAME <name>]              <target> without it
 #   [FOLDER <folder>]                 where the results go; CMAKE_BINARY_DIR without it
 #   [ENTRY <symbol>]                  WRTDllEntry without it
+#   [DEFINITION <file>]               a .def file with further exports
 #   [PATCHED])                        links start-up in and gives the image its fixup table
 #
 # Results: <name>.dll, <name>.lib (its import library), <name>.map. They are there only when the image
 # has passed the check of its fixup table. They are the same to the byte for the same objects.
 function(wrt_add_arm_dll target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "PATCHED" "OUTPUT_NAME;FOLDER;ENTRY" "OBJECTS;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "PATCHED" "OUTPUT_NAME;FOLDER;ENTRY;DEFINITION" "OBJECTS;LIBRARIES")
   if(NOT arg_OUTPUT_NAME)
     set(arg_OUTPUT_NAME ${target})
   endif()
@@ -78,6 +79,9 @@ function(wrt_add_arm_dll target)
     ${lists} /merge:.objc_imageinfo=.rdata
     "@${scratch}/objects.rsp")
 
+  if(arg_DEFINITION)
+    list(APPEND link "/def:${arg_DEFINITION}")
+  endif()
   if(arg_PATCHED)
     set(commands
       COMMAND ${link} "/out:${scratch}/first.dll" ${arg_LIBRARIES}
@@ -95,7 +99,8 @@ function(wrt_add_arm_dll target)
     ${check}
     COMMAND ${CMAKE_COMMAND} -E copy "${scratch}/${arg_OUTPUT_NAME}.dll"
             "${scratch}/${arg_OUTPUT_NAME}.lib" "${scratch}/${arg_OUTPUT_NAME}.map" "${arg_FOLDER}"
-    DEPENDS ${files} "${scratch}/objects.rsp" ${arg_LIBRARIES} $<$<BOOL:${arg_PATCHED}>:fixuptable>
+    DEPENDS ${files} "${scratch}/objects.rsp" ${arg_LIBRARIES}
+            ${arg_DEFINITION} $<$<BOOL:${arg_PATCHED}>:fixuptable>
     COMMENT "Linking ${arg_OUTPUT_NAME}.dll" COMMAND_EXPAND_LISTS VERBATIM)
   add_custom_target(${target} ALL DEPENDS "${result}.dll" "${result}.lib" "${result}.map")
 endfunction()
