@@ -87,4 +87,5 @@ add_test(NAME windows.sample.emulated
   COMMAND runemulated runTests ${double_images} ${sample_image} ${images}/sampletest.dll)
 add_test(NAME windows.startup COMMAND startuptests ${sample_image} ${images}/WRTSample_zorvex.map
   ${double_images})
-add_test(NAME windows.images COMMAND imagetests ${sample_image})
+add_test(NAME windows.images COMMAND imagetests ${sample_image}
+  ${CMAKE_CURRENT_SOURCE_DIR}/sample/catalogue.tsv $<TARGET_FILE:fixuptable>)
