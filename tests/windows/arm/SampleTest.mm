@@ -47,7 +47,10 @@ struct SampleObject {
   bool sawText = false;
   int names = 0;
   void *handler = nullptr;
-  SampleObject *child = nullptr;
+    SampleObject *child = nullptr;
+  // What a caller of the interface would release and the bridges do not.
+  HSTRING text = nullptr;
+  void *nameBlock = nullptr;
 };
 
 HRESULT queryInterface(SampleObject *self, const GUID *iid, void **result) {
@@ -61,8 +64,8 @@ HRESULT queryInterface(SampleObject *self, const GUID *iid, void **result) {
 uint32_t addReference(SampleObject *self) { return static_cast<uint32_t>(++self->references); }
 uint32_t release(SampleObject *self) { return static_cast<uint32_t>(--self->references); }
 
-HRESULT getText(SampleObject *, HSTRING *text) {
-  *text = testMakeString(u"Gr\u00fc\u00dfe", 5);
+HRESULT getText(SampleObject *self, HSTRING *text) {
+  *text = self->text = testMakeString(u"Gr\u00fc\u00dfe", 5);
   return 0;
 }
 HRESULT setText(SampleObject *self, HSTRING text) {
@@ -115,9 +118,10 @@ HRESULT setNames(SampleObject *self, int count, HSTRING *names) {
     self->names += hasText(names[i], kExpected[i]);
   return 0;
 }
-HRESULT getNames(SampleObject *, int *count, HSTRING **names) {
+HRESULT getNames(SampleObject *self, int *count, HSTRING **names) {
   *count = 2;
   *names = static_cast<HSTRING *>(WRTTaskMemAlloc(2 * sizeof(HSTRING)));
+  self->nameBlock = *names;
   (*names)[0] = testMakeString(u"x", 1);
   (*names)[1] = testMakeString(u"yz", 2);
   return 0;
@@ -202,6 +206,8 @@ void testStrings(WRTISampleBridge *bridge, SampleObject &object) {
   CHECK(testLiveStrings() == 1);
   CHECK([[NSString stringWithUTF8String:"a literal"] isEqualToString:@"a literal"]);
   CHECK([@"Gr\u00fc\u00dfe" isEqualToString:text]);
+  WRTHSTRINGRelease(object.text);
+  CHECK(testLiveStrings() == 0);
 }
 
 void testValues(WRTISampleBridge *bridge) {
@@ -233,6 +239,8 @@ void testArrays(WRTISampleBridge *bridge, SampleObject &object) {
   CHECK([list count] == 2);
   CHECK([[list objectAtIndex:1] isEqualToString:@"yz"]);
   CHECK(testLiveTaskBlocks() == 1); // a received block is not freed
+  WRTTaskMemFree(object.nameBlock);
+  CHECK(testLiveStrings() == strings);
 }
 
 void testDelegates(WRTISampleBridge *bridge, SampleObject &object) {
@@ -312,7 +320,9 @@ void testActivation() {
 } // namespace
 
 extern "C" OBJC_EXPORT void runTests() {
+#if defined(_WIN32)
   CHECK(testRegisteredImages() >= 2);
+#endif
   const int live = testLiveObjects();
   SampleObject object{sampleTable()};
   WRTISampleBridge *bridge = [[WRTISampleBridge alloc] initWithInner:&object];

@@ -20,10 +20,10 @@ HRESULT invokeBlock(Delegate *self, void *sender, long long value) {
 
 extern "C" {
 
-__declspec(dllexport) extern const char16_t *const WRTSampleClassString;
+WRT_DLLEXPORT extern const char16_t *const WRTSampleClassString;
 const char16_t *const WRTSampleClassString = u"Tests.Sample";
 
-__declspec(dllexport) void *WRTSampleHandlerFromBlock(void *block) {
+WRT_DLLEXPORT void *WRTSampleHandlerFromBlock(void *block) {
   return makeDelegate(block, reinterpret_cast<void *>(invokeBlock));
 }
 }
