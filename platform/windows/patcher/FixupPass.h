@@ -36,9 +36,10 @@ public:
       : records_(records), image_(image), services_(services), body_(services), tail_(services) {}
 
   void run() {
-    for (std::uint32_t i = 0; i < records_.count; ++i)
+    for (std::uint32_t i = 0; i < records_.count; ++i) {
       if (image_.contains(records_[i].target))
         apply(i);
+    }
   }
 
 private:

@@ -24,13 +24,15 @@ public:
   template <class Services>
   ImageHeaders(Address base, Services &services) : base_(base) {
     const std::uint8_t *dos = at(base);
-    if (dos[0] != 'M' || dos[1] != 'Z')
+    if (dos[0] != 'M' || dos[1] != 'Z') {
       services.assertionFailed(
           u"pDOSHeader->e_magic == IMAGE_DOS_SIGNATURE && \"expected a DOS signature\"", __LINE__);
+    }
     const std::uint8_t *nt = at(base + readWord(dos + 0x3C));
-    if (readWord(nt) != 0x00004550)
+    if (readWord(nt) != 0x00004550) {
       services.assertionFailed(
           u"pNTHeaders->Signature == IMAGE_NT_SIGNATURE && \"expected a NT signature\"", __LINE__);
+    }
     count_ = nt[6] | nt[7] << 8;
     headers_ = nt + 24 + (nt[20] | nt[21] << 8);
   }

@@ -12,11 +12,13 @@ namespace {
 
 std::vector<std::string> splitAtTabs(const std::string &line) {
   std::vector<std::string> columns(1);
-  for (const char c : line)
-    if (c == '\t')
+  for (const char c : line) {
+    if (c == '\t') {
       columns.emplace_back();
-    else
+    } else {
       columns.back().push_back(c);
+    }
+  }
   return columns;
 }
 
@@ -28,9 +30,10 @@ std::string nameMethod(const std::string &className, bool isClassMethod,
 }
 
 const ObjCMethod *findMethod(const ObjCClass &owner, const CatalogueEntry &entry) {
-  for (const ObjCMethod &method : owner.methods)
+  for (const ObjCMethod &method : owner.methods) {
     if (method.isClassMethod == entry.isClassMethod && method.selector == entry.selector)
       return &method;
+  }
   return nullptr;
 }
 
@@ -92,10 +95,12 @@ std::vector<std::string> compareWithCatalogue(const Metadata &metadata,
     const auto owner = metadata.classes.find(className);
     if (owner == metadata.classes.end())
       continue;
-    for (const ObjCMethod &method : owner->second.methods)
-      if (!listedMethods.count({className, method.isClassMethod, method.selector}))
+    for (const ObjCMethod &method : owner->second.methods) {
+      if (!listedMethods.count({className, method.isClassMethod, method.selector})) {
         differences.push_back(join(nameMethod(className, method.isClassMethod, method.selector),
                                    ": not in the catalogue"));
+      }
+    }
   }
   return differences;
 }

@@ -52,27 +52,31 @@ FixupTable FixupTable::read(const Image &image) {
     throw FormatError("the section wrtfixup is too small for a fixup table");
   const Rva table = section->rva;
   const Rva tableEnd = table + section->virtualSize - kTrailerSize;
-  for (std::uint32_t i = 0; i < kHeaderSize; ++i)
+  for (std::uint32_t i = 0; i < kHeaderSize; ++i) {
     if (image.u8(table + i) != (i == 12 ? 1 : 0))
       throw FormatError("the fixup table has no header");
+  }
   if ((tableEnd - table) % kRecordSize != 0)
     throw FormatError("the fixup table ends within a record");
 
   FixupTable result;
-  for (Rva record = table + kHeaderSize; record < tableEnd; record += kRecordSize)
+  for (Rva record = table + kHeaderSize; record < tableEnd; record += kRecordSize) {
     result.present.push_back({image.pointer(record), image.u32(record + 4),
                               image.pointer(record + 8), image.u32(record + 12)});
+  }
 
   const auto entries = readLinkerList(image, image.pointer(tableEnd), image.pointer(tableEnd + 4));
   for (const ListEntry &entry : entries) {
     const std::string where = image.describe(entry.target);
     const Section *target = image.sectionAt(entry.target);
-    if (!image.importAt(entry.slot))
+    if (!image.importAt(entry.slot)) {
       throw FormatError(
           join(where, " refers to ", image.describe(entry.slot), ", which is no import slot"));
-    if (!target || target->isExecutable() || entry.bits != 32)
+    }
+    if (!target || target->isExecutable() || entry.bits != 32) {
       throw FormatError(
           join(where, " refers to imported data by ", entry.bits, " bits, not by a data word"));
+    }
     const std::uint32_t addend = image.pointer(entry.target) - entry.slot;
     if (target->name == "cfstring") {
       if (addend != 0 || (entry.target - target->rva) % 16 != 0)
@@ -83,17 +87,19 @@ FixupTable FixupTable::read(const Image &image) {
     }
   }
   std::ranges::sort(result.needed, {}, &FixupRecord::target);
-  for (std::size_t i = 1; i < result.needed.size(); ++i)
+  for (std::size_t i = 1; i < result.needed.size(); ++i) {
     if (result.needed[i].target - result.needed[i - 1].target < 4)
       throw FormatError(join("two fixups overlap at ", image.describe(result.needed[i].target)));
+  }
   return result;
 }
 
 void writeAssembly(const FixupTable &table, std::ostream &out) {
   out << "\t.section\twrtfixup$m,\"dw\"\n\t.p2align\t2\n";
-  for (const FixupRecord &record : table.needed)
+  for (const FixupRecord &record : table.needed) {
     out << "\t.long\t__ImageBase+" << Hex{record.target} << ", " << Hex{record.addend}
         << ", __ImageBase+" << Hex{record.slot} << ", " << Hex{record.kindWord} << '\n';
+  }
 }
 
 std::vector<std::string> checkTable(const Image &image, const FixupTable &table) {
@@ -103,9 +109,10 @@ std::vector<std::string> checkTable(const Image &image, const FixupTable &table)
     const FixupRecord &needed = table.needed[i];
     const FixupRecord &present = table.present[i];
     const auto compare = [&](std::string_view field, std::uint32_t is, std::uint32_t shouldBe) {
-      if (is != shouldBe)
+      if (is != shouldBe) {
         problems.push_back(join(nameRecord(image, i, needed), ": ", field, " is ", Hex{is},
                                 ", should be ", Hex{shouldBe}));
+      }
     };
     compare("target", present.target, needed.target);
     compare("addend", present.addend, needed.addend);
@@ -120,9 +127,10 @@ std::vector<std::string> checkTable(const Image &image, const FixupTable &table)
   const Section *section = image.findSection(kSectionName);
   for (std::size_t i = 0; i < table.present.size(); ++i) {
     const Rva record = section->rva + kHeaderSize + static_cast<Rva>(i) * kRecordSize;
-    if (!image.hasBaseRelocation(record) || !image.hasBaseRelocation(record + 8))
+    if (!image.hasBaseRelocation(record) || !image.hasBaseRelocation(record + 8)) {
       problems.push_back(nameRecord(image, i, table.present[i]) +
                          ": its addresses are not relocated with the image");
+    }
   }
   if (!section->isWritable())
     problems.push_back("the fixup table is not in writable data");

@@ -24,10 +24,11 @@ int facts(const Image &image) {
             << Hex{image.dllCharacteristics()} << "\nsubsystem " << image.subsystem()
             << "\npreferred base " << Hex{image.preferredBase()} << "\nsize in memory "
             << image.size() << "\nentry point " << image.describe(image.entryPoint()) << '\n';
-  for (const Section &section : image.sections())
+  for (const Section &section : image.sections()) {
     std::cout << "section " << section.name << ' ' << (section.isReadable() ? 'r' : '-')
               << (section.isWritable() ? 'w' : '-') << (section.isExecutable() ? 'x' : '-') << ' '
               << section.virtualSize << " bytes\n";
+  }
   for (const Export &each : image.exports())
     std::cout << "export " << each.name << '\n';
   for (const Import &import : image.imports())

@@ -29,10 +29,10 @@ private:
 
 /// Field numbers of the structures that are read.
 namespace class_field {
-enum { kMetaclass, kSuperclass, kCache, kVtable, kData };
+enum : std::uint8_t { kMetaclass, kSuperclass, kCache, kVtable, kData };
 }
 namespace data_field {
-enum {
+enum : std::uint8_t {
   kFlags,
   kStart,
   kSize,
@@ -46,7 +46,7 @@ enum {
 };
 }
 namespace protocol_field {
-enum {
+enum : std::uint8_t {
   kIsa,
   kName,
   kAdopted,
@@ -79,9 +79,10 @@ public:
 private:
   template <class Each>
   void readList(Rva begin, Rva end, Each each) {
-    for (Rva entry = begin; entry < end; entry += 4)
+    for (Rva entry = begin; entry < end; entry += 4) {
       if (image_.u32(entry) != 0) // padding between the contributions of object files
         each(image_.pointer(entry));
+    }
   }
 
   std::string className(Rva address) const {
@@ -186,9 +187,10 @@ private:
       return;
     const Rva list = owner.pointer(field);
     const Words header(image_, list);
-    if ((header.number(0) & ~3u) != size)
+    if ((header.number(0) & ~3u) != size) {
       throw FormatError(join("a list at ", image_.describe(list), " has entries of ",
                              header.number(0), " bytes instead of ", size));
+    }
     for (std::uint32_t i = 0; i < header.number(1); ++i)
       each(Words(image_, list + 8 + i * size));
   }
@@ -232,9 +234,10 @@ const ObjCMethod *Metadata::findProtocolMethod(const std::string &className,
     const auto protocol = protocols.find(name);
     if (protocol == protocols.end() || !seen.insert(name).second)
       continue;
-    for (const ObjCMethod &method : protocol->second.methods)
+    for (const ObjCMethod &method : protocol->second.methods) {
       if (method.isClassMethod == isClassMethod && method.selector == selector)
         return &method;
+    }
     waiting.insert(waiting.end(), protocol->second.adopted.rbegin(),
                    protocol->second.adopted.rend());
   }
@@ -248,14 +251,16 @@ void writeText(const Metadata &metadata, std::ostream &out) {
       out << " : " << each.superclass;
     writeNames(each.protocols, out);
     out << " size " << each.instanceSize << '\n';
-    for (const ObjCVariable &variable : each.variables)
+    for (const ObjCVariable &variable : each.variables) {
       out << "  variable " << variable.name << ' ' << variable.encoding << " at " << variable.offset
           << '\n';
+    }
     for (const ObjCProperty &property : each.properties)
       out << "  property " << property.name << ' ' << property.attributes << '\n';
-    for (const ObjCMethod &method : each.methods)
+    for (const ObjCMethod &method : each.methods) {
       out << "  " << (method.isClassMethod ? '+' : '-') << ' ' << method.selector << ' '
           << method.encoding << '\n';
+    }
   }
   for (const auto &[name, each] : metadata.protocols) {
     out << "protocol " << name;
@@ -263,10 +268,11 @@ void writeText(const Metadata &metadata, std::ostream &out) {
     out << '\n';
     for (const ObjCProperty &property : each.properties)
       out << "  property " << property.name << ' ' << property.attributes << '\n';
-    for (const ObjCMethod &method : each.methods)
+    for (const ObjCMethod &method : each.methods) {
       out << "  " << (method.isOptional ? "optional " : "") << (method.isClassMethod ? '+' : '-')
           << ' ' << method.selector << ' ' << method.encoding << ' ' << method.extendedEncoding
           << '\n';
+    }
   }
 }
 

@@ -76,7 +76,8 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
   const std::uint32_t sectionCount = reader.u16(nt + 6);
   image.timestamp_ = reader.u32(nt + 8);
   const std::size_t symbols = reader.u32(nt + 12);
-  const std::size_t stringTable = symbols ? symbols + 18u * reader.u32(nt + 16) : 0;
+  const std::size_t symbolCount = reader.u32(nt + 16);
+  const std::size_t stringTable = symbols ? symbols + 18 * symbolCount : 0;
   const std::uint32_t optionalSize = reader.u16(nt + 20);
   image.characteristics_ = reader.u16(nt + 22);
   const std::size_t optional = nt + 24;
@@ -95,8 +96,8 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
 
   image.memory_.resize(size);
   std::copy_n(reader.bytes(0, headerSize), headerSize, image.memory_.begin());
-  for (std::uint32_t i = 0; i < sectionCount; ++i) {
-    const std::size_t header = optional + optionalSize + 40u * i;
+  for (std::size_t i = 0; i < sectionCount; ++i) {
+    const std::size_t header = optional + optionalSize + 40 * i;
     Section section;
     section.name = reader.sectionName(header, stringTable);
     section.virtualSize = reader.u32(header + 8);
@@ -112,8 +113,8 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
   }
 
   const std::uint32_t directories = reader.u32(optional + 92);
-  const auto directory = [&](std::uint32_t index) {
-    const std::size_t entry = optional + 96 + 8u * index;
+  const auto directory = [&](std::size_t index) {
+    const std::size_t entry = optional + 96 + 8 * index;
     return index < directories ? Directory{reader.u32(entry), reader.u32(entry + 4)} : Directory{};
   };
   image.readExports(directory(0));
@@ -178,9 +179,10 @@ void Image::readImports(Directory directory) {
     const std::string library = string(u32(entry + 12));
     const Rva slots = u32(entry + 16);
     const Rva names = u32(entry) ? u32(entry) : slots;
-    for (std::uint32_t i = 0; const std::uint32_t value = u32(names + 4 * i); ++i) {
+    for (Rva offset = 0; u32(names + offset) != 0; offset += 4) {
+      const std::uint32_t value = u32(names + offset);
       std::string name = value >> 31 ? join("#", value & 0xFFFF) : string(value + 2);
-      imports_.push_back({library, std::move(name), slots + 4 * i});
+      imports_.push_back({library, std::move(name), slots + offset});
     }
   }
   std::ranges::sort(imports_, {}, &Import::slot);

@@ -57,9 +57,10 @@ private:
       const auto count = std::ranges::count(image_.sections(), name, &Section::name);
       require(count == 1, count, " sections are called ", name);
     }
-    for (const Section &section : image_.sections())
+    for (const Section &section : image_.sections()) {
       require(!section.isWritable() || !section.isExecutable(), section.name,
               " is writable and executable");
+    }
   }
 
   void checkExports(const std::set<std::string> &functions) {
@@ -87,18 +88,20 @@ private:
   }
 
   void checkCode() {
-    for (const auto &[name, each] : metadata_.classes)
+    for (const auto &[name, each] : metadata_.classes) {
       for (const ObjCMethod &method : each.methods) {
         const Section *section = image_.sectionAt(method.implementation & ~1u);
         require((method.implementation & 1) && section && section->isExecutable(), name, ' ',
                 method.selector, " is implemented at ", image_.describe(method.implementation));
       }
+    }
     for (const Section &section : image_.sections()) {
       if (section.name != "objclist")
         continue;
-      for (Rva word = section.rva; word + 4 <= section.rva + section.virtualSize; word += 4)
+      for (Rva word = section.rva; word + 4 <= section.rva + section.virtualSize; word += 4) {
         require(image_.u32(word) == 0 || image_.hasBaseRelocation(word), "the address at ",
                 image_.describe(word), " is not relocated with the image");
+      }
     }
   }
 

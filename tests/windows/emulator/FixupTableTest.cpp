@@ -64,8 +64,9 @@ TEST_F(FixupTableCheck, TheToolFailsForAStaleTable) {
   const FixupRecord &record = good.present[1];
   const std::uint32_t words[] = {image.preferredBase() + record.target, record.addend,
                                  image.preferredBase() + record.slot, record.kindWord};
-  const auto *pattern = reinterpret_cast<const std::uint8_t *>(words);
-  const auto found = std::search(bytes.begin(), bytes.end(), pattern, pattern + sizeof words);
+  std::vector<std::uint8_t> pattern(sizeof words);
+  std::memcpy(pattern.data(), words, sizeof words);
+  const auto found = std::search(bytes.begin(), bytes.end(), pattern.begin(), pattern.end());
   ASSERT_NE(found, bytes.end());
   found[0] ^= 4; // the target's lowest byte
   const std::string file = testing::TempDir() + "stale.dll";

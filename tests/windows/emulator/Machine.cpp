@@ -137,9 +137,10 @@ std::uint32_t Machine::call(Address function, const std::vector<std::uint32_t> &
   if (failure_)
     std::rethrow_exception(failure_);
   const Address pc = readRegister(UC_ARM_REG_PC);
-  if (error != UC_ERR_OK)
+  if (error != UC_ERR_OK) {
     throw Fault(pe::join(uc_strerror(error), " at ", describe(pc), ", called from ",
                          describe(readRegister(UC_ARM_REG_LR) & ~1u)));
+  }
   if ((pc & ~1u) != kReturn)
     throw Fault(pe::join("still running at ", describe(pc), " when the time was over"));
   return readRegister(UC_ARM_REG_R0);
@@ -158,9 +159,10 @@ void Machine::atHostFunction(Address address) {
     return;
   try {
     const auto function = functions_.find(name->second);
-    if (function == functions_.end())
+    if (function == functions_.end()) {
       throw Fault(pe::join(name->second, " is called and there is no such function; called from ",
                            describe(readRegister(UC_ARM_REG_LR) & ~1u)));
+    }
     const std::uint32_t result = function->second(HostCall(*this));
     check(uc_reg_write(engine_, UC_ARM_REG_R0, &result), "result");
   } catch (...) {

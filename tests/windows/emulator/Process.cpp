@@ -90,9 +90,10 @@ Module &Process::load(const std::filesystem::path &file) {
   machine_.map(module->base, size);
   machine_.write(module->base, memory.data(), static_cast<std::uint32_t>(memory.size()));
   setProtection(module->base, size, kPageReadOnly);
-  for (const pe::Section &section : image.sections())
+  for (const pe::Section &section : image.sections()) {
     setProtection(module->address(section.rva), wholePages(section.virtualSize),
                   protectionOf(section));
+  }
   modules_.push_back(std::move(module));
   return *modules_.back();
 }

@@ -72,10 +72,11 @@ private:
       const auto found = process_.programExports.find(name);
       return found == process_.programExports.end() ? 0 : found->second;
     }
-    if (call[0] == kKernelBase)
+    if (call[0] == kKernelBase) {
       return process_.hasGetModuleInformation && name == "GetModuleInformation"
                  ? machine_.hostFunction(name)
                  : 0;
+    }
     const Module *module = process_.moduleAt(call[0]);
     if (!module || module->base != call[0])
       throw Fault(pe::join("GetProcAddress of module ", pe::Hex{call[0]}));

@@ -48,9 +48,10 @@ TEST_F(ConstantStrings, ClassWordsInTheImportSectionAreReplaced) {
   process.poke32(pageAt(1), 0xCAFE0001);
   process.poke32(pageAt(1) + 0x3C, 0xCAFE0002);
   const std::uint32_t words[] = {pageAt(1), pageAt(1) + 0x3C, pageAt(1) + 0x40, pageAt(1) - 4, 0};
-  for (std::uint32_t i = 0; i < 5; ++i)
+  for (std::uint32_t i = 0; i < 5; ++i) {
     for (std::uint32_t field = 0; field < 4; ++field)
       process.poke32(pageAt(2) + 16 * i + 4 * field, field == 0 ? words[i] : pageAt(1));
+  }
   // A word behind the section, which looks like a string's.
   process.poke32(pageAt(2) + 5 * 16, pageAt(1));
 

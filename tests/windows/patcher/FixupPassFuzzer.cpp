@@ -32,6 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   if (size < kPages + 1)
     return 0;
   std::vector<std::uint32_t> layout;
+  layout.reserve(kPages);
   for (std::uint32_t i = 0; i < kPages; ++i)
     layout.push_back(kChoices[data[i] % 5]);
   const std::uint8_t flags = data[kPages];
@@ -44,9 +45,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
   TestTable table;
   if (flags & 4) {
     // Arbitrary records, but for their slots: those are the loader's and can be read.
-    for (; size >= 16; data += 16, size -= 16)
+    for (; size >= 16; data += 16, size -= 16) {
       table.add(readWord(data), readWord(data + 4), slotAt(readWord(data + 8), process),
                 readWord(data + 12));
+    }
     table.bytes().insert(table.bytes().end(), data, data + size);
   } else {
     // Records of few bytes, whose targets lie at the ends of pages, the image's among them.

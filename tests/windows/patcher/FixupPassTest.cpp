@@ -77,10 +77,11 @@ TEST_F(FixupPass, EveryOtherKindAborts) {
   for (std::uint32_t kind = 0; kind <= 0xFF; ++kind) {
     TestTable table;
     table.add(kWritable, 0, kSlot, kind << 4);
-    if (kind == 0 || kind == 1 || kind == 0x11)
+    if (kind == 0 || kind == 1 || kind == 0x11) {
       EXPECT_NO_THROW(table.apply(process)) << kind;
-    else
+    } else {
       EXPECT_THROW(table.apply(process), Aborted) << kind;
+    }
   }
   // A record outside the image is skipped whatever its kind.
   EXPECT_NO_THROW(TestTable().add(process.imageEnd(), 0, kSlot, 0x20).apply(process));
@@ -90,9 +91,10 @@ TEST_F(FixupPass, TargetsOutsideTheImageAreSkipped) {
   const auto before = process.image();
   TestTable table;
   for (const Address target : {0u, 4u, kBase - 4, kBase - 1, process.imageEnd(),
-                               process.imageEnd() + 1, 0xFFFFFFFCu, 0xFFFFFFFFu})
+                               process.imageEnd() + 1, 0xFFFFFFFCu, 0xFFFFFFFFu}) {
     for (const std::uint32_t kind : {kWord, kPair})
       table.add(target, 0, kSlot, kind);
+  }
   // These begin inside and would end outside.
   table.add(process.imageEnd() - 2, 0, kSlot, kWord).add(process.imageEnd() - 6, 0, kSlot, kPair);
   table.apply(process);
@@ -231,14 +233,17 @@ TEST(FixupPassModel, RandomTablesGiveWhatThePlainRuleGives) {
       Address slot;
     };
     std::vector<Entry> entries;
-    for (int i = 0; i < 60; ++i)
+    entries.reserve(80);
+    for (int i = 0; i < 60; ++i) {
       entries.push_back({kBase + kPage + random() % (7 * kPage - 4) / 2 * 2, random(),
                          kBase + (random() >> 8) % 16 * 4});
+    }
     // Overlaps at page ends, and records that stand twice.
-    for (int i = 0; i < 10; ++i)
+    for (int i = 0; i < 10; ++i) {
       entries.push_back({entries[i].target + 2 > process.imageEnd() - 4 ? entries[i].target
                                                                         : entries[i].target + 2,
                          random(), kBase});
+    }
     std::ranges::sort(entries, {}, &Entry::target);
     const auto twice = std::ranges::unique(entries, {}, &Entry::target);
     entries.erase(twice.begin(), twice.end());

@@ -109,13 +109,15 @@ void *TestProcess::getModuleHandle(const char16_t *name) {
 }
 
 void *TestProcess::getProcAddress(void *module, const char *name) {
-  if (module == &kernelHandle)
+  if (module == &kernelHandle) {
     return hasGetModuleInformation && name == std::string("GetModuleInformation")
                ? reinterpret_cast<void *>(getModuleInformation)
                : nullptr;
-  for (auto &[_, exports] : modules)
+  }
+  for (auto &[_, exports] : modules) {
     if (&exports == module && exports.count(name))
       return exports[name];
+  }
   return nullptr;
 }
 
