@@ -89,3 +89,13 @@ add_test(NAME windows.startup COMMAND startuptests ${sample_image} ${images}/WRT
   ${double_images})
 add_test(NAME windows.images COMMAND imagetests ${sample_image}
   ${CMAKE_CURRENT_SOURCE_DIR}/sample/catalogue.tsv $<TARGET_FILE:fixuptable>)
+
+# The product itself, in the builds that link it.
+if(TARGET WRTObjcBridge)
+  set(product ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll)
+  add_test(NAME windows.product.rules COMMAND inspectimage check ${product}
+    WRTCreateNSStringFromHSTRING WRTCreateHSTRINGFromNSString WRTCreateNSErrorFromHRESULT
+    WRTCreateNSDataFromIBuffer WRTCreateWRTRandomAccessReferenceBridgeFromNSData
+    WRTCreateNSDataFromRandomAccessStreamReference)
+  add_test(NAME windows.product.metadata COMMAND inspectimage compare ${product} ${WRT_CATALOGUE})
+endif()

@@ -46,7 +46,8 @@ std::vector<CatalogueEntry> readCatalogue(const std::filesystem::path &file) {
   std::vector<CatalogueEntry> entries;
   std::string line;
   for (int number = 1; std::getline(stream, line); ++number) {
-    if (line.empty() || line[0] == '#')
+    const bool isHeading = number == 1 && line.starts_with("class\t");
+    if (line.empty() || line[0] == '#' || isHeading)
       continue;
     const auto columns = splitAtTabs(line);
     if (columns.size() != 7 || (columns[1] != "+" && columns[1] != "-"))

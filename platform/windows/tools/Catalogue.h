@@ -24,7 +24,8 @@ struct CatalogueEntry {
 
 /// Reads a catalogue: tab-separated, one line per method with the columns class, `+` or `-`,
 /// selector, encoding, extended encoding, interface, slot. An empty column or `-` stands for
-/// nothing; lines that begin with `#` are comments. Throws `FormatError` with the line's number.
+/// nothing; a first line with the columns' names and lines that begin with `#` are passed over.
+/// Throws `FormatError` with the line's number.
 std::vector<CatalogueEntry> readCatalogue(const std::filesystem::path &file);
 
 /// What differs between a catalogue and an image's methods, one line each: methods that are
