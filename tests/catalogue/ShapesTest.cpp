@@ -77,12 +77,13 @@ TEST(SurfaceTotals, ClassesAndMethods) {
         << line.name;
   }
   for (const auto &[name, methods] : catalogueTable()) {
-    if (isCoreClass(name))
-      continue;
+    const bool isCore = isCoreClass(name); // its methods count as members, whatever they do
     for (const CatalogueMethod &method : methods) {
       const std::string side = method.side == '+' ? "class " : "instance ";
-      ++counts[method.isActivation() ? "activation"
-                                     : side + (method.isMember() ? "member" : "accessor")];
+      if (isCore || method.isMember())
+        ++counts[side + "member"];
+      else
+        ++counts[method.isActivation() ? "activation" : side + "accessor"];
     }
   }
   const std::map<std::string, size_t> expected = {
