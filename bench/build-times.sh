@@ -58,7 +58,7 @@ generator=$(timed "$build/bridgegen" --output "$copy/generated" \
 
 # One member more in one interface.
 changed=$copy/catalogue/Windows.UI.Popups/Windows.UI.Popups.idl
-sed -i '/full interface IUICommand/,/}/ s/^}/    Int32 Added { get; }\n}/' "$changed"
+sed -i '/full interface IUICommand {/,/^}/ s/^}/    Int32 Added { get; }\n}/' "$changed"
 grep -q 'Int32 Added' "$changed" || {
   printf 'build-times: the declaration to change is not there\n' >&2
   exit 1
