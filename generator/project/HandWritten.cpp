@@ -22,13 +22,14 @@ std::vector<HandWrittenClass> readHandWritten(const Source &source, Diagnostics 
       continue;
     const long tabs = std::ranges::count(line, '\t');
     const std::string name = line.substr(0, line.find('\t'));
-    if (tabs == kTabsOfClass)
+    if (tabs == kTabsOfClass) {
       classes.push_back({name, line.substr(name.size() + 1), {}});
-    else if (tabs == kTabsOfMethod && !classes.empty() && classes.back().name == name)
+    } else if (tabs == kTabsOfMethod && !classes.empty() && classes.back().name == name) {
       classes.back().methods.push_back(line);
-    else
+    } else {
       diagnostics.error({&source, number, 1},
                         "expected a class and its superclass, or a method of the class above");
+    }
   }
   return classes;
 }

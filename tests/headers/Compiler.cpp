@@ -21,7 +21,7 @@ std::string quoted(const std::string &argument) {
 
 } // namespace
 
-Compiler::Compiler(fs::path includeFolder, std::vector<std::string> command)
+Compiler::Compiler(fs::path includeFolder, const std::vector<std::string> &command)
     : includeFolder_(std::move(includeFolder)) {
   for (const std::string &argument : command)
     command_ += quoted(argument) + " ";

@@ -21,7 +21,7 @@ class Compiler {
 public:
   /// `includeFolder` is the one that holds `WRTObjcBridge/`; `command` the compiler and its flags,
   /// `-Werror` among them.
-  Compiler(std::filesystem::path includeFolder, std::vector<std::string> command);
+  Compiler(std::filesystem::path includeFolder, const std::vector<std::string> &command);
 
   /// Checks a source of `header` and nothing else, in one of the languages of `-x`. May
   /// be called on several threads at once.

@@ -21,7 +21,7 @@ void addMethods(Class type, char side, Methods &methods) {
   Method *list = class_copyMethodList(type, &count);
   for (unsigned i = 0; i < count; ++i)
     methods.insert(side + std::string(sel_getName(method_getName(list[i]))));
-  free(list);
+  free(static_cast<void *>(list));
 }
 
 Methods methodsOf(Class type) {
