@@ -51,16 +51,24 @@ constexpr int32_t propertyTypeOf(const PropertyContent &content) {
   return index <= kOtherType ? index : kFirstArray + index - (kOtherType + 1);
 }
 
-/// Whether `T` is a type that numbers are converted to and from, and what else it is no number for:
-/// characters and booleans are none.
+/// Whether `T` is a type that numbers are converted to and from; characters and booleans are none.
 template <class T>
 inline constexpr bool kIsNumeric =
     std::is_arithmetic_v<Stored<T>> && !std::is_same_v<T, Char16> && !std::is_same_v<T, Boolean>;
 
+namespace detail {
+
+template <class Held, class... Alternatives>
+constexpr bool isAmong(const std::variant<Alternatives...> *) {
+  return (std::is_same_v<Held, Alternatives> || ...);
+}
+
+} // namespace detail
+
 /// Whether a property value can hold `T`; references to other types hold it themselves.
 template <class T>
 inline constexpr bool kIsPropertyType =
-    requires(PropertyContent content) { std::get<Scalar<T>>(content); };
+    detail::isAmong<Scalar<T>>(static_cast<const PropertyContent *>(nullptr));
 
 } // namespace wrt::component
 
