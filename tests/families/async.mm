@@ -1,6 +1,7 @@
 // Asynchronous operations: handlers before and after completion, results, cancellation, progress.
 
 #include "tests/families/Families.h"
+#include "tests/families/Throwing.h"
 
 #import <WRTObjcBridge/IAsyncOperation.h>
 #import <WRTObjcBridge/IAsyncOperationWithProgress.h>
@@ -12,7 +13,6 @@
 #include <abi/Windows.Storage.abi.h>
 
 #include <array>
-#include <stdexcept>
 #include <thread>
 
 namespace wrt::test {
@@ -262,11 +262,8 @@ void resultsFailing() {
 // What a component's work throws is a failure of the operation.
 void workThrows() {
   PoolDrained drained;
-  UIntOperation outOfMemory = startedOperation<UInt32>(
-      [UIntBridge class], [](const Work<> &, uint32_t &) -> HRESULT { throw std::bad_alloc(); });
-  UIntOperation other = startedOperation<UInt32>(
-      [UIntBridge class],
-      [](const Work<> &, uint32_t &) -> HRESULT { throw std::runtime_error("no"); });
+  UIntOperation outOfMemory = [UIntBridge bridgeTransfer:startThrowing(true)];
+  UIntOperation other = [UIntBridge bridgeTransfer:startThrowing(false)];
   waitForPool();
   NSError *error = nil;
   [outOfMemory getResultsWithError:&error];

@@ -9,6 +9,7 @@
 #include "platform/linux/components/values/PropertyTypes.h"
 #include "platform/linux/components/values/ReferenceInterfaces.h"
 
+#include <WRTObjcBridge/types/Windows.UI.h>
 #include <abi/IAsyncOperation.abi.h>
 #include <abi/IAsyncOperationWithProgress.abi.h>
 #include <abi/IIterable.abi.h>
@@ -23,7 +24,6 @@
 #include <abi/Windows.Foundation.Collections.abi.h>
 #include <abi/Windows.Storage.Streams.abi.h>
 #include <abi/Windows.Storage.abi.h>
-#include <WRTObjcBridge/types/Windows.UI.h>
 
 namespace wrt::component {
 namespace {
