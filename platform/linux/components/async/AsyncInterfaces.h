@@ -5,6 +5,7 @@
 
 #include "platform/linux/components/generic/Types.h"
 
+#include <abi/Windows.Foundation.abi.h>
 #include <type_traits>
 
 namespace wrt::component {
@@ -16,18 +17,7 @@ inline constexpr int32_t kCanceled = 2;
 inline constexpr int32_t kError = 3;
 
 /// The control interface that every operation has.
-struct IAsyncInfo : abi::IInspectable {
-  static constexpr GUID kIid{0x00000036, 0x0000, 0x0000, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-
-  virtual HRESULT WRT_ABI get_Id(uint32_t *id) = 0;
-  virtual HRESULT WRT_ABI get_Status(int32_t *status) = 0;
-  virtual HRESULT WRT_ABI get_ErrorCode(HRESULT *errorCode) = 0;
-  virtual HRESULT WRT_ABI Cancel() = 0;
-  virtual HRESULT WRT_ABI Close() = 0;
-
-protected:
-  ~IAsyncInfo() = default;
-};
+using abi::IAsyncInfo;
 
 /// The interface of an operation with that result and progress; either may be `void`:
 /// `IAsyncAction`, `IAsyncActionWithProgress<P>`, `IAsyncOperation<R>` or
