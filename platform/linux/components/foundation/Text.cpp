@@ -64,6 +64,24 @@ void append(std::string &bytes, char32_t character) {
   }
 }
 
+/// UTF-8; lone surrogates that stand for bytes become these if `restoresBytes`.
+std::string encode(std::u16string_view text, bool restoresBytes) {
+  const auto isHigh = [](char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; };
+  const auto isLow = [](char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; };
+  std::string bytes;
+  bytes.reserve(text.size());
+  for (size_t i = 0; i < text.size(); ++i) {
+    const char16_t unit = text[i];
+    if (isHigh(unit) && i + 1 < text.size() && isLow(text[i + 1]))
+      append(bytes, 0x10000 + (char32_t(unit - 0xD800) << 10) + char32_t(text[++i] - 0xDC00));
+    else if (restoresBytes && unit >= kByteSurrogates + 0x80 && unit <= kByteSurrogates + 0xFF)
+      bytes += static_cast<char>(unit - kByteSurrogates);
+    else
+      append(bytes, isHigh(unit) || isLow(unit) ? kReplacement : char32_t(unit));
+  }
+  return bytes;
+}
+
 } // namespace
 
 std::u16string toUtf16(std::string_view bytes) {
@@ -93,21 +111,8 @@ std::optional<std::u16string> decodeUtf8(std::string_view bytes) {
   return text;
 }
 
-std::string toUtf8(std::u16string_view text) {
-  const auto isHigh = [](char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; };
-  const auto isLow = [](char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; };
-  std::string bytes;
-  bytes.reserve(text.size());
-  for (size_t i = 0; i < text.size(); ++i) {
-    const char16_t unit = text[i];
-    if (isHigh(unit) && i + 1 < text.size() && isLow(text[i + 1]))
-      append(bytes, 0x10000 + (char32_t(unit - 0xD800) << 10) + char32_t(text[++i] - 0xDC00));
-    else if (unit >= kByteSurrogates + 0x80 && unit <= kByteSurrogates + 0xFF)
-      bytes += static_cast<char>(unit - kByteSurrogates);
-    else
-      append(bytes, isHigh(unit) || isLow(unit) ? kReplacement : char32_t(unit));
-  }
-  return bytes;
-}
+std::string toUtf8(std::u16string_view text) { return encode(text, true); }
+
+std::string encodeUtf8(std::u16string_view text) { return encode(text, false); }
 
 } // namespace wrt::components

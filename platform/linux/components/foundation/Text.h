@@ -15,11 +15,14 @@ std::u16string toUtf16(std::string_view bytes);
 /// The bytes behind a text made by `toUtf16`. Other lone surrogates become U+FFFD.
 std::string toUtf8(std::u16string_view text);
 
+/// UTF-8 for text that is to be read as text: every lone surrogate becomes U+FFFD.
+std::string encodeUtf8(std::u16string_view text);
+
 /// UTF-16 for UTF-8 that must be in order; nothing when it is not.
 std::optional<std::u16string> decodeUtf8(std::string_view bytes);
 
 inline std::filesystem::path toPath(std::u16string_view text) { return toUtf8(text); }
-inline std::u16string toUtf16(const std::filesystem::path &path) {
+inline std::u16string textOf(const std::filesystem::path &path) {
   return toUtf16(std::string_view(path.native()));
 }
 

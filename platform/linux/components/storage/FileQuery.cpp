@@ -45,7 +45,7 @@ HRESULT findFiles(const Path &folder, const FileQuery &query, std::vector<Listed
   std::erase_if(*files, [&](const Listed &item) {
     if (item.kind != ItemKind::kFile)
       return true;
-    const std::u16string type = lowerCase(toUtf16(item.path.extension()));
+    const std::u16string type = lowerCase(textOf(item.path.extension()));
     return !all && std::ranges::find(types, type) == types.end();
   });
   if (query.order == FileOrder::kByName)

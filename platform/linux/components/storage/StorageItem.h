@@ -109,7 +109,7 @@ public:
       return status::kPointer;
     if (kType != kFileType)
       return makeString(u"File folder", type);
-    std::u16string extension = toUtf16(path().extension());
+    std::u16string extension = textOf(path().extension());
     std::ranges::transform(extension, extension.begin(), [](char16_t c) {
       return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c;
     });
@@ -162,7 +162,7 @@ protected:
   }
 
   static HRESULT text(const Path &path, HSTRING *result) {
-    return result == nullptr ? status::kPointer : makeString(toUtf16(path), result);
+    return result == nullptr ? status::kPointer : makeString(textOf(path), result);
   }
 
   /// Answers a call with an argument that makes no sense.

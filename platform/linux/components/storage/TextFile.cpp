@@ -51,7 +51,7 @@ HRESULT readText(const Path &path, std::optional<TextEncoding> wanted, std::u16s
 
 HRESULT writeText(const Path &path, TextEncoding encoding, std::u16string_view text, bool append) {
   if (encoding == TextEncoding::kUtf8)
-    return writeFile(path, toUtf8(text), append);
+    return writeFile(path, encodeUtf8(text), append);
   std::string bytes(append ? std::string_view() : markOf(encoding));
   for (const char16_t unit : text) {
     const char halves[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
