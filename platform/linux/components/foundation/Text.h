@@ -2,6 +2,8 @@
 #ifndef WRT_COMPONENTS_TEXT_H
 #define WRT_COMPONENTS_TEXT_H
 
+#include <WRTObjcBridge/WRTTypes.h>
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -11,9 +13,9 @@ namespace wrt::components {
 
 /// UTF-16 for text that need not be UTF-8, as file names need not: a byte that is none becomes a
 /// lone surrogate (U+DC00 plus the byte), which `toUtf8` turns back into it.
-std::u16string toUtf16(std::string_view bytes);
+WRT_DLLEXPORT std::u16string toUtf16(std::string_view bytes);
 /// The bytes behind a text made by `toUtf16`. Other lone surrogates become U+FFFD.
-std::string toUtf8(std::u16string_view text);
+WRT_DLLEXPORT std::string toUtf8(std::u16string_view text);
 
 /// UTF-8 for text that is to be read as text: every lone surrogate becomes U+FFFD.
 std::string encodeUtf8(std::u16string_view text);

@@ -23,12 +23,12 @@ using InputStreamRef = Ref<abi::IInputStream>;
 
 /// The buffer's room (`get_Capacity`) or content (`get_Length`), borrowed from it. Fails with
 /// `E_INVALIDARG` for null and for a buffer whose bytes cannot be had.
-HRESULT roomOf(abi::IBuffer *buffer, std::span<uint8_t> *bytes);
+WRT_DLLEXPORT HRESULT roomOf(abi::IBuffer *buffer, std::span<uint8_t> *bytes);
 HRESULT contentOf(abi::IBuffer *buffer, std::span<const uint8_t> *bytes);
 
 /// A new buffer with room for `capacity` bytes, all zero, and no content. Null when memory runs
 /// out.
-ComPtr<abi::IBuffer> makeBuffer(uint32_t capacity);
+WRT_DLLEXPORT ComPtr<abi::IBuffer> makeBuffer(uint32_t capacity);
 
 } // namespace wrt::components
 

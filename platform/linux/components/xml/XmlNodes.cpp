@@ -173,7 +173,7 @@ std::string serialize(xmlNode *node) {
   std::string declaration;
   if (node->type == XML_DOCUMENT_NODE) {
     const auto *document = reinterpret_cast<const xmlDoc *>(node);
-    if (document->standalone != -2) {
+    if (document->standalone != kNoDeclaration) {
       declaration = "<?xml version=\"" + text(document->version) + "\"";
       if (document->encoding != nullptr)
         declaration += " encoding=\"UTF-8\"";

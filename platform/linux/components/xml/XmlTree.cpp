@@ -18,10 +18,10 @@ std::pair<std::string, std::string> splitName(const std::string &qualifiedName) 
   return {qualifiedName.substr(0, colon), qualifiedName.substr(colon + 1)};
 }
 
+bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
+
 HRESULT parseStatus(int error) {
   switch (error) {
-  case XML_ERR_DOCUMENT_EMPTY:
-    return kXmlMissingRoot;
   case XML_ERR_TAG_NAME_MISMATCH:
   case XML_ERR_TAG_NOT_FINISHED:
     return kXmlEndTagMismatch;
@@ -66,7 +66,7 @@ void freeLoose(xmlNode *node) {
 } // namespace
 
 XmlTree::XmlTree() : document_(xmlNewDoc(chars("1.0"))) {
-  document_->standalone = -2; // no declaration
+  document_->standalone = kNoDeclaration;
 }
 
 XmlTree::~XmlTree() {
@@ -87,7 +87,7 @@ HRESULT XmlTree::parse(std::string_view text, bool detect, std::shared_ptr<XmlTr
   xmlDoc *document = xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()),
                                        nullptr, detect ? nullptr : "UTF-8", kOptions);
   if (document == nullptr)
-    return text.empty() ? kXmlMissingRoot : parseStatus(context->errNo);
+    return isBlank(text) ? kXmlMissingRoot : parseStatus(context->errNo);
   *tree = std::make_shared<XmlTree>();
   xmlFreeDoc(std::exchange((*tree)->document_, document));
   return status::kOk;

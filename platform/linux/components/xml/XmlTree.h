@@ -21,6 +21,9 @@ inline constexpr HRESULT kXmlInvalid = static_cast<HRESULT>(0xC00CE556);
 inline constexpr HRESULT kXmlMissingRoot = static_cast<HRESULT>(0xC00CE558);
 inline constexpr HRESULT kXmlEndTagMismatch = static_cast<HRESULT>(0xC00CE56D);
 
+/// A document's `standalone` when its text has no XML declaration.
+inline constexpr int kNoDeclaration = -1;
+
 /// A document's nodes, linked to it or not: what was created and not yet inserted, or was removed,
 /// belongs to the tree too and lives as long as it does. So a node's address is valid as long as
 /// somebody holds the tree. All functions on nodes want `mutex` held and nodes of this tree.

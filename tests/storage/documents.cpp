@@ -11,10 +11,7 @@
 #include <abi/Windows.System.UserProfile.abi.h>
 #include <abi/Windows.UI.Xaml.abi.h>
 
-using namespace wrt::test;
-namespace abi = wrt::abi;
-namespace status = wrt::status;
-
+namespace wrt::test {
 namespace {
 
 constexpr HRESULT kInvalid = static_cast<HRESULT>(0x80070057);
@@ -312,3 +309,4 @@ const Cell cells[] = {
 };
 
 } // namespace
+} // namespace wrt::test

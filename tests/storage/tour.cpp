@@ -39,7 +39,7 @@ void ownData() {
   EXPECT_EQ(0, run.status) << run.output;
   for (const char *expected :
        {"XML <planets>, 8 elements, 15 attributes, first <planet>", "PNG picture, 48 x 32",
-        "text, 4 lines, 38 words", "files                      5", "XML documents              2"})
+        "text, 4 lines, 39 words", "files                      5", "XML documents              2"})
     EXPECT_TRUE(contains(run, expected)) << expected << "\n" << run.output;
   const std::string written = contentOf(summary);
   EXPECT_NE(std::string::npos, run.output.find(written)) << "the summary is the table";

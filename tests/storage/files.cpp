@@ -4,11 +4,17 @@
 #include "platform/linux/components/storage/StorageTypes.h"
 #include "tests/storage/StorageFixture.h"
 
+#include <abi/IVector.abi.h>
+
+#include <chrono>
+#include <fcntl.h>
 #include <sys/stat.h>
 
-using namespace wrt::test;
-using namespace wrt::components;
 namespace fs = std::filesystem;
+
+namespace wrt::test {
+
+using namespace components;
 
 namespace {
 
@@ -294,9 +300,8 @@ void properties() {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path path = made.add("page.HTML", "12345");
-  const auto when = fs::file_time_type(std::chrono::clock_cast<std::chrono::file_clock>(
-      std::chrono::sys_days(std::chrono::year(2001) / 2 / 3)));
-  fs::last_write_time(path, when);
+  const timespec when[] = {{981158400, 0}, {981158400, 0}}; // 2001-02-03
+  utimensat(AT_FDCWD, path.c_str(), when, 0);
   ComPtr<abi::IStorageFile> file;
   ASSERT_EQ(0, findFile(path, file));
   ComPtr<abi::IBasicProperties> facts;
@@ -428,3 +433,4 @@ const Cell cells[] = {
 };
 
 } // namespace
+} // namespace wrt::test
