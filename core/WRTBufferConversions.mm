@@ -44,6 +44,13 @@ void logFailure(const char *function, int line, NSString *text) {
   log::write(log::kFailure, logContext, function, line, text);
 }
 
+/// Ends the wait for a stream that could not be read.
+HRESULT failOpening(id semaphore, int line, NSString *text) {
+  logFailure(kOpened, line, text);
+  __zorvex_dispatch_semaphore_signal(semaphore);
+  return 0;
+}
+
 } // namespace
 
 NSData *WRTCreateNSDataFromIBuffer(WRTIBuffer *buffer, unsigned long long length) {
@@ -113,22 +120,17 @@ NSData *WRTCreateNSDataFromRandomAccessStreamReference(
   __block wrt::Retained<NSData *> result;
   const Semaphore done;
   const id semaphore = done.get();
-  const auto fail = ^HRESULT(int line, NSString *text) {
-    logFailure(kOpened, line, text);
-    __zorvex_dispatch_semaphore_signal(semaphore);
-    return 0;
-  };
 
   [opening
       setCompletedWithHandler:^HRESULT(Opened opened, int) {
         NSError *problem = nil;
         const id raw = [opened getResultsWithError:&problem];
         if (!raw || problem)
-          return fail(__LINE__, @"Failed fetching rawStream");
+          return failOpening(semaphore, __LINE__, @"Failed fetching rawStream");
         const unsigned long long size =
             [[WRTIRandomAccessStreamBridge cast:raw] getSizeWithError:&problem];
         if (problem)
-          return fail(__LINE__, @"Failed fetching size of randomAccessStream");
+          return failOpening(semaphore, __LINE__, @"Failed fetching size of randomAccessStream");
         const auto count = static_cast<uint32_t>(size);
         WRTIInputStreamBridge *input = [WRTIInputStreamBridge cast:raw];
         WRTBufferBridge *buffer = [WRTBufferBridge createWithCapacity:count error:&problem];
@@ -138,7 +140,7 @@ NSData *WRTCreateNSDataFromRandomAccessStreamReference(
                                                   error:&problem];
         // Without an operation nobody would ever end the wait.
         if (problem || !reading)
-          return fail(__LINE__, @"Failed initiating ReadAsync on inputStream");
+          return failOpening(semaphore, __LINE__, @"Failed initiating ReadAsync on inputStream");
         [reading
             setCompletedWithHandler:^HRESULT(Read read, int) {
               NSError *failure = nil;
@@ -154,7 +156,8 @@ NSData *WRTCreateNSDataFromRandomAccessStreamReference(
               return 0;
             }
                               error:&problem];
-        return problem ? fail(__LINE__, @"Failed to install handler in read op") : 0;
+        return problem ? failOpening(semaphore, __LINE__, @"Failed to install handler in read op")
+                       : 0;
       }
                         error:&error];
   if (!error)
