@@ -1,5 +1,6 @@
 #include "tests/component/TestObject.h"
 
+#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/string/HString.h"
 
 #include <WRTBridge.h>

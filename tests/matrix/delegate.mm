@@ -2,7 +2,7 @@
 
 #include "tests/matrix/Fixture.h"
 
-#include <thread>
+#include "tests/support/Thread.h"
 
 using namespace wrt::test;
 
@@ -146,7 +146,7 @@ void delegateOnThreads() {
       [pool release];
     }
     const auto object = component::make<TestObject>();
-    std::vector<std::thread> threads;
+    std::vector<Thread> threads;
     for (int i = 0; i < 4; ++i) {
       // Each thread has a reference of its own; the last to end frees the block.
       threads.emplace_back([delegate = keptDelegate(), &object] {
@@ -155,7 +155,7 @@ void delegateOnThreads() {
       });
     }
     dropKeptDelegate();
-    for (std::thread &thread : threads)
+    for (Thread &thread : threads)
       thread.join();
     EXPECT_EQ(1000, *calls);
     EXPECT_EQ(1, tokensDeallocated);

@@ -7,7 +7,7 @@
 
 #import <objc/runtime.h>
 
-#include <thread>
+#include "tests/support/Thread.h"
 
 using namespace wrt::test;
 
@@ -175,7 +175,7 @@ void slotOfEachMember() {
 void otherThread() {
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
   script().count = 17;
-  std::thread([bridge] {
+  Thread([bridge] {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     NSError *error = nil;
     NSMutableArray *array = [NSMutableArray array];
@@ -190,7 +190,7 @@ void otherThread() {
 void manyThreads() {
   resetScript();
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
-  std::vector<std::thread> threads;
+  std::vector<Thread> threads;
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([bridge] {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
@@ -201,7 +201,7 @@ void manyThreads() {
       [pool release];
     });
   }
-  for (std::thread &thread : threads)
+  for (Thread &thread : threads)
     thread.join();
   clearCrossings();
 }
