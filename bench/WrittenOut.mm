@@ -14,6 +14,12 @@ TestInterface *abi(WRTTestInterface *interface) {
   return reinterpret_cast<TestInterface *>(interface);
 }
 
+void addCleanup(NSMutableArray *cleanups, void (^cleanup)(void)) {
+  id copy = objc_retainBlock(cleanup);
+  [cleanups addObject:copy];
+  objc_release(copy);
+}
+
 void runCleanups(NSMutableArray *cleanups) {
   NSEnumerator *enumerator = objc_retain([cleanups reverseObjectEnumerator]);
   for (void (^cleanup)(void) in enumerator)
@@ -100,9 +106,9 @@ void runCleanups(NSMutableArray *cleanups) {
   if (!failure) {
     HSTRING handle = WRTCreateHSTRINGFromNSString(arg);
     NSMutableArray *cleanups = [[NSMutableArray alloc] init];
-    [cleanups addObject:static_cast<id>(^{
-                WRTHSTRINGRelease(handle);
-              })];
+    addCleanup(cleanups, ^{
+      WRTHSTRINGRelease(handle);
+    });
     const HRESULT status = abi(interface)->InString(handle);
     if (status < 0)
       failure = WRTCreateNSErrorFromHRESULT(status);
@@ -142,9 +148,9 @@ void runCleanups(NSMutableArray *cleanups) {
     NSMutableArray *cleanups = nil;
     if (!failure) {
       cleanups = [[NSMutableArray alloc] init];
-      [cleanups addObject:static_cast<id>(^{
-                  WRTIUnknownRelease(object);
-                })];
+      addCleanup(cleanups, ^{
+        WRTIUnknownRelease(object);
+      });
       const HRESULT status = abi(interface)->InInterface(abi(object));
       if (status < 0)
         failure = WRTCreateNSErrorFromHRESULT(status);
@@ -181,14 +187,14 @@ void runCleanups(NSMutableArray *cleanups) {
     const int count = static_cast<int>([arr count]);
     auto *block = static_cast<HSTRING *>(WRTTaskMemAlloc([arr count] * sizeof(HSTRING)));
     NSMutableArray *cleanups = [[NSMutableArray alloc] init];
-    [cleanups addObject:static_cast<id>(^{
-                WRTTaskMemFree(block);
-              })];
+    addCleanup(cleanups, ^{
+      WRTTaskMemFree(block);
+    });
     for (NSUInteger i = 0; i < [arr count]; ++i) {
       block[i] = WRTCreateHSTRINGFromNSString([arr objectAtIndexedSubscript:i]);
-      [cleanups addObject:static_cast<id>(^{
-                  WRTHSTRINGRelease(block[i]);
-                })];
+      addCleanup(cleanups, ^{
+        WRTHSTRINGRelease(block[i]);
+      });
     }
     const HRESULT status = abi(interface)->InStringArray(count, block);
     if (status < 0)
@@ -212,9 +218,9 @@ void runCleanups(NSMutableArray *cleanups) {
     auto *block =
         static_cast<HSTRING *>(WRTTaskMemAlloc(static_cast<size_t>(size) * sizeof(HSTRING)));
     NSMutableArray *cleanups = [[NSMutableArray alloc] init];
-    [cleanups addObject:static_cast<id>(^{
-                WRTTaskMemFree(block);
-              })];
+    addCleanup(cleanups, ^{
+      WRTTaskMemFree(block);
+    });
     int count = 0;
     const HRESULT status = abi(interface)->OutStringArrayPreallocated(size, &count, block);
     if (status < 0) {
@@ -254,9 +260,9 @@ void runCleanups(NSMutableArray *cleanups) {
         });
     void *delegate = WRTTestDelegateFromBlock(adapter);
     NSMutableArray *cleanups = [[NSMutableArray alloc] init];
-    [cleanups addObject:static_cast<id>(^{
-                WRTIUnknownRelease(delegate);
-              })];
+    addCleanup(cleanups, ^{
+      WRTIUnknownRelease(delegate);
+    });
     objc_release(adapter);
     const HRESULT status =
         abi(interface)->InDelegate(static_cast<wrt::abi::TestDelegate *>(delegate));

@@ -17,8 +17,10 @@ target_compile_options(wrt_options INTERFACE -Wall -Wextra -Werror)
 target_include_directories(wrt_options INTERFACE
   ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}/include)
 if(WRT_SANITIZE)
-  target_compile_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE} -fno-sanitize-recover=all
-    -fno-omit-frame-pointer -O1)
+  # What is behind an interface pointer need not be a C++ object, and each side of an interface has
+  # types of its own for its functions.
+  target_compile_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE} -fno-sanitize=vptr,function
+    -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE})
 endif()
 
@@ -35,8 +37,10 @@ else()
   target_include_directories(wrt_objc SYSTEM INTERFACE
     ${WRT_GNUSTEP_INCLUDE} ${WRT_OBJC_INCLUDE}
     ${PROJECT_SOURCE_DIR}/platform/linux/objc/include)
-  # GNUstep Base exports block functions of its own, which must not win.
-  target_link_libraries(wrt_objc INTERFACE -lBlocksRuntime -lgnustep-base -lobjc)
+  # GNUstep Base exports block functions of its own; those of `zorvex` have to be found before them.
+  # `zorvex` itself is an Objective-C library too.
+  target_link_libraries(wrt_objc INTERFACE
+    $<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:NAME>,zorvex>>:zorvex> -lgnustep-base -lobjc)
 endif()
 
 # The library's own code: nothing is thrown and no type information is kept.

@@ -18,7 +18,7 @@ extern XPLogContext coreContext;
 /// Whether a message of `level` from here is to be written: by the context's threshold, or, as long
 /// as that is not determined, by what the logging library says.
 inline bool isEnabled(Level level, XPLogContext &context, const char *function, int line) {
-  const uint32_t threshold = context.threshold;
+  const uint32_t threshold = __atomic_load_n(&context.threshold, __ATOMIC_RELAXED);
   if (threshold != 0)
     return threshold >= static_cast<uint32_t>(level);
   const int answer = XPLogDetermineLogLevel(level, &context, "", function, line);

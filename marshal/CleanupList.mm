@@ -7,7 +7,9 @@ namespace wrt {
 void CleanupList::add(void (^cleanup)(void)) {
   if (!blocks_.get())
     blocks_.replace([[NSMutableArray alloc] init]);
-  [blocks_.get() addObject:static_cast<id>(cleanup)];
+  // The list only retains what it is given, which leaves a block on the stack where it is.
+  const auto copy = Retained<>::adopt(objc_retainBlock(cleanup));
+  [blocks_.get() addObject:copy.get()];
 }
 
 void CleanupList::addRelease(void *object) {

@@ -9,7 +9,8 @@
 extern "C" {
 #endif
 
-/// Adds a reference and returns the object; nil is allowed.
+/// Adds a reference and returns the object; nil is allowed. For a block that is still in a stack
+/// frame counting does nothing.
 id objc_retain(id object);
 /// Drops a reference; nil is allowed.
 void objc_release(id object);

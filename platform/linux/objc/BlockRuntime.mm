@@ -43,7 +43,7 @@ Block *copyToHeap(const Block *source) {
   const Descriptor *descriptor = source->descriptor;
   auto *copy = static_cast<Block *>(allocate(descriptor->size, kWRTLedgerBlocks));
   std::memcpy(copy, source, descriptor->size);
-  copy->isa = _NSConcreteMallocBlock;
+  copy->isa = static_cast<void *>(_NSConcreteMallocBlock);
   copy->flags |= kOnHeap;
   copy->references = 1;
   if ((copy->flags & kHasCopyDispose) != 0)

@@ -31,7 +31,14 @@
   return [self retain];
 }
 
-// What GNUstep inherits to these goes through constructors that give nil for such units.
+- (void)checkRange:(NSRange)range {
+  if (range.location > _length || range.length > _length - range.location) {
+    [NSException raise:NSRangeException
+                format:@"Range (%lu, %lu) is beyond the string", range.location, range.length];
+  }
+}
+
+// What is inherited for these goes through constructors that give nil for such units.
 
 - (id)mutableCopyWithZone:(NSZone *)zone {
   NSMutableString *copy = [[NSMutableString allocWithZone:zone] initWithCapacity:_length];
@@ -50,12 +57,6 @@
   NSMutableString *result = [[self mutableCopy] autorelease];
   [result appendString:other];
   return result;
-}
-
-- (void)checkRange:(NSRange)range {
-  if (range.location > _length || range.length > _length - range.location)
-    [NSException raise:NSRangeException
-                format:@"Range (%lu, %lu) is beyond the string", range.location, range.length];
 }
 
 - (NSUInteger)length {

@@ -70,7 +70,7 @@ HRESULT makeString(std::u16string_view text, HSTRING *string) {
 
 std::u16string_view viewOf(HSTRING string) {
   if (string == nullptr)
-    return std::u16string_view(u"", 0);
+    return u"";
   return {stringOf(string)->text, stringOf(string)->length};
 }
 

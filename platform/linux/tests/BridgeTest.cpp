@@ -1,13 +1,11 @@
-#include "platform/linux/component/ComPtr.h"
 #include "platform/linux/tests/LedgerTest.h"
 
 #include <WRTBridge.h>
+#include <WRTStatus.h>
 #include <cstring>
 
 namespace wrt::test {
 namespace {
-
-using component::ComPtr;
 
 class Bridge : public LedgerTest {};
 

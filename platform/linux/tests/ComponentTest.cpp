@@ -150,7 +150,7 @@ TEST_F(Components, PointersMoveCopyAndAnswerOutParameters) {
   auto thing = make<Thing>(u"x");
   ComPtr<INamed> named = thing;
   const ComPtr<INamed> moved = std::move(named);
-  EXPECT_FALSE(named);
+  EXPECT_FALSE(named); // NOLINT(bugprone-use-after-move): moving leaves null
   INamed *out = nullptr;
   EXPECT_EQ(moved.copyTo(&out), status::kOk);
   EXPECT_EQ(moved.copyTo<INamed>(nullptr), status::kPointer);

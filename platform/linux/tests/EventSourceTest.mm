@@ -137,12 +137,13 @@ TEST_F(Events, HandlersComeAndGoWhileTheEventIsRaised) {
   constexpr int kRounds = 200;
   onThreads(4, [&](int index) {
     for (int round = 0; round < kRounds; ++round) {
-      if (index % 2 == 0)
+      if (index % 2 == 0) {
         source->raise(nullptr, 1);
-      else
+      } else {
         source->remove(add(^HRESULT(void *, int32_t) {
           return status::kOk;
         }));
+      }
     }
   });
   EXPECT_EQ(calls, 2 * kRounds);

@@ -26,10 +26,11 @@ public:
 private:
   static constexpr const char *kName = "WRT_LOG_LEVEL";
   static void set(const char *value) {
-    if (value != nullptr)
+    if (value != nullptr) {
       setenv(kName, value, 1);
-    else
+    } else {
       unsetenv(kName);
+    }
   }
   std::optional<std::string> old_;
 };

@@ -54,10 +54,11 @@ TEST(Semaphore, EverySignalWakesExactlyOneWait) {
   constexpr int kEach = 500;
   wrt::test::onThreads(4, [&](int index) {
     for (int round = 0; round < kEach; ++round) {
-      if (index % 2 == 0)
+      if (index % 2 == 0) {
         __zorvex_dispatch_semaphore_signal(semaphore);
-      else if (__zorvex_dispatch_semaphore_wait(semaphore, ZORVEX_DISPATCH_TIME_FOREVER) == 0)
+      } else if (__zorvex_dispatch_semaphore_wait(semaphore, ZORVEX_DISPATCH_TIME_FOREVER) == 0) {
         ++taken;
+      }
     }
   });
   EXPECT_EQ(taken, 2 * kEach);

@@ -1,0 +1,27 @@
+#ifndef WRT_GENERATOR_COMMAND_LINE_H
+#define WRT_GENERATOR_COMMAND_LINE_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace bridgegen {
+
+/// What a run is asked to do.
+struct CommandLine {
+  bool help = false;
+  bool listOutputs = false;
+  std::string output;
+  std::vector<std::string> files;
+};
+
+/// Reads the arguments without the program's name. Nothing and a `problem` when they are not right.
+std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &arguments,
+                                            std::string &problem);
+
+/// What `--help` prints.
+extern const char *const kHelp;
+
+} // namespace bridgegen
+
+#endif

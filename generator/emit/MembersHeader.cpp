@@ -1,0 +1,108 @@
+#include "generator/emit/Emit.h"
+
+#include "generator/emit/MemberConstant.h"
+#include "generator/emit/Parts.h"
+
+namespace bridgegen {
+
+namespace {
+
+class MembersHeader {
+public:
+  explicit MembersHeader(const Unit &unit) : unit_(unit) { collectFacts(); }
+
+  std::string text() {
+    writeBanner(writer_, unit_);
+    {
+      const IncludeGuard guard(writer_, unit_, "MEMBERS_H");
+      writeIncludes();
+      for (const std::string &name : classes_)
+        writer_.write("WRT_CLASS_REFERENCE(%);\n", name);
+      writer_.append("\nnamespace wrt {\n\n");
+      writeForwardDeclarations();
+      for (const InterfaceType *interface : unit_.interfaces)
+        writeInterface(*interface);
+      writer_.append("} // namespace wrt\n");
+    }
+    return writer_.text();
+  }
+
+private:
+  void collectFacts() {
+    for (const InterfaceType *interface : unit_.interfaces) {
+      for (const Member &member : interface->members) {
+        if (!member.isBridged() || needsConstantPerClass(member))
+          continue;
+        for (const Fact &fact : shapeOf(member).facts()) {
+          if (fact.type->kind == Kind::Object)
+            continue; // marshal/Inspectable.h has both
+          if (fact.what == Fact::What::Class)
+            classes_.insert(fact.type->bridgeClass());
+          else if (fact.what == Fact::What::Maker)
+            makers_.insert(fact.type->bridgeName);
+          else if (const InterfaceType *asked = crossingInterface(*fact.type))
+            asked_.insert(asked->bridgeName);
+        }
+        for (const Parameter &parameter : member.parameters)
+          collectStruct(*parameter.type);
+        if (member.result)
+          collectStruct(*member.result);
+      }
+    }
+  }
+
+  void collectStruct(const Type &type) {
+    if (type.kind == Kind::Struct)
+      structUnits_.insert(type.unit->name);
+  }
+
+  void writeIncludes() {
+    writer_.append("#include \"marshal/Array.h\"\n#include \"marshal/ClassReference.h\"\n"
+                   "#include \"marshal/Delegate.h\"\n#include \"marshal/FilledArray.h\"\n"
+                   "#include \"marshal/Inspectable.h\"\n#include \"marshal/Object.h\"\n#include "
+                   "\"marshal/String.h\"\n"
+                   "#include \"marshal/Value.h\"\n\n");
+    writeTypesIncludes(writer_, structUnits_);
+    if (!structUnits_.empty())
+      writer_.append("\n");
+  }
+
+  void writeForwardDeclarations() {
+    for (const std::string &name : asked_)
+      writer_.write("namespace % {\nvoid *interface(id object, NSError **error);\n}\n", name);
+    if (!asked_.empty())
+      writer_.append("\n");
+    if (makers_.empty())
+      return;
+    writer_.append("namespace delegates {\n");
+    for (const std::string &name : makers_)
+      writer_.write("void *%(id handler, Retained<> &adapter);\n", name);
+    writer_.append("} // namespace delegates\n\n");
+  }
+
+  void writeInterface(const InterfaceType &interface) {
+    writer_.write("/// %\nnamespace % {\ninline constexpr GUID kIid%;\n"
+                  "void *interface(id object, NSError **error);\n",
+                  interface.name, interface.bridgeName, interface.iid.initializer());
+    for (const Member &member : interface.members) {
+      if (member.isBridged() && !needsConstantPerClass(member))
+        writer_.write("inline constexpr %;\n",
+                      memberConstant(member, constantName(member), "interface"));
+    }
+    writer_.write("} // namespace %\n\n", interface.bridgeName);
+  }
+
+  const Unit &unit_;
+  Writer writer_;
+  // What the facts of this unit's members name.
+  std::set<std::string> classes_;
+  std::set<std::string> makers_;
+  std::set<std::string> asked_;
+  std::set<std::string> structUnits_;
+};
+
+} // namespace
+
+std::string emitMembersHeader(const Unit &unit) { return MembersHeader(unit).text(); }
+
+} // namespace bridgegen

@@ -1,0 +1,57 @@
+#include "generator/emit/Parts.h"
+
+#include <cctype>
+
+namespace bridgegen {
+
+void writeBanner(Writer &writer, const Unit &unit) {
+  writer.write("// Made by bridgegen from %.idl.\n", unit.name);
+}
+
+IncludeGuard::IncludeGuard(Writer &writer, const Unit &unit, std::string_view suffix)
+    : writer_(writer) {
+  std::string name = "WRT_";
+  for (const char c : unit.name)
+    name += std::isalnum(static_cast<unsigned char>(c))
+                ? static_cast<char>(std::toupper(static_cast<unsigned char>(c)))
+                : '_';
+  writer.write("#ifndef %_%\n#define %_%\n\n", name, suffix, name, suffix);
+}
+
+IncludeGuard::~IncludeGuard() { writer_.append("\n#endif\n"); }
+
+void writeTypesIncludes(Writer &writer, const std::set<std::string> &units) {
+  for (const std::string &unit : units)
+    writer.write("#include <WRTObjcBridge/types/%.h>\n", unit);
+}
+
+std::vector<const Type *> namedTypes(const DelegateType &delegate) {
+  std::vector<const Type *> types;
+  for (const DelegateType::Argument &argument : delegate.arguments)
+    types.push_back(argument.type);
+  if (delegate.result)
+    types.push_back(delegate.result);
+  return types;
+}
+
+std::vector<const Type *> namedTypes(const InterfaceType &interface) {
+  std::vector<const Type *> types;
+  const auto add = [&](const Type *type) {
+    types.push_back(type);
+    if (type->isDelegate()) {
+      for (const Type *inner : namedTypes(asDelegate(*type)))
+        types.push_back(inner);
+    }
+  };
+  for (const Member &member : interface.members) {
+    if (!member.isBridged())
+      continue;
+    if (member.result)
+      add(member.result);
+    for (const Parameter &parameter : member.parameters)
+      add(parameter.type);
+  }
+  return types;
+}
+
+} // namespace bridgegen

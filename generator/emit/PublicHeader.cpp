@@ -1,0 +1,169 @@
+#include "generator/emit/Emit.h"
+
+#include "generator/emit/Documentation.h"
+#include "generator/emit/Parts.h"
+#include "generator/project/BridgeClass.h"
+
+namespace bridgegen {
+
+namespace {
+
+class PublicHeader {
+public:
+  PublicHeader(const Unit &unit, const Model &model) : unit_(unit), model_(model) {}
+
+  std::string text() {
+    writeBanner(writer_, unit_);
+    {
+      const IncludeGuard guard(writer_, unit_, "H");
+      writeIncludes();
+      writer_.append("\n#pragma clang assume_nonnull begin\n");
+      for (const EnumType *type : unit_.enums)
+        writeEnum(*type);
+      writeForwardDeclarations();
+      for (const InterfaceType *interface : unit_.interfaces)
+        writeProtocol(*interface);
+      writeAdoptedIncludes();
+      for (const BridgeClass &bridge : bridgeClassesOf(unit_))
+        writeClass(bridge);
+      writer_.append("\n#pragma clang assume_nonnull end\n");
+    }
+    return writer_.text();
+  }
+
+private:
+  void writeIncludes() {
+    std::set<std::string> superclasses;
+    for (const BridgeClass &bridge : bridgeClassesOf(unit_))
+      superclasses.insert(bridge.superclass);
+    superclasses.insert("WRTInspectableBridge"); // for the protocol
+    for (const std::string &superclass : superclasses)
+      writer_.write("#import <WRTObjcBridge/%.h>\n", superclass);
+
+    std::set<std::string> types{unit_.name};
+    forEachNamedType([&](const Type &type) {
+      if (type.kind == Kind::Struct)
+        types.insert(type.unit->name);
+    });
+    writeTypesIncludes(writer_, types);
+  }
+
+  template <class Visit>
+  void forEachNamedType(Visit visit) {
+    for (const InterfaceType *interface : unit_.interfaces) {
+      for (const Type *type : namedTypes(*interface))
+        visit(*type);
+    }
+  }
+
+  void writeEnum(const EnumType &type) {
+    writer_.write("\n/// %\ntypedef %, %) {\n", type.name,
+                  type.isFlags ? "NS_OPTIONS(unsigned int" : "NS_ENUM(int", type.cName());
+    for (const EnumType::Constant &constant : type.constants)
+      writer_.write("  %% = %,\n", type.cName(), constant.name,
+                    type.isFlags ? hexadecimal(constant.value) : std::to_string(constant.value));
+    writer_.append("};\n");
+  }
+
+  static std::string hexadecimal(int64_t value) {
+    std::string digits;
+    for (; value != 0 || digits.empty(); value >>= 4)
+      digits.insert(digits.begin(), "0123456789ABCDEF"[value & 15]);
+    return "0x" + digits;
+  }
+
+  /// What the protocols name; the headers that declare it are not included.
+  void writeForwardDeclarations() {
+    std::set<std::string> classes;
+    std::set<std::string> protocols;
+    forEachNamedType([&](const Type &type) {
+      if (type.kind == Kind::Class)
+        classes.insert(type.bridgeClass());
+      else if (type.isReferenceType())
+        protocols.insert(type.bridgeClass());
+    });
+    if (!classes.empty() || !protocols.empty())
+      writer_.append("\n");
+    for (const std::string &name : classes)
+      writer_.write("@class %;\n", name);
+    for (const std::string &name : protocols)
+      writer_.write("@protocol %;\n", name);
+  }
+
+  void writeProtocol(const InterfaceType &interface) {
+    writer_.write("\n/// %\n@protocol % <WRTIInspectableBridge>\n@required\n",
+                  describeProtocol(interface, model_), interface.bridgeClass());
+    for (const BridgeMethod &method : protocolMethods(interface))
+      writeMethod(method);
+    writer_.append("@end\n");
+  }
+
+  void writeMethod(const BridgeMethod &bridged) {
+    const Method &method = bridged.method;
+    writer_.write("/// %\n% (%)", describe(bridged), method.isClassMethod ? "+" : "-",
+                  method.result.inMethod());
+    const size_t arguments = method.arguments.size();
+    for (size_t i = 0; i < arguments; ++i)
+      writer_.write("%%:(%)%", i ? " " : "", method.arguments[i].label,
+                    method.arguments[i].type.inMethod(), method.arguments[i].name);
+    if (method.hasError)
+      writer_.write("%:(NSError **)error", arguments ? " error" : method.firstWord());
+    writer_.write("%;\n", soundsLikeOwning(method.selector)
+                              ? " __attribute__((objc_method_family(none)))"
+                              : "");
+  }
+
+  /// Classes need the protocols they adopt in full. These includes stand behind this unit's own
+  /// protocols, since units adopt each other's.
+  void writeAdoptedIncludes() {
+    std::set<std::string> units;
+    for (const ClassType *type : unit_.classes) {
+      for (const InterfaceType *protocol : bridgeClassOf(*type).protocols) {
+        if (protocol->unit != &unit_)
+          units.insert(protocol->unit->name);
+      }
+    }
+    if (units.empty())
+      return;
+    writer_.append("\n#pragma clang assume_nonnull end\n\n");
+    for (const std::string &unit : units)
+      writer_.write("#import <WRTObjcBridge/%.h>\n", unit);
+    writer_.append("\n#pragma clang assume_nonnull begin\n");
+  }
+
+  void writeClass(const BridgeClass &bridge) {
+    writer_.write("\n/// %\nWRT_BRIDGE_API\n@interface % : %", describeClass(bridge, model_),
+                  bridge.name, bridge.superclass);
+    if (!bridge.protocols.empty())
+      writer_.write(" <%>", separated(bridge.protocols, ", ",
+                                      [](Writer &writer, const InterfaceType *protocol) {
+                                        writer.append(protocol->bridgeClass());
+                                      }));
+    writer_.append("\n@end\n");
+  }
+
+  const Unit &unit_;
+  const Model &model_;
+  Writer writer_;
+};
+
+} // namespace
+
+std::string emitPublicHeader(const Unit &unit, const Model &model) {
+  return PublicHeader(unit, model).text();
+}
+
+std::string emitUmbrella(const Model &model) {
+  Writer writer;
+  writer.append("// Made by bridgegen.\n#ifndef WRT_OBJC_BRIDGE_H\n#define WRT_OBJC_BRIDGE_H\n\n");
+  for (const char *header : {"WRTClassProxy", "WRTConversions", "WRTHSTRINGBridge",
+                             "WRTIInspectableBridge", "WRTInterfaceProxy"})
+    writer.write("#import <WRTObjcBridge/%.h>\n", header);
+  writer.append("\n");
+  for (const auto &unit : model.units())
+    writer.write("#import <WRTObjcBridge/%.h>\n", unit->name);
+  writer.append("\n#endif\n");
+  return writer.text();
+}
+
+} // namespace bridgegen

@@ -1,0 +1,70 @@
+#include "generator/emit/Emit.h"
+
+#include "generator/output/Writer.h"
+#include "generator/project/BridgeClass.h"
+
+namespace bridgegen {
+
+namespace {
+
+/// FNV-1a, 64 bits: short, and good enough to notice a change in review.
+class Hash {
+public:
+  void add(std::string_view text) {
+    for (const char c : text)
+      value_ = (value_ ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+  }
+
+  std::string text() const {
+    std::string digits;
+    for (int shift = 60; shift >= 0; shift -= 4)
+      digits += "0123456789abcdef"[value_ >> shift & 15];
+    return digits;
+  }
+
+private:
+  uint64_t value_ = 0xCBF29CE484222325;
+};
+
+template <class Visit>
+void forEachBridge(const Model &model, Visit visit) {
+  for (const auto &unit : model.units()) {
+    for (const BridgeClass &bridge : bridgeClassesOf(*unit))
+      visit(bridge);
+  }
+}
+
+const char *side(const Method &method) { return method.isClassMethod ? "+" : "-"; }
+
+} // namespace
+
+std::string emitCatalogue(const Model &model) {
+  Writer writer;
+  writer.append("class\tside\tselector\tencoding\tprotocol encoding\tinterface\tslot\n");
+  forEachBridge(model, [&](const BridgeClass &bridge) {
+    for (const BridgeMethod &method : bridge.methods)
+      writer.write("%\t%\t%\t%\t%\t%\t%\n", bridge.name, side(method.method),
+                   method.method.selector, method.method.encoding(),
+                   method.interface ? method.method.extendedEncoding() : "-",
+                   method.interface ? method.interface->bridgeName : "-",
+                   method.member ? std::to_string(method.member->slot) : "-");
+  });
+  return writer.text();
+}
+
+std::string emitDigest(const Model &model) {
+  Writer writer;
+  forEachBridge(model, [&](const BridgeClass &bridge) {
+    Hash hash;
+    for (const InterfaceType *protocol : bridge.protocols)
+      hash.add(protocol->bridgeClass() + "\n");
+    for (const BridgeMethod &method : bridge.methods)
+      hash.add(side(method.method) + method.method.selector + " " + method.method.encoding() + " " +
+               method.method.extendedEncoding() + "\n");
+    writer.write("% % % % %\n", bridge.name, bridge.kind, bridge.superclass, bridge.methods.size(),
+                 hash.text());
+  });
+  return writer.text();
+}
+
+} // namespace bridgegen

@@ -1,0 +1,177 @@
+#include "generator/model/Builder.h"
+
+#include "generator/model/Declarer.h"
+#include "generator/model/MemberBuilder.h"
+#include "generator/model/Signature.h"
+
+#include <algorithm>
+#include <set>
+
+namespace bridgegen {
+
+namespace {
+
+/// Completes what has been declared.
+class Builder {
+public:
+  Builder(Declared declared, Model &model, Diagnostics &diagnostics)
+      : declared_(std::move(declared)), model_(model), diagnostics_(diagnostics),
+        resolver_(declared_.scope, model, diagnostics) {}
+
+  void run() {
+    for (const Declared::Item &item : declared_.items)
+      visit(item,
+            [&](const auto &syntax, const Context &context) { define(item, syntax, context); });
+    // Members make instances, so they come after everything that says which instances are bridged.
+    for (const Declared::Item &item : declared_.items)
+      visit(item,
+            [&](const auto &syntax, const Context &context) { addMembers(item, syntax, context); });
+    for (InterfaceType *instance : instances_)
+      completeInstance(*instance);
+    for (const auto &family : declared_.families)
+      tryMembers(*family);
+    collectDelegates();
+  }
+
+private:
+  template <class Visit>
+  static void visit(const Declared::Item &item, Visit visit) {
+    const Context context{item.declaration->nameSpace, {}};
+    std::visit([&](const auto &syntax) { visit(syntax, context); }, item.declaration->declared);
+  }
+
+  template <class Syntax>
+  void define(const Declared::Item &, const Syntax &, const Context &) {}
+
+  void define(const Declared::Item &item, const syntax::Structure &syntax, const Context &context) {
+    if (!item.type)
+      return;
+    std::set<std::string> names;
+    for (const syntax::Field &field : syntax.fields) {
+      if (!names.insert(field.name.text).second)
+        diagnostics_.error(field.name.at, "field " + quoted(field.name.text) + " occurs twice");
+      const Type *type = resolver_.resolve(field.type, context);
+      if (type && !type->isValue() && !type->isString())
+        diagnostics_.error(field.type.name.at,
+                           quoted(type->name) + " cannot be the type of a field");
+      else if (type)
+        static_cast<StructType *>(item.type)->fields.push_back({type, field.name.text});
+    }
+  }
+
+  void define(const Declared::Item &item, const syntax::Delegate &syntax, const Context &context) {
+    if (item.type)
+      resolver_.complete(static_cast<DelegateType &>(*item.type), syntax, context);
+  }
+
+  void define(const Declared::Item &item, const syntax::Instantiation &syntax,
+              const Context &context) {
+    for (const syntax::TypeName &name : syntax.types) {
+      InterfaceType *instance = resolver_.resolveInstance(name, context);
+      if (!instance)
+        continue;
+      if (instance->hasProtocol()) {
+        diagnostics_.error(name.name.at, quoted(instance->name) + " is listed twice");
+        continue;
+      }
+      instance->form = syntax.form;
+      instance->unit = item.unit;
+      instance->at = name.name.at;
+      instances_.push_back(instance);
+      item.unit->interfaces.push_back(instance);
+    }
+  }
+
+  void define(const Declared::Item &item, const syntax::Class &syntax, const Context &context) {
+    if (!item.type)
+      return;
+    auto &type = static_cast<ClassType &>(*item.type);
+    std::set<const Type *> seen;
+    const auto list = [&](const std::vector<syntax::TypeName> &names, Form form, auto &listed) {
+      for (const syntax::TypeName &name : names) {
+        const Type *interface = resolver_.resolve(name, context);
+        if (!interface)
+          continue;
+        if (interface->kind != Kind::Interface)
+          diagnostics_.error(name.name.at,
+                             "expected an interface, found " + quoted(name.name.text));
+        else if (!seen.insert(interface).second)
+          diagnostics_.error(name.name.at, quoted(interface->name) + " occurs twice");
+        else
+          listed.push_back({&asInterface(*interface), form, name.name.at});
+      }
+    };
+    list(syntax.interfaces, Form::Full, type.interfaces);
+    for (const syntax::ClassSide &side : syntax.classSide)
+      list(side.interfaces, side.form, type.classSide);
+  }
+
+  template <class Syntax>
+  void addMembers(const Declared::Item &, const Syntax &, const Context &) {}
+
+  void addMembers(const Declared::Item &item, const syntax::Interface &syntax,
+                  const Context &context) {
+    if (item.type)
+      static_cast<InterfaceType *>(item.type)->members = members(syntax.members, context);
+  }
+
+  std::vector<Member> members(const std::vector<syntax::Member> &declared, const Context &context) {
+    return MemberBuilder(resolver_, model_, diagnostics_, context).build(declared);
+  }
+
+  void completeInstance(InterfaceType &interface) {
+    // A signature that cannot be formed is for `check` to report.
+    interface.iid = instanceIdentifier(instanceSignature(*interface.instance).value_or(""));
+    if (interface.isFull())
+      interface.members =
+          members(resolver_.familyOf(interface).interface->members,
+                  Context::of(resolver_.familyOf(interface), interface.instance->arguments));
+  }
+
+  /// Finds what is wrong in a family that may have no full instance.
+  void tryMembers(const Family &family) {
+    const std::vector<const Type *> any(family.typeParameters->size(),
+                                        &model_.builtIn(Kind::Object));
+    if (family.interface)
+      members(family.interface->members, Context::of(family, any));
+  }
+
+  /// Instances of generic delegates are made by being used; they belong to their family's unit.
+  void collectDelegates() {
+    std::map<std::string, DelegateType *> used;
+    const auto use = [&](const Type *type) {
+      if (type && type->isDelegate() && type->isInstance)
+        used.emplace(type->bridgeName, static_cast<DelegateType *>(model_.find(type->name)));
+    };
+    for (const auto &unit : model_.units()) {
+      for (const InterfaceType *interface : unit->interfaces) {
+        for (const Member &member : interface->members) {
+          use(member.result);
+          for (const Parameter &parameter : member.parameters)
+            use(parameter.type);
+        }
+      }
+    }
+    for (const auto &[name, delegate] : used) {
+      delegate->iid = instanceIdentifier(instanceSignature(*delegate->instance).value_or(""));
+      model_.unitOf(*delegate).delegates.push_back(delegate);
+    }
+  }
+
+  Declared declared_;
+  Model &model_;
+  Diagnostics &diagnostics_;
+  Resolver resolver_;
+  std::vector<InterfaceType *> instances_;
+};
+
+} // namespace
+
+std::unique_ptr<Model> buildModel(const std::vector<syntax::Unit> &units,
+                                  Diagnostics &diagnostics) {
+  auto model = std::make_unique<Model>();
+  Builder(declare(units, *model, diagnostics), *model, diagnostics).run();
+  return model;
+}
+
+} // namespace bridgegen

@@ -1,0 +1,64 @@
+#ifndef WRT_GENERATOR_MODEL_H
+#define WRT_GENERATOR_MODEL_H
+
+#include "generator/model/Type.h"
+#include "generator/read/Diagnostics.h"
+
+#include <map>
+#include <memory>
+
+namespace bridgegen {
+
+/// What one declarations file adds to the model, each list in the order of the outputs.
+struct Unit {
+  std::string name;
+  std::vector<const EnumType *> enums;
+  std::vector<const StructType *> structs;
+  std::vector<const DelegateType *> delegates;   ///< as declared, and used instances by name
+  std::vector<const InterfaceType *> interfaces; ///< as declared or listed; no extern ones
+  std::vector<const ClassType *> classes;        ///< no extern ones
+};
+
+/// All types that the declarations tell of, looked up and complete.
+class Model {
+public:
+  Model();
+
+  /// The built-in type of this kind.
+  const Type &builtIn(Kind kind) const;
+  /// By the name that declarations use, or null.
+  const Type *builtIn(std::string_view name) const;
+
+  /// In the order of the files.
+  const std::vector<std::unique_ptr<Unit>> &units() const { return units_; }
+  Unit &addUnit(std::string name);
+  /// The unit of a declared type or an instance.
+  Unit &unitOf(const Type &type);
+
+  /// Keeps a type; its name must be new.
+  template <class T>
+  T &add(std::unique_ptr<T> type) {
+    T &added = *type;
+    types_.emplace(added.name, std::move(type));
+    return added;
+  }
+  /// The declared type or instance of this full name, or null.
+  Type *find(const std::string &name) const;
+  /// All declared types and instances by name.
+  const std::map<std::string, std::unique_ptr<Type>> &types() const { return types_; }
+
+  /// The classes that list the interface among their instance interfaces, in the order of the
+  /// units.
+  std::vector<const ClassType *> implementers(const InterfaceType &interface) const;
+  /// The class whose static or factory interface this is, or null.
+  const ClassType *classSideOwner(const InterfaceType &interface) const;
+
+private:
+  std::map<Kind, std::unique_ptr<Type>> builtIns_;
+  std::vector<std::unique_ptr<Unit>> units_;
+  std::map<std::string, std::unique_ptr<Type>> types_;
+};
+
+} // namespace bridgegen
+
+#endif

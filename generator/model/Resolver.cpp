@@ -1,0 +1,134 @@
+#include "generator/model/Resolver.h"
+
+namespace bridgegen {
+
+Context Context::of(const Family &family, const std::vector<const Type *> &arguments) {
+  Context context{family.nameSpace, {}};
+  for (size_t i = 0; i < arguments.size(); ++i)
+    context.typeParameters.emplace((*family.typeParameters)[i].text, arguments[i]);
+  return context;
+}
+
+Type *Resolver::fail(Position at, std::string message) {
+  diagnostics_.error(at, std::move(message));
+  return nullptr;
+}
+
+const Type *Resolver::resolve(const syntax::TypeName &name, const Context &context) {
+  const auto parameter = context.typeParameters.find(name.name.text);
+  const Type *plain = parameter != context.typeParameters.end() ? parameter->second
+                                                                : model_.builtIn(name.name.text);
+  if (!plain)
+    return lookUp(name, context);
+  if (!name.arguments.empty())
+    return fail(name.name.at, quoted(name.name.text) + " takes no type arguments");
+  return plain;
+}
+
+Type *Resolver::lookUp(const syntax::TypeName &name, const Context &context) {
+  const std::vector<Entry> entries = scope_.find(context.nameSpace, name.name.text);
+  if (entries.empty())
+    return fail(name.name.at, "unknown type " + quoted(name.name.text));
+  if (entries.size() > 1) {
+    std::string names;
+    for (const Entry &entry : entries)
+      names += (names.empty() ? "" : " and ") +
+               quoted(entry.type ? entry.type->name : entry.family->name);
+    return fail(name.name.at, quoted(name.name.text) + " may be " + names + "; write it in full");
+  }
+
+  const Family *family = entries[0].family;
+  const size_t wanted = family ? family->typeParameters->size() : 0;
+  if (name.arguments.size() != wanted)
+    return fail(name.name.at, quoted(name.name.text) + " takes " + std::to_string(wanted) +
+                                  " type arguments, found " +
+                                  std::to_string(name.arguments.size()));
+  if (!family)
+    return entries[0].type;
+
+  std::vector<const Type *> arguments;
+  for (const syntax::TypeName &argument : name.arguments) {
+    const Type *type = resolve(argument, context);
+    if (!type)
+      return nullptr;
+    arguments.push_back(type);
+  }
+  return instantiate(*family, std::move(arguments), name.name.at);
+}
+
+InterfaceType *Resolver::resolveInstance(const syntax::TypeName &name, const Context &context) {
+  if (name.arguments.empty()) {
+    fail(name.name.at,
+         "expected an instance of a generic interface, found " + quoted(name.name.text));
+    return nullptr;
+  }
+  Type *type = lookUp(name, context);
+  if (type && type->kind != Kind::Interface)
+    type = fail(name.name.at, "expected an instance of a generic interface, found the delegate " +
+                                  quoted(name.name.text));
+  return static_cast<InterfaceType *>(type);
+}
+
+std::string Resolver::spelling(const Family &family, const Type &argument, Position at) {
+  switch (argument.kind) {
+  case Kind::Boolean:
+    return "WRT" + family.booleanSpelling;
+  case Kind::String:
+  case Kind::UInt32:
+  case Kind::Int32:
+  case Kind::Single:
+  case Kind::Double:
+  case Kind::Guid:
+  case Kind::Enum:
+  case Kind::Struct:
+    return argument.cName();
+  case Kind::Object:
+  case Kind::Interface:
+  case Kind::Class:
+    return argument.cName() + "_P";
+  default:
+    diagnostics_.error(at,
+                       quoted(argument.name) + " cannot be a type argument: it has no spelling");
+    return "";
+  }
+}
+
+Type *Resolver::instantiate(const Family &family, std::vector<const Type *> arguments,
+                            Position at) {
+  std::string name = family.name + "<";
+  std::string bridgeName = family.bridgeName + "__" + std::to_string(arguments.size());
+  for (const Type *argument : arguments) {
+    name += (argument == arguments[0] && name.back() == '<' ? "" : ", ") + argument->name;
+    bridgeName += "_" + spelling(family, *argument, at);
+  }
+  name += ">";
+  if (Type *known = model_.find(name))
+    return known;
+
+  const auto add = [&](auto type) -> auto & {
+    type->isInstance = true;
+    type->iid = family.iid;
+    type->unit = family.unit;
+    type->at = at;
+    type->instance = Instance{family.name, family.iid, arguments};
+    families_[type.get()] = &family;
+    return model_.add(std::move(type));
+  };
+  if (family.interface)
+    return &add(std::make_unique<InterfaceType>(name, bridgeName));
+  DelegateType &delegate = add(std::make_unique<DelegateType>(name, bridgeName));
+  complete(delegate, *family.delegate, Context::of(family, arguments));
+  return &delegate;
+}
+
+void Resolver::complete(DelegateType &delegate, const syntax::Delegate &syntax,
+                        const Context &context) {
+  if (syntax.result)
+    delegate.result = resolve(*syntax.result, context);
+  for (const syntax::Field &argument : syntax.arguments) {
+    if (const Type *type = resolve(argument.type, context))
+      delegate.arguments.push_back({type, argument.name.text, argument.type.name.at});
+  }
+}
+
+} // namespace bridgegen

@@ -1,0 +1,38 @@
+#include "generator/model/Type.h"
+
+#include <cassert>
+
+namespace bridgegen {
+
+std::string Type::simpleName() const {
+  const std::string base = name.substr(0, name.find('<'));
+  const size_t dot = base.rfind('.');
+  return dot == base.npos ? base : base.substr(dot + 1);
+}
+
+namespace {
+
+template <class T>
+const T &as(const Type &type, Kind kind) {
+  assert(type.kind == kind);
+  static_cast<void>(kind);
+  return static_cast<const T &>(type);
+}
+
+} // namespace
+
+const EnumType &asEnum(const Type &type) { return as<EnumType>(type, Kind::Enum); }
+const StructType &asStruct(const Type &type) { return as<StructType>(type, Kind::Struct); }
+const DelegateType &asDelegate(const Type &type) { return as<DelegateType>(type, Kind::Delegate); }
+const InterfaceType &asInterface(const Type &type) {
+  return as<InterfaceType>(type, Kind::Interface);
+}
+const ClassType &asClass(const Type &type) { return as<ClassType>(type, Kind::Class); }
+
+const InterfaceType *crossingInterface(const Type &type) {
+  if (type.kind == Kind::Interface)
+    return &asInterface(type);
+  return type.kind == Kind::Class ? asClass(type).defaultInterface() : nullptr;
+}
+
+} // namespace bridgegen

@@ -1,0 +1,36 @@
+#ifndef WRT_GENERATOR_SELECTOR_H
+#define WRT_GENERATOR_SELECTOR_H
+
+#include "generator/model/Type.h"
+
+namespace bridgegen {
+
+/// A parameter of a bridged member as the Objective-C method has it, without the final `error:`.
+struct MethodParameter {
+  /// Which word of the WinRT parameter it stands for.
+  enum class Word { Value, Count, FilledCount };
+
+  const Parameter *parameter;
+  Word word;
+
+  const std::string &name() const;
+};
+
+/// The Objective-C parameters of the member in order: arrays of values take two or three, object
+/// arrays one or two, and what becomes the result none.
+std::vector<MethodParameter> methodParameters(const Member &member);
+
+/// `setTitleWithValue:error:`. Made of the WinRT names alone; see docs/declarations.md.
+std::string selector(const Member &member);
+
+/// The first words of the selector, up to its first parameter: `setTitle`.
+std::string methodName(const Member &member);
+
+/// Whether a method of this selector would be taken for one that returns a reference the caller
+/// owns
+/// (`copy...`, `new...` and so on), which bridged members never do.
+bool soundsLikeOwning(std::string_view selector);
+
+} // namespace bridgegen
+
+#endif

@@ -1,0 +1,17 @@
+#ifndef WRT_MARSHAL_CLASS_REFERENCE_H
+#define WRT_MARSHAL_CLASS_REFERENCE_H
+
+#include "marshal/Object.h"
+
+/// Declares `kFooClass`, the structure that the compiler makes for the Objective-C class `Foo`. Its
+/// symbol's name belongs to the runtime, and only the preprocessor can put it together. May be
+/// repeated.
+#if defined(__NEXT_RUNTIME__)
+#define WRT_CLASS_REFERENCE(name)                                                                  \
+  extern "C" const wrt::ClassStructure k##name##Class __asm__("OBJC_CLASS_$_" #name)
+#else
+#define WRT_CLASS_REFERENCE(name)                                                                  \
+  extern "C" const wrt::ClassStructure k##name##Class __asm__("_OBJC_CLASS_" #name)
+#endif
+
+#endif
