@@ -32,7 +32,6 @@ Answer expectedAnswer();
 /// How many delegates made of blocks live: the subscriptions that are really kept.
 long liveDelegates();
 
-
 } // namespace wrt::test
 
 #endif

@@ -74,9 +74,8 @@ Member::Member(const char *name, void (*body)(NSError **)) {
   const std::string whole = name;
   const size_t dot = whole.find('.');
   testing::RegisterTest(whole.substr(0, dot).c_str(), whole.substr(dot + 1).c_str(), nullptr,
-                        nullptr, __FILE__, __LINE__, [whole, body]() -> testing::Test * {
-                          return new MemberTest(whole, body);
-                        });
+                        nullptr, __FILE__, __LINE__,
+                        [whole, body]() -> testing::Test * { return new MemberTest(whole, body); });
 }
 
 Answer expectedAnswer() { return expected; }

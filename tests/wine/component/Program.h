@@ -33,8 +33,8 @@ typedef struct WRTComponentProgram {
   void(WRT_ABI *countHandleReleased)(HSTRING string);
 } WRTComponentProgram;
 
-/// `WRTComponentConnect`, an export of the DLL: makes the calling program the component's. `program`
-/// is borrowed for good.
+/// `WRTComponentConnect`, an export of the DLL: makes the calling program the component's.
+/// `program` is borrowed for good.
 typedef void(WRT_ABI *WRTComponentConnectFunction)(const WRTComponentProgram *program);
 /// `WRTComponentKeptDelegate`, likewise: the delegate that the component kept last (+1), or null.
 typedef void *(WRT_ABI *WRTComponentKeptDelegateFunction)(void);

@@ -30,8 +30,7 @@ std::vector<Exclusion> readExclusions(const char *path) {
   for (std::string line; std::getline(file, line);) {
     const size_t mark = line.find(" # ");
     if (mark != std::string::npos && mark > 0)
-      exclusions.push_back(
-          {line.substr(0, line.find(' ')), line.substr(mark + 3)});
+      exclusions.push_back({line.substr(0, line.find(' ')), line.substr(mark + 3)});
   }
   return exclusions;
 }
@@ -70,7 +69,6 @@ int main(int argc, char **argv) {
     std::printf("matrix: %zu cells are excluded, %d of them exist\n", exclusions.size(), filtered);
   const bool fits = filtered == static_cast<int>(exclusions.size());
   const int result = wrt::test::reportCounts(all.successful_test_count(),
-                                             all.failed_test_count() + (fits ? 0 : 1),
-                                             filtered);
+                                             all.failed_test_count() + (fits ? 0 : 1), filtered);
   return result == 0 ? status : result;
 }

@@ -3,7 +3,8 @@
 
 namespace wrt::test {
 
-/// Prints the line that ends a test program's output and that run.sh adds up; gives the exit status.
+/// Prints the line that ends a test program's output and that run.sh adds up; gives the exit
+/// status.
 int reportCounts(int passed, int failed, int skipped);
 
 } // namespace wrt::test

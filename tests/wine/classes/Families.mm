@@ -1,0 +1,249 @@
+// The generic families on objects that Wine made: an asynchronous action with its completion block,
+// a vector of strings; and an iterable of ours that Wine reads.
+
+#include "tests/wine/classes/Members.h"
+#include "tests/wine/classes/SpeechSource.h"
+
+#include "platform/linux/components/collections/Vector.h"
+
+#include <WRTBridge.h>
+#include <WRTStatus.h>
+
+#import <WRTObjcBridge/IIterable.h>
+#import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/IVectorView.h>
+#import <WRTObjcBridge/Windows.Foundation.h>
+
+using namespace wrt;
+using namespace wrt::test;
+
+namespace {
+
+/// AsyncStatus (Windows 10 SDK 10.0.16299.0, asyncinfo.h).
+constexpr int kCompleted = 1;
+
+void sleepABit() { [NSThread sleepForTimeInterval:0.01]; }
+
+/// Waits until `operation` has ended, two seconds at most; its status then.
+int wait(WRTIAsyncInfoBridge *operation) {
+  int status = 0;
+  for (int i = 0; i < 200 && status == 0; ++i) {
+    status = [operation getStatusWithError:nullptr];
+    if (status == 0)
+      sleepABit();
+  }
+  return status;
+}
+
+/// A new action of the recognizer's, with its constraints compiled.
+WRTIAsyncActionBridge *newAction(SpeechSource &source) {
+  void *operation = nullptr;
+  if (source.compileConstraints(&operation) < 0)
+    return nil;
+  EXPECT_EQ(kCompleted, wait([WRTIAsyncInfoBridge bridgeTransfer:operation]));
+  void *action = nullptr;
+  EXPECT_EQ(0, source.startSession(&action));
+  return [WRTIAsyncActionBridge bridgeTransfer:action];
+}
+
+void setCompleted(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncActionBridge *action = newAction(source);
+  // Read and written by one thread at a time: by this one after the semaphore's signal.
+  NSConditionLock *done = [[[NSConditionLock alloc] initWithCondition:0] autorelease];
+  __block int calls = 0;
+  __block int status = -1;
+  __block BOOL isSame = NO;
+  __block NSInteger resultsCode = -1;
+  [action
+      setCompletedWithHandler:^HRESULT(id<WRTIAsyncActionBridge> finished, int asyncStatus) {
+        [done lock];
+        ++calls;
+        status = asyncStatus;
+        isSame = [static_cast<id>(finished) isEqual:action];
+        NSError *resultsError = nil;
+        [finished getResultsWithError:&resultsError];
+        resultsCode = [resultsError code];
+        [done unlockWithCondition:1];
+        return 0;
+      }
+                        error:error];
+  const BOOL came = [done lockWhenCondition:1 beforeDate:[NSDate dateWithTimeIntervalSinceNow:5]];
+  EXPECT_TRUE(came);
+  if (came)
+    [done unlock];
+  EXPECT_EQ(1, calls);
+  EXPECT_EQ(kCompleted, status);
+  EXPECT_TRUE(isSame);
+  EXPECT_EQ(0, resultsCode);
+  NSError *again = nil;
+  [action
+      setCompletedWithHandler:^HRESULT(id<WRTIAsyncActionBridge>, int) {
+        return 0;
+      }
+                        error:&again];
+  EXPECT_EQ(status::kIllegalDelegateAssignment, [again code]);
+}
+
+void getResults(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncActionBridge *action = newAction(source);
+  EXPECT_EQ(kCompleted, wait([WRTIAsyncInfoBridge cast:action]));
+  [action getResultsWithError:error];
+}
+
+WRTIAsyncInfoBridge *newInfo(SpeechSource &source) {
+  return [WRTIAsyncInfoBridge cast:newAction(source)];
+}
+
+void infoId(NSError **error) {
+  SpeechSource source;
+  EXPECT_EQ(0u, [newInfo(source) getIdWithError:error]);
+}
+void infoStatus(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncInfoBridge *info = newInfo(source);
+  wait(info);
+  EXPECT_EQ(kCompleted, [info getStatusWithError:error]);
+}
+void infoErrorCode(NSError **error) {
+  SpeechSource source;
+  EXPECT_EQ(0, [newInfo(source) getErrorCodeWithError:error]);
+}
+void infoCancel(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncInfoBridge *info = newInfo(source);
+  wait(info);
+  [info cancelWithError:error];
+}
+void infoClose(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncInfoBridge *info = newInfo(source);
+  wait(info);
+  [info closeWithError:error];
+}
+
+using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
+
+/// A list of Wine's that has read "alpha", "", "gamma 😀" from a list of ours.
+Strings newStrings(NSError **error = nullptr) {
+  component::ComPtr<component::IIterable<component::String>> ours;
+  ours = component::make<component::Vector<component::String>>(
+             component::Items<component::String>{component::StringHolder(u"alpha"),
+                                                 component::StringHolder(),
+                                                 component::StringHolder(u"gamma 😀")})
+             .as<component::IIterable<component::String>>();
+  WRTIIterable__1_WRTHSTRING_Bridge *bridge = [WRTIIterable__1_WRTHSTRING_Bridge bridge:ours.get()];
+  void *iterable = [bridge _WRTIIterable__1_WRTHSTRINGWithError:error];
+  void *vector = nullptr;
+  EXPECT_EQ(0, makePhrases(iterable, &vector));
+  WRTIUnknownSafeRelease(iterable);
+  return [WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:vector];
+}
+
+/// All elements, in parentheses.
+std::string contents(Strings strings) {
+  NSArray *all = [strings getManyWithStartIndex:0 capacity:64 error:nullptr];
+  return all == nil ? "nothing"
+                    : [[NSString stringWithFormat:@"(%@)", [all componentsJoinedByString:@")("]]
+                          UTF8String];
+}
+
+void iterable(NSError **error) { EXPECT_EQ("(alpha)()(gamma 😀)", contents(newStrings(error))); }
+
+void getAt(NSError **error) {
+  Strings strings = newStrings();
+  EXPECT_TRUE([@"gamma 😀" isEqual:[strings getAtWithIndex:2 error:error]]);
+  NSError *bounds = nil;
+  EXPECT_EQ(nil, [strings getAtWithIndex:3 error:&bounds]);
+  EXPECT_EQ(status::kBounds, [bounds code]);
+}
+void getSize(NSError **error) { EXPECT_EQ(3u, [newStrings() getSizeWithError:error]); }
+
+void getView(NSError **error) {
+  Strings strings = newStrings();
+  id<WRTIVectorView__1_WRTHSTRING_Bridge> view = [strings getViewWithError:error];
+  [strings clearWithError:nullptr];
+  EXPECT_EQ(3u, [view getSizeWithError:nullptr]) << "the elements of that moment";
+  EXPECT_TRUE([@"alpha" isEqual:[view getAtWithIndex:0 error:nullptr]]);
+  unsigned index = 77;
+  EXPECT_TRUE([view indexOfWithItem:@"gamma 😀" index:&index error:nullptr]);
+  EXPECT_EQ(2u, index);
+}
+
+void indexOf(NSError **error) {
+  Strings strings = newStrings();
+  unsigned index = 77;
+  EXPECT_TRUE([strings indexOfWithValue:@"gamma 😀" index:&index error:error]);
+  EXPECT_EQ(2u, index);
+  EXPECT_FALSE([strings indexOfWithValue:@"delta" index:&index error:nullptr]);
+}
+void setAt(NSError **error) {
+  Strings strings = newStrings();
+  [strings setAtWithIndex:1 item:@"beta" error:error];
+  EXPECT_EQ("(alpha)(beta)(gamma 😀)", contents(strings));
+}
+void insertAt(NSError **error) {
+  Strings strings = newStrings();
+  [strings insertAtWithIndex:1 item:@"beta" error:error];
+  EXPECT_EQ("(alpha)(beta)()(gamma 😀)", contents(strings));
+}
+void removeAt(NSError **error) {
+  Strings strings = newStrings();
+  [strings removeAtWithIndex:0 error:error];
+  EXPECT_EQ("()(gamma 😀)", contents(strings));
+}
+void append(NSError **error) {
+  Strings strings = newStrings();
+  [strings appendWithItem:@"delta" error:error];
+  EXPECT_EQ("(alpha)()(gamma 😀)(delta)", contents(strings));
+}
+void removeAtEnd(NSError **error) {
+  Strings strings = newStrings();
+  [strings removeAtEndWithError:error];
+  EXPECT_EQ("(alpha)()", contents(strings));
+}
+void clear(NSError **error) {
+  Strings strings = newStrings();
+  [strings clearWithError:error];
+  EXPECT_EQ(0u, [strings getSizeWithError:nullptr]);
+}
+void getMany(NSError **error) {
+  NSArray *two = [newStrings() getManyWithStartIndex:1 capacity:64 error:error];
+  EXPECT_TRUE([two isEqual:[NSArray arrayWithObjects:@"", @"gamma 😀", nil]]);
+}
+void replaceAll(NSError **error) {
+  Strings strings = newStrings();
+  NSMutableArray *values = [NSMutableArray array];
+  for (int i = 0; i < 33; ++i)
+    [values addObject:[NSString stringWithFormat:@"%d", i]];
+  [strings replaceAllWithValues:values error:error];
+  EXPECT_TRUE([values isEqual:[strings getManyWithStartIndex:0 capacity:64 error:nullptr]]);
+  [strings replaceAllWithValues:[NSArray array] error:nullptr];
+  EXPECT_EQ(0u, [strings getSizeWithError:nullptr]);
+}
+
+const Member members[] = {
+    {"IAsyncAction.put_Completed", setCompleted},
+    {"IAsyncAction.GetResults", getResults},
+    {"IAsyncInfo.Id", infoId},
+    {"IAsyncInfo.Status", infoStatus},
+    {"IAsyncInfo.ErrorCode", infoErrorCode},
+    {"IAsyncInfo.Cancel", infoCancel},
+    {"IAsyncInfo.Close", infoClose},
+    {"IIterable<String>.read_by_Wine", iterable},
+    {"IVector<String>.GetAt", getAt},
+    {"IVector<String>.Size", getSize},
+    {"IVector<String>.GetView", getView},
+    {"IVector<String>.IndexOf", indexOf},
+    {"IVector<String>.SetAt", setAt},
+    {"IVector<String>.InsertAt", insertAt},
+    {"IVector<String>.RemoveAt", removeAt},
+    {"IVector<String>.Append", append},
+    {"IVector<String>.RemoveAtEnd", removeAtEnd},
+    {"IVector<String>.Clear", clear},
+    {"IVector<String>.GetMany", getMany},
+    {"IVector<String>.ReplaceAll", replaceAll},
+};
+
+} // namespace
