@@ -4,6 +4,8 @@
 #include "platform/linux/component/EventSource.h"
 #include "tests/component/TestObject.h"
 
+#include <WRTBridge.h>
+
 namespace wrt::bench {
 
 /// The test component without its recording: what remains is the cost of getting there.

@@ -12,7 +12,7 @@ using namespace wrt::bench;
 
 namespace {
 
-constexpr const char *kUsage = R"(Usage: bench [--write FILE] [--no-callgrind] [--benchmark_...]
+constexpr const char *kUsage = R"(Usage: wrt_bench [--write FILE] [--no-callgrind] [--benchmark_...]
   Measures every row as bridge call, as method written out by hand and as plain platform calls,
   side by side in one run: time, heap allocations and (by callgrind) instructions per call.
   --write FILE     puts the table between its marks in FILE instead of printing it
@@ -46,7 +46,7 @@ void measureTime(benchmark::State &state, void (*operation)()) {
 }
 
 int fail(const std::string &problem) {
-  std::fprintf(stderr, "bench: %s\n", problem.c_str());
+  std::fprintf(stderr, "wrt_bench: %s\n", problem.c_str());
   return 1;
 }
 

@@ -9,6 +9,19 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  # CMake knows these for C and C++ alone.
+  foreach(language OBJC OBJCXX)
+    set(CMAKE_SHARED_LIBRARY_RUNTIME_${language}_FLAG "-Wl,-rpath,")
+    set(CMAKE_SHARED_LIBRARY_RUNTIME_${language}_FLAG_SEP ":")
+    set(CMAKE_EXECUTABLE_RUNTIME_${language}_FLAG "-Wl,-rpath,")
+    set(CMAKE_EXECUTABLE_RUNTIME_${language}_FLAG_SEP ":")
+    set(CMAKE_SHARED_LIBRARY_RPATH_LINK_${language}_FLAG "-Wl,-rpath-link,")
+    set(CMAKE_EXECUTABLE_RPATH_LINK_${language}_FLAG "-Wl,-rpath-link,")
+    set(CMAKE_SHARED_LIBRARY_SONAME_${language}_FLAG "-Wl,-soname,")
+  endforeach()
+endif()
+
 set(WRT_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
 
 add_library(wrt_options INTERFACE)

@@ -84,11 +84,6 @@ int main(void) {
   [WRTTestClassBridge testStaticFunctionWithError:&error];
   printOutcome(error);
 
-  printStep("An argument that lacks the interface: no call, but an error");
-  WRTIInspectableBridge *stranger = [WRTTestInterface2Bridge cast:made];
-  [object inInterfaceWithArg:(id)[WRTTestInterfaceBridge cast:stranger] error:&error];
-  printOutcome(error);
-
   [pool release];
   return 0;
 }

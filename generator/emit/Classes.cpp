@@ -1,6 +1,7 @@
 #include "generator/emit/Emit.h"
 
 #include "generator/emit/MemberConstant.h"
+#include "generator/emit/MethodText.h"
 #include "generator/emit/Parts.h"
 #include "generator/project/BridgeClass.h"
 
@@ -150,17 +151,8 @@ private:
   }
 
   void writeMethod(const BridgeClass &bridge, const BridgeMethod &bridged) {
-    const Method &method = bridged.method;
-    writer_.write("% (%)", method.isClassMethod ? "+" : "-", method.result.spelling);
-    const size_t arguments = method.arguments.size();
-    for (size_t i = 0; i < arguments; ++i)
-      writer_.write("%%:(%)%", i ? " " : "", method.arguments[i].label,
-                    method.arguments[i].type.spelling, method.arguments[i].name);
-    if (method.hasError)
-      writer_.write("%:(NSError **)error", arguments ? " error" : method.firstWord());
-    else
-      writer_.append(method.firstWord());
-    writer_.write(" { %; }\n", body(bridge, bridged));
+    writer_.write("% {\n  %;\n}\n", methodHead(bridged.method, Nullability::Hidden),
+                  body(bridge, bridged));
   }
 
   std::string body(const BridgeClass &bridge, const BridgeMethod &method) {

@@ -29,6 +29,10 @@ public:
 
 private:
   void collectFacts() {
+    for (const DelegateType *delegate : unit_.delegates) {
+      if (!delegate->returnsObject())
+        makers_.insert(delegate->bridgeName);
+    }
     for (const InterfaceType *interface : unit_.interfaces) {
       for (const Member &member : interface->members) {
         if (!member.isBridged() || needsConstantPerClass(member))

@@ -1,6 +1,7 @@
 #include "generator/emit/Emit.h"
 
 #include "generator/emit/Documentation.h"
+#include "generator/emit/MethodText.h"
 #include "generator/emit/Parts.h"
 #include "generator/project/BridgeClass.h"
 
@@ -57,12 +58,20 @@ private:
   }
 
   void writeEnum(const EnumType &type) {
-    writer_.write("\n/// %\ntypedef %, %) {\n", type.name,
+    // Some values have bits for which there is no constant, which is not for us to say.
+    const bool isOdd = type.isFlags && type.hasUnnamedFlags();
+    writer_.append("\n");
+    if (isOdd)
+      writer_.append("#pragma clang diagnostic push\n"
+                     "#pragma clang diagnostic ignored \"-Wflag-enum\"\n");
+    writer_.write("/// %\ntypedef %, %) {\n", type.name,
                   type.isFlags ? "NS_OPTIONS(unsigned int" : "NS_ENUM(int", type.cName());
     for (const EnumType::Constant &constant : type.constants)
       writer_.write("  %% = %,\n", type.cName(), constant.name,
                     type.isFlags ? hexadecimal(constant.value) : std::to_string(constant.value));
     writer_.append("};\n");
+    if (isOdd)
+      writer_.append("#pragma clang diagnostic pop\n");
   }
 
   static std::string hexadecimal(int64_t value) {
@@ -99,18 +108,11 @@ private:
   }
 
   void writeMethod(const BridgeMethod &bridged) {
-    const Method &method = bridged.method;
-    writer_.write("/// %\n% (%)", describe(bridged), method.isClassMethod ? "+" : "-",
-                  method.result.inMethod());
-    const size_t arguments = method.arguments.size();
-    for (size_t i = 0; i < arguments; ++i)
-      writer_.write("%%:(%)%", i ? " " : "", method.arguments[i].label,
-                    method.arguments[i].type.inMethod(), method.arguments[i].name);
-    if (method.hasError)
-      writer_.write("%:(NSError **)error", arguments ? " error" : method.firstWord());
-    writer_.write("%;\n", soundsLikeOwning(method.selector)
-                              ? " __attribute__((objc_method_family(none)))"
-                              : "");
+    const char *family = soundsLikeOwning(bridged.method.selector)
+                             ? " __attribute__((objc_method_family(none)))"
+                             : "";
+    writer_.write("/// %\n%%;\n", describe(bridged), methodHead(bridged.method, Nullability::Shown),
+                  family);
   }
 
   /// Classes need the protocols they adopt in full. These includes stand behind this unit's own

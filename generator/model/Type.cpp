@@ -1,5 +1,7 @@
 #include "generator/model/Type.h"
 
+#include <algorithm>
+#include <bit>
 #include <cassert>
 
 namespace bridgegen {
@@ -8,6 +10,17 @@ std::string Type::simpleName() const {
   const std::string base = name.substr(0, name.find('<'));
   const size_t dot = base.rfind('.');
   return dot == base.npos ? base : base.substr(dot + 1);
+}
+
+bool EnumType::hasUnnamedFlags() const {
+  uint64_t named = 0;
+  for (const Constant &constant : constants) {
+    if (std::has_single_bit(static_cast<uint64_t>(constant.value)))
+      named |= static_cast<uint64_t>(constant.value);
+  }
+  return std::any_of(constants.begin(), constants.end(), [&](const Constant &constant) {
+    return (static_cast<uint64_t>(constant.value) & ~named) != 0;
+  });
 }
 
 namespace {

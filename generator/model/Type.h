@@ -84,6 +84,9 @@ struct EnumType : Type {
 
   EnumType(std::string name, std::string bridgeName)
       : Type(Kind::Enum, std::move(name), std::move(bridgeName)) {}
+
+  /// Whether a constant has a bit that no constant has for itself.
+  bool hasUnnamedFlags() const;
 };
 
 struct StructType : Type {

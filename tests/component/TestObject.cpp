@@ -156,8 +156,8 @@ HRESULT TestObject::InDelegate(abi::TestDelegate *arg) {
     kept = ComPtr(arg);
   recordCrossing("InDelegate");
   if (script().status >= 0) {
-    const component::StringHolder text(u"text");
     for (int i = 0; i < script().invocations; ++i) {
+      const component::StringHolder text(u"text");
       abi::TestInterface *object = script().nullObjects ? nullptr : this;
       recordCrossing("Invoke " + hex(arg->Invoke(i, text.get(), object, object)));
     }

@@ -2,7 +2,7 @@
 
 #include "tests/matrix/Fixture.h"
 
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -82,3 +82,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

@@ -2,14 +2,15 @@
 // variable.
 
 #include "tests/matrix/Fixture.h"
+#include "tests/support/Thread.h"
 
 #include <WRTBridge.h>
 
 #import <objc/runtime.h>
 
-#include "tests/support/Thread.h"
+#include <algorithm>
 
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -27,36 +28,51 @@ std::vector<SEL> memberSelectors(Class type) {
   return selectors;
 }
 
-/// Calls any member with arguments that suit it: numbers 0, nil objects and pointers to room, and
-/// with `error` as its last. Gives the result's first word, 0 for none.
-long callMember(id bridge, SEL selector, NSError **error) {
-  NSMethodSignature *signature = [bridge methodSignatureForSelector:selector];
-  NSInvocation *invocation = [NSInvocation invocationWithMethodSignature:signature];
-  [invocation setTarget:bridge];
-  [invocation setSelector:selector];
-  static long room[8][16];
-  for (NSUInteger i = 2; i + 1 < [signature numberOfArguments]; ++i) {
-    const char *type = [signature getArgumentTypeAtIndex:i];
-    void *place = nullptr;
-    id block = nil;
-    if (*type == '^') {
-      room[i][0] = 0;
-      place = room[i];
-    } else if (type[0] == '@' && type[1] == '?') {
-      block = [[^HRESULT {
-        return 0;
-      } copy] autorelease];
-      place = static_cast<void *>(block);
+/// The first letters of a method's argument types, receiver and selector left out: `@` for objects,
+/// `?` for blocks, `^` for pointers, and whatever else.
+std::string argumentKinds(Method method) {
+  std::string kinds;
+  int depth = 0;
+  bool startsType = true;
+  for (const char *type = method_getTypeEncoding(method); *type; ++type) {
+    if (isdigit(*type)) {
+      startsType = startsType || depth == 0;
+    } else {
+      if (startsType && depth == 0)
+        kinds += type[0] == '@' && type[1] == '?' ? '?' : *type;
+      startsType = false;
+      depth += (*type == '{') - (*type == '}');
     }
-    long argument[4] = {reinterpret_cast<long>(place)};
-    [invocation setArgument:argument atIndex:static_cast<NSInteger>(i)];
   }
-  [invocation setArgument:&error atIndex:static_cast<NSInteger>([signature numberOfArguments]) - 1];
-  [invocation invoke];
-  long result[4] = {};
-  if ([signature methodReturnLength] > 0)
-    [invocation getReturnValue:result];
-  return result[0];
+  return kinds.substr(3); // result, receiver, selector
+}
+
+/// Calls any member with arguments that suit it: numbers 0, nil objects and pointers to room, and
+/// with `error` as its last. Gives the result's first word. Everything that the test members take
+/// and return fits integer registers here.
+long callMember(id bridge, SEL selector, NSError **error) {
+  static long room[4][16];
+  HRESULT (^block)() = ^HRESULT {
+    return 0;
+  };
+  Method method = class_getInstanceMethod([bridge class], selector);
+  const std::string kinds = argumentKinds(method);
+  void *arguments[4] = {};
+  for (size_t i = 0; i + 1 < kinds.size(); ++i) {
+    room[i][0] = 0;
+    arguments[i] = kinds[i] == '^'   ? static_cast<void *>(room[i])
+                   : kinds[i] == '?' ? static_cast<void *>(static_cast<id>(block))
+                                     : nullptr;
+  }
+  arguments[kinds.size() - 1] = error;
+  using Function = long (*)(id, SEL, void *, void *, void *, void *);
+  auto *function =
+      reinterpret_cast<Function>(reinterpret_cast<void *>(method_getImplementation(method)));
+  const long result =
+      function(bridge, selector, arguments[0], arguments[1], arguments[2], arguments[3]);
+  return method_getTypeEncoding(method)[0] == 'v'   ? 0
+         : method_getTypeEncoding(method)[0] == 'i' ? static_cast<int>(result)
+                                                    : result;
 }
 
 /// Calls every member of both classes once for each body.
@@ -131,7 +147,7 @@ void **slotTable(std::integer_sequence<int, slot...>) {
 }
 
 void slots() {
-  void **object[] = {slotTable(std::make_integer_sequence<int, 60>())};
+  static void **object[] = {slotTable(std::make_integer_sequence<int, 60>())};
   for (Class type in
        [NSArray arrayWithObjects:[WRTTestInterfaceBridge class], [WRTTestClassBridge class], nil]) {
     std::vector<int> called;
@@ -165,7 +181,7 @@ void slotOfEachMember() {
       {"inStructWithArg:error:", 42},
       {"inDelegateReturnInterfaceWithArg:error:", 51},
   };
-  void **object[] = {slotTable(std::make_integer_sequence<int, 60>())};
+  static void **object[] = {slotTable(std::make_integer_sequence<int, 60>())};
   for (auto [name, slot] : members) {
     callMember([WRTTestClassBridge bridge:object], sel_getUid(name), nullptr);
     EXPECT_EQ(slot, calledSlot) << name;
@@ -227,3 +243,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

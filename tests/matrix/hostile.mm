@@ -3,15 +3,14 @@
 #include "tests/component/HostileObject.h"
 #include "tests/matrix/Fixture.h"
 
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
 WRTTestClassBridge *hostileBridge() {
   resetScript();
   clearCrossings();
-  return [WRTTestClassBridge
-      bridgeTransfer:wrt::component::make<HostileObject>().detach()->identity()];
+  return [WRTTestClassBridge bridgeTransfer:component::make<HostileObject>().detach()->identity()];
 }
 
 void otherSuccessCodes() {
@@ -51,3 +50,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

@@ -2,7 +2,7 @@
 
 #include "tests/matrix/Fixture.h"
 
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -174,3 +174,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

@@ -6,7 +6,7 @@
 
 #include <climits>
 
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -61,15 +61,13 @@ void scalarArrayIn() {
 
 void scalarArrayOut() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    for (auto member : {
-           @selector(outPrimitiveArrayWithCount:arr:error:),
-               @selector(returnPrimitiveArrayWithCount:arr:error:)
-         }) {
+    for (bool returned : {false, true}) {
       int count = 0;
       int *values = nullptr;
-      using Function = void (*)(id, SEL, int *, int **, NSError **);
-      reinterpret_cast<Function>([static_cast<NSObject *>(bridge) methodForSelector:member])(
-          bridge, member, &count, &values, nullptr);
+      if (returned)
+        [bridge returnPrimitiveArrayWithCount:&count arr:&values error:nullptr];
+      else
+        [bridge outPrimitiveArrayWithCount:&count arr:&values error:nullptr];
       ASSERT_EQ(3, count);
       EXPECT_EQ(1, values[0]);
       EXPECT_EQ(3, values[2]);
@@ -161,3 +159,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

@@ -10,10 +10,11 @@
 #include "platform/linux/string/HString.h"
 
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <sstream>
 
-using namespace wrt;
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -43,17 +44,24 @@ private:
 };
 
 template <class T>
+T received;
+
+template <class T>
+HRESULT WRT_ABI echo(void *, T value, T *result) {
+  received<T> = *result = value;
+  return 0;
+}
+
+template <class T>
+constexpr Member<Value<T>(Value<T>)> kEcho{OneFunction::interface, 6};
+
+template <class T>
 void roundTrip(std::initializer_list<T> values) {
-  static T received;
-  static constexpr Member<Value<T>(Value<T>)> member{OneFunction::interface, 6};
-  OneFunction object(+[](void *, T value, T *result) WRT_ABI -> HRESULT {
-    received = *result = value;
-    return 0;
-  });
+  OneFunction object(&echo<T>);
   for (T value : values) {
-    const T result = call(nil, member, value, nullptr);
+    const T result = call(nil, kEcho<T>, value, nullptr);
     EXPECT_EQ(0, std::memcmp(&result, &value, sizeof value)) << value;
-    EXPECT_EQ(0, std::memcmp(&received, &value, sizeof value)) << value;
+    EXPECT_EQ(0, std::memcmp(&received<T>, &value, sizeof value)) << value;
   }
 }
 
@@ -152,3 +160,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

@@ -1,11 +1,11 @@
 // Strings, single and in arrays.
 
+#include "platform/linux/component/StringHolder.h"
 #include "tests/matrix/Fixture.h"
 
 #import <WRTObjcBridge/WRTConversions.h>
 
-using namespace wrt;
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -156,3 +156,5 @@ const Cell cells[] = {
 };
 
 } // namespace
+
+} // namespace wrt::test

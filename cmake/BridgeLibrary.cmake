@@ -1,0 +1,17 @@
+# The library: core, marshalling code and the generated classes. On Windows the product's link is that
+# of platform/windows.
+
+add_library(bridge_classes OBJECT ${WRT_CLASS_SOURCES})
+target_link_libraries(bridge_classes PRIVATE wrt_library_code wrt_generated)
+
+if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  add_library(WRTObjcBridge SHARED
+    $<TARGET_OBJECTS:core> $<TARGET_OBJECTS:marshal> $<TARGET_OBJECTS:bridge_classes>)
+  set_target_properties(WRTObjcBridge PROPERTIES
+    OUTPUT_NAME WRTObjcBridge_zorvex LINKER_LANGUAGE OBJCXX)
+  # What uses the library finds its headers beside it.
+  target_include_directories(WRTObjcBridge INTERFACE ${PROJECT_BINARY_DIR}/include)
+  target_link_libraries(WRTObjcBridge
+    PUBLIC wrt_objc WRTBridge_zorvex WRTBridgeUtil_zorvex CrossPortability_zorvex)
+  add_dependencies(WRTObjcBridge bridges)
+endif()
