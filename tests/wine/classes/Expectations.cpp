@@ -1,5 +1,6 @@
 #include "tests/wine/classes/Expectations.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>

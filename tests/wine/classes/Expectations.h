@@ -1,7 +1,7 @@
 #ifndef WRT_TESTS_WINE_EXPECTATIONS_H
 #define WRT_TESTS_WINE_EXPECTATIONS_H
 
-#include "tests/wine/classes/Members.h"
+#include "tests/wine/classes/Answer.h"
 
 #include <map>
 #include <string>

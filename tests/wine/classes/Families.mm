@@ -210,7 +210,8 @@ void clear(NSError **error) {
 }
 void getMany(NSError **error) {
   NSArray *two = [newStrings() getManyWithStartIndex:1 capacity:64 error:error];
-  EXPECT_TRUE([two isEqual:[NSArray arrayWithObjects:@"", @"gamma 😀", nil]]);
+  NSArray *const expected = [NSArray arrayWithObjects:@"", @"gamma 😀", nil];
+  EXPECT_TRUE([two isEqual:expected]);
 }
 void replaceAll(NSError **error) {
   Strings strings = newStrings();

@@ -1,22 +1,13 @@
 #ifndef WRT_TESTS_WINE_MEMBERS_H
 #define WRT_TESTS_WINE_MEMBERS_H
 
+#include "tests/wine/classes/Answer.h"
+
 #import <Foundation/Foundation.h>
 
 #include <gtest/gtest.h>
 
 namespace wrt::test {
-
-/// What a version of Wine answers when a member is called.
-enum class Answer {
-  Works,
-  /// Succeeds and does nothing: a handler is not kept, a token is made up.
-  Stub,
-  /// Fails with `E_NOTIMPL`.
-  NotImplemented,
-  /// The object lacks the member's interface, so that the bridge does not call at all.
-  NoInterface,
-};
 
 /// One member of a class: a test under the name `Class.Member`. `body` calls the member with
 /// `error`, and when `*error` is nil then, compares what it did with what is known independently.

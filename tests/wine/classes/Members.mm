@@ -6,7 +6,7 @@
 
 #include <WRTStatus.h>
 
-#include <set>
+#include <string>
 
 namespace wrt::test {
 

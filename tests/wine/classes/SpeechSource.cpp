@@ -1,5 +1,6 @@
 #include "tests/wine/classes/SpeechSource.h"
 
+#include "platform/linux/component/ComPtr.h"
 #include "platform/linux/component/StringHolder.h"
 
 #include <WRTAbi.h>

@@ -4,6 +4,8 @@
 #include "tests/wine/classes/Expectations.h"
 #include "tests/wine/support/Counts.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdio>
 
