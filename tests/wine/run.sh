@@ -58,13 +58,13 @@ version=$(wine64 --version | sed -E 's/^wine-([0-9]+\.[0-9]+).*/\1/')
 
 rm -rf "$logs"
 mkdir -p "$logs"
+trap 'timeout -k 5 10 wineserver -k > /dev/null 2>&1 || true' EXIT
 platform/linux/wine/make-prefix.sh &
 prefix=$!
 cmake/build.sh linux WRTBridge_wine wine_matrix wine_classes
 platform/linux/wine/build-host.sh
 "$here"/build-component.sh
 wait "$prefix"
-trap 'timeout -k 5 10 wineserver -k > /dev/null 2>&1 || true' EXIT
 platform/linux/wine/register-class.sh TestClass "$wine_folder/testcomponent.dll"
 
 run_program "matrix" 60 build/linux/libwine_matrix.so "$wine_folder/testcomponent.dll" \

@@ -6,7 +6,7 @@ namespace wrt::test {
 /// What a version of Wine answers when a member is called.
 enum class Answer {
   Works,
-  /// Succeeds and does nothing: a handler is not kept, a token is made up.
+  /// Succeeds and does not do its work: a handler is not kept, an element not found.
   Stub,
   /// Fails with `E_NOTIMPL`.
   NotImplemented,

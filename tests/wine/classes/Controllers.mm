@@ -112,6 +112,7 @@ void rawGameControllers(NSError **error) {
   WRTIUnknownSafeRelease(interface);
 }
 
+// No controller is no gamepad, and no failure either.
 void gamepadFromGameController(NSError **error) {
   EXPECT_EQ(nil, [WRTGamepadBridge fromGameControllerWithGameController:nil error:error]);
 }

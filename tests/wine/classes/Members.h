@@ -20,6 +20,10 @@ struct Member {
 /// The expected answer of the running member.
 Answer expectedAnswer();
 
+/// Tells that the running member has WinRT take over so many more handles of ours, whose end the
+/// ledger does not see.
+void handOver(int strings);
+
 /// How many delegates made of blocks live: the subscriptions that are really kept.
 long liveDelegates();
 

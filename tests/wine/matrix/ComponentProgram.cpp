@@ -7,6 +7,11 @@
 #include "platform/linux/wine/StringLedger.h"
 #include "platform/linux/wine/WindowsFunctions.h"
 
+#include <WRTBridge.h>
+#include <WRTUnknown.h>
+
+#include <dlfcn.h>
+
 namespace wrt::test {
 
 namespace {
@@ -57,6 +62,17 @@ bool connectComponent(const char16_t *path) {
     return false;
   connect(&thisProgram);
   return true;
+}
+
+bool isComponentForeign() {
+  auto *object = static_cast<WRTIUnknown *>(WRTActivateInstance(u"TestClass"));
+  if (object == nullptr)
+    return false;
+  // The dynamic linker knows every function of this process but those that Wine has loaded.
+  Dl_info info;
+  const bool isKnown = dladdr(reinterpret_cast<void *>(object->lpVtbl->AddRef), &info) != 0;
+  WRTIUnknownRelease(object);
+  return !isKnown;
 }
 
 // In front of those of the component in this process.

@@ -7,6 +7,9 @@ namespace wrt::test {
 /// `keptDelegate` is the DLL's. Whether that worked.
 bool connectComponent(const char16_t *path);
 
+/// Whether the test class comes from code that Wine loaded, and not from this program's libraries.
+bool isComponentForeign();
+
 } // namespace wrt::test
 
 #endif

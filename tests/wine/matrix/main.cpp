@@ -55,6 +55,10 @@ int main(int argc, char **argv) {
     std::fprintf(stderr, "matrix: cannot load %s\n", argv[1]);
     return 2;
   }
+  if (!wrt::test::isComponentForeign()) {
+    std::fprintf(stderr, "matrix: TestClass is not what %s implements\n", argv[1]);
+    return 2;
+  }
   std::string filter = "*-";
   const auto exclusions = readExclusions(argv[2]);
   for (const Exclusion &exclusion : exclusions) {
