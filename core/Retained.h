@@ -20,7 +20,10 @@ public:
   }
   Retained(Retained &&other) : object_(other.object_) { other.object_ = nullptr; }
   Retained &operator=(const Retained &) = delete;
-  ~Retained() { objc_release(static_cast<id>(object_)); }
+  ~Retained() {
+    if (object_)
+      objc_release(static_cast<id>(object_));
+  }
 
   /// Borrowed from this reference.
   Object get() const { return object_; }

@@ -1,14 +1,12 @@
 #include "generator/CommandLine.h"
+#include "generator/Generate.h"
 #include "generator/emit/Emit.h"
-#include "generator/model/Builder.h"
-#include "generator/model/Check.h"
-#include "generator/read/Parser.h"
 
-#include <deque>
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <vector>
 
 namespace {
 
@@ -35,7 +33,7 @@ int listOutputs(const CommandLine &commandLine) {
 }
 
 int generate(const CommandLine &commandLine) {
-  std::deque<Source> sources; // positions point into it
+  std::deque<Source> sources;
   for (const std::string &file : commandLine.files) {
     const std::optional<std::string> text = contents(file);
     if (!text) {
@@ -44,22 +42,13 @@ int generate(const CommandLine &commandLine) {
     }
     sources.emplace_back(file, *text);
   }
-
   Diagnostics diagnostics;
-  std::vector<syntax::Unit> units;
-  for (const Source &source : sources)
-    units.push_back(parse(source, diagnostics));
-  // Names that a half-read file would have declared are not worth reporting.
-  std::unique_ptr<Model> model;
-  if (!diagnostics.hasErrors())
-    model = buildModel(units, diagnostics);
-  if (!diagnostics.hasErrors())
-    check(*model, diagnostics);
-  if (diagnostics.hasErrors()) {
+  const std::optional<OutputSet> outputs = bridgegen::generate(sources, diagnostics);
+  if (!outputs) {
     diagnostics.print(std::cerr);
     return kWrongInput;
   }
-  emitAll(*model).commit(commandLine.output);
+  outputs->commit(commandLine.output);
   return 0;
 }
 

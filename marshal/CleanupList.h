@@ -25,9 +25,14 @@ public:
   void addReleaseOfString(void **cells, uint32_t index);
 
   /// Runs every clean-up once, in reverse order of registration.
-  void run();
+  void run() {
+    if (blocks_.get())
+      runBlocks();
+  }
 
 private:
+  void runBlocks();
+
   Retained<NSMutableArray *> blocks_;
 };
 

@@ -42,9 +42,7 @@ void CleanupList::addReleaseOfString(void **cells, uint32_t index) {
   });
 }
 
-void CleanupList::run() {
-  if (!blocks_.get())
-    return;
+void CleanupList::runBlocks() {
   Retained<NSEnumerator *> enumerator([blocks_.get() reverseObjectEnumerator]);
   for (void (^cleanup)(void) in enumerator.get())
     cleanup();

@@ -1,6 +1,7 @@
 #ifndef WRT_MARSHAL_FRAME_H
 #define WRT_MARSHAL_FRAME_H
 
+#include <WRTBridge.h>
 #include <WRTObjcBridge/WRTTypes.h>
 
 #import <Foundation/Foundation.h>
@@ -38,12 +39,24 @@ public:
   }
 
   /// Takes the interface function's status; whether it was not negative.
-  bool accept(HRESULT status);
+  bool accept(HRESULT status) {
+    if (status >= 0)
+      return true;
+    fail(status);
+    return false;
+  }
 
   /// Runs the clean-ups, releases the interface and tells the caller the outcome.
-  void close(NSError **error);
+  void close(NSError **error) {
+    cleanups_.run();
+    WRTIUnknownRelease(interface_);
+    if (error)
+      *error = error_;
+  }
 
 private:
+  void fail(HRESULT status);
+
   NSError *error_ = nil;
   void *interface_;
   CleanupList cleanups_;

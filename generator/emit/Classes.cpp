@@ -39,7 +39,7 @@ public:
     writer_.append("\nusing namespace wrt;\n\n");
     for (const InterfaceType *interface : unit_.interfaces)
       writer_.write(
-          "void *wrt::%::interface(id object, NSError **error) { return [object %error]; }\n",
+          "void *wrt::%::interface(id object, NSError **error) {\n  return [object %error];\n}\n",
           interface->bridgeName, interface->accessorSelector());
     for (const DelegateType *delegate : unit_.delegates)
       writeMaker(*delegate);

@@ -3,7 +3,8 @@
 #include "generator/model/Signature.h"
 #include "generator/project/Selector.h"
 
-#include <set>
+#include <algorithm>
+#include <tuple>
 
 namespace bridgegen {
 
@@ -15,13 +16,10 @@ public:
       : model_(model), diagnostics_(diagnostics) {}
 
   void run() {
+    checkNames();
     for (const auto &unit : model_.units()) {
-      for (const EnumType *type : unit->enums)
-        checkName(*type);
-      for (const StructType *type : unit->structs) {
-        checkName(*type);
+      for (const StructType *type : unit->structs)
         checkSignature(*type, type->at, "contains itself");
-      }
       for (const DelegateType *type : unit->delegates)
         checkDelegate(*type);
       for (const InterfaceType *type : unit->interfaces)
@@ -36,12 +34,26 @@ public:
   }
 
 private:
-  /// Names of C structures and of Objective-C classes come from one name.
-  void checkName(const Type &type) {
-    const auto [other, isNew] = bridgeNames_.emplace(type.bridgeName, &type);
-    if (!isNew)
-      diagnostics_.error(type.at, "bridge name " + quoted(type.bridgeName) +
-                                      " is already that of " + quoted(other->second->name));
+  /// Names of C structures and of Objective-C classes are made of one name, so it must be unique.
+  /// The second place is the wrong one.
+  void checkNames() {
+    std::map<std::string, const Type *> names;
+    for (const auto &unit : model_.units()) {
+      std::vector<const Type *> types(unit->enums.begin(), unit->enums.end());
+      types.insert(types.end(), unit->structs.begin(), unit->structs.end());
+      types.insert(types.end(), unit->delegates.begin(), unit->delegates.end());
+      types.insert(types.end(), unit->interfaces.begin(), unit->interfaces.end());
+      types.insert(types.end(), unit->classes.begin(), unit->classes.end());
+      std::sort(types.begin(), types.end(), [](const Type *a, const Type *b) {
+        return std::tie(a->at.line, a->at.column) < std::tie(b->at.line, b->at.column);
+      });
+      for (const Type *type : types) {
+        const auto [other, isNew] = names.emplace(type->bridgeName, type);
+        if (!isNew)
+          diagnostics_.error(type->at, "bridge name " + quoted(type->bridgeName) +
+                                           " is already that of " + quoted(other->second->name));
+      }
+    }
   }
 
   void checkSignature(const Type &type, Position at, const std::string &problem) {
@@ -50,30 +62,41 @@ private:
   }
 
   void checkDelegate(const DelegateType &delegate) {
-    checkName(delegate);
+    // An instance is right or wrong by its arguments, so the place is where it is first used.
+    const auto report = [&](Position at, const std::string &problem) {
+      if (delegate.isInstance)
+        diagnostics_.error(delegate.at, quoted(delegate.name) + ": " + problem);
+      else
+        diagnostics_.error(at, problem);
+    };
     for (const DelegateType::Argument &argument : delegate.arguments) {
       if (const std::string problem = crossingProblem(*argument.type); !problem.empty())
-        diagnostics_.error(argument.at, problem);
+        report(argument.at, problem);
       else if (argument.type->isDelegate())
-        diagnostics_.error(argument.at, "a delegate cannot take another one");
+        report(argument.at, "a delegate cannot take another one");
     }
     if (!delegate.result)
       return;
     if (!delegate.returnsString() && !delegate.returnsObject())
-      diagnostics_.error(delegate.at, "a delegate can return a string or an object, not " +
-                                          quoted(delegate.result->name));
+      report(delegate.at,
+             "a delegate can return a string or an object, not " + quoted(delegate.result->name));
     else if (!delegate.arguments.empty())
-      diagnostics_.error(delegate.arguments[0].at, "a delegate that returns something cannot take "
-                                                   "anything");
+      report(delegate.arguments[0].at, "a delegate that returns something cannot take anything");
     else if (const std::string problem = crossingProblem(*delegate.result); !problem.empty())
-      diagnostics_.error(delegate.at, problem);
+      report(delegate.at, problem);
   }
 
   void checkInterface(const InterfaceType &interface) {
-    checkName(interface);
+    std::map<std::string, const Member *> selectors;
     for (const Member &member : interface.members) {
-      if (member.isBridged())
-        checkMember(interface, member);
+      if (!member.isBridged())
+        continue;
+      checkMember(interface, member);
+      const auto [other, isNew] = selectors.emplace(selector(member), &member);
+      if (!isNew)
+        diagnostics_.error(interface.isInstance ? interface.at : member.at,
+                           "selector " + quoted(selector(member)) + " is already that of member " +
+                               quoted(other->second->name));
     }
   }
 
@@ -125,7 +148,6 @@ private:
   }
 
   void checkClass(const ClassType &type) {
-    checkName(type);
     selectors_.clear();
     for (const ClassType::Listed &listed : type.interfaces) {
       if (const std::string problem = listedProblem(type, listed); !problem.empty())
@@ -186,7 +208,6 @@ private:
 
   const Model &model_;
   Diagnostics &diagnostics_;
-  std::map<std::string, const Type *> bridgeNames_;
   std::map<std::string, const Type *> selectors_; ///< of the class being checked, with `-` or `+`
 };
 

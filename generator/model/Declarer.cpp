@@ -18,6 +18,10 @@ public:
       if (!isNew)
         diagnostics_.error({unit.source, 1, 1}, "unit " + quoted(unit.source->unit) + " is also " +
                                                     other->second->source->path);
+      if (unit.source->unit.starts_with("WRT"))
+        diagnostics_.error({unit.source, 1, 1},
+                           "unit " + quoted(unit.source->unit) +
+                               " cannot begin with 'WRT', as the hand-written headers do");
     }
     for (const auto &[name, unit] : byName) {
       unit_ = &model_.addUnit(name);

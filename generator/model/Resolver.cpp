@@ -96,15 +96,15 @@ std::string Resolver::spelling(const Family &family, const Type &argument, Posit
 Type *Resolver::instantiate(const Family &family, std::vector<const Type *> arguments,
                             Position at) {
   std::string name = family.name + "<";
-  std::string bridgeName = family.bridgeName + "__" + std::to_string(arguments.size());
-  for (const Type *argument : arguments) {
-    name += (argument == arguments[0] && name.back() == '<' ? "" : ", ") + argument->name;
-    bridgeName += "_" + spelling(family, *argument, at);
-  }
+  for (const Type *argument : arguments)
+    name += (name.back() == '<' ? "" : ", ") + argument->name;
   name += ">";
   if (Type *known = model_.find(name))
     return known;
 
+  std::string bridgeName = family.bridgeName + "__" + std::to_string(arguments.size());
+  for (const Type *argument : arguments)
+    bridgeName += "_" + spelling(family, *argument, at);
   const auto add = [&](auto type) -> auto & {
     type->isInstance = true;
     type->iid = family.iid;

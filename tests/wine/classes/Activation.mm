@@ -1,10 +1,10 @@
-// Activation through combase: the class of a DLL of ours, and classes that nobody has registered.
+// Activation of what this Wine does not have: classes, and an interface of a class that it has.
 
 #include "tests/wine/classes/Members.h"
 
 #import <WRTObjcBridge/Windows.Foundation.h>
+#import <WRTObjcBridge/Windows.Storage.Streams.h>
 #import <WRTObjcBridge/Windows.System.UserProfile.h>
-#import <WRTObjcBridge/test.h>
 
 using namespace wrt::test;
 
@@ -17,6 +17,7 @@ void unknownFactory(NSError **error) {
   NSError *ownError = nil;
   EXPECT_EQ(nullptr, [WRTUriBridge _WRTIUriRuntimeClassFactoryWithError:&ownError]);
   EXPECT_EQ(kClassNotRegistered, [ownError code]);
+  EXPECT_EQ(nil, [[WRTInMemoryRandomAccessStreamBridge alloc] init]);
   EXPECT_EQ(nil, [WRTUriBridge createUriWithUri:@"http://example.org/" error:error]);
 }
 

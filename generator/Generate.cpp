@@ -1,0 +1,27 @@
+#include "generator/Generate.h"
+
+#include "generator/emit/Emit.h"
+#include "generator/model/Builder.h"
+#include "generator/model/Check.h"
+#include "generator/read/Parser.h"
+
+namespace bridgegen {
+
+std::optional<OutputSet> generate(const std::deque<Source> &sources, Diagnostics &diagnostics) {
+  std::vector<syntax::Unit> units;
+  for (const Source &source : sources)
+    units.push_back(parse(source, diagnostics));
+  // What a half-read file would have declared is not worth reporting as missing, nor is what
+  // follows from a half-built model.
+  if (diagnostics.hasErrors())
+    return std::nullopt;
+  const std::unique_ptr<Model> model = buildModel(units, diagnostics);
+  if (diagnostics.hasErrors())
+    return std::nullopt;
+  check(*model, diagnostics);
+  if (diagnostics.hasErrors())
+    return std::nullopt;
+  return emitAll(*model);
+}
+
+} // namespace bridgegen

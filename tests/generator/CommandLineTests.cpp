@@ -1,0 +1,110 @@
+#include "generator/CommandLine.h"
+#include "tests/generator/Generated.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+namespace bridgegen::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+  int status;
+  std::string output; ///< standard output and standard error
+};
+
+/// Runs the real program.
+Outcome run(const std::string &arguments) {
+  FILE *pipe = popen((WRT_BRIDGEGEN " " + arguments + " 2>&1").c_str(), "r");
+  Outcome result{-1, ""};
+  std::array<char, 4096> buffer;
+  while (const size_t count = fread(buffer.data(), 1, buffer.size(), pipe))
+    result.output.append(buffer.data(), count);
+  result.status = WEXITSTATUS(pclose(pipe));
+  return result;
+}
+
+class Program : public testing::Test {
+protected:
+  void SetUp() override {
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  std::string write(const std::string &name, const std::string &text) {
+    std::ofstream(folder_ / name) << text;
+    return (folder_ / name).string();
+  }
+
+  const fs::path folder_ =
+      fs::temp_directory_path() / ("bridgegen-run-" + std::to_string(getpid()));
+};
+
+TEST_F(Program, WritesTheOutputsOfTheTestInterfaces) {
+  const Outcome first = run("--output " + folder_.string() + "/out " WRT_TEST_DECLARATIONS);
+  EXPECT_EQ(first.status, 0) << first.output;
+  EXPECT_EQ(first.output, "");
+  const Outcome listed = run("--list-outputs " WRT_TEST_DECLARATIONS);
+  std::istringstream lines(listed.output);
+  size_t count = 0;
+  for (std::string path; std::getline(lines, path); ++count)
+    EXPECT_TRUE(fs::exists(folder_ / "out" / path)) << path;
+  EXPECT_EQ(count, 12U);
+}
+
+TEST_F(Program, WritesNothingWhenOneFileOfSeveralIsWrong) {
+  const std::string bad = write("bad.idl", "enum Colour { Red = 1 }\nenum Shape { Round = }\n");
+  const Outcome result =
+      run("--output " + folder_.string() + "/out " WRT_TEST_DECLARATIONS " " + bad);
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.output, bad + ":2:22: error: expected a number, found '}'\n");
+  EXPECT_FALSE(fs::exists(folder_ / "out"));
+}
+
+TEST_F(Program, LeavesOldOutputsAloneWhenTheFilesAreWrong) {
+  const std::string file = write("sample.idl", "enum Colour { Red = 1 }");
+  ASSERT_EQ(run("--output " + folder_.string() + " " + file).status, 0);
+  const std::string before = readFile(folder_ / "include/WRTObjcBridge/sample.h");
+  write("sample.idl", "enum Colour { Red = 2, Red = 3 }");
+  EXPECT_EQ(run("--output " + folder_.string() + " " + file).status, 1);
+  EXPECT_EQ(readFile(folder_ / "include/WRTObjcBridge/sample.h"), before);
+}
+
+TEST_F(Program, SaysWhenAFileCannotBeReadOrAFolderMade) {
+  const Outcome missing =
+      run("--output " + folder_.string() + "/out " + folder_.string() + "/none.idl");
+  EXPECT_EQ(missing.status, 1);
+  EXPECT_EQ(missing.output, folder_.string() + "/none.idl: error: cannot be read\n");
+  write("taken", "");
+  const Outcome taken = run("--output " + folder_.string() + "/taken " WRT_TEST_DECLARATIONS);
+  EXPECT_EQ(taken.status, 1);
+  EXPECT_NE(taken.output.find("bridgegen: "), std::string::npos) << taken.output;
+}
+
+TEST_F(Program, TellsWhatIsWrongWithTheCommandLine) {
+  EXPECT_EQ(run("").status, 2);
+  EXPECT_EQ(run("--output").output,
+            "bridgegen: '--output' needs a folder; 'bridgegen --help' tells more\n");
+  EXPECT_EQ(run("x.idl").output,
+            "bridgegen: no output folder; '--output' names it; 'bridgegen --help' tells more\n");
+  const Outcome unknown = run("--verbose x.idl");
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_EQ(unknown.output,
+            "bridgegen: unknown option '--verbose'; 'bridgegen --help' tells more\n");
+}
+
+TEST_F(Program, HelpNamesEveryOptionAndOutput) {
+  const Outcome help = run("--help");
+  EXPECT_EQ(help.status, 0);
+  EXPECT_EQ(help.output, kHelp);
+  for (const auto &[path, text] : generateFrom({{"U.idl", ""}}).files)
+    EXPECT_NE(help.output.find(path), std::string::npos) << path;
+}
+
+} // namespace
+} // namespace bridgegen::test

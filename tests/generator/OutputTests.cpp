@@ -1,0 +1,90 @@
+#include "generator/emit/Emit.h"
+#include "tests/generator/Generated.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace bridgegen::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const char *const kSample = R"(
+full interface IFirst {11111111-0000-0000-0000-000000000001} { void Run(); ISecond Next(); }
+)";
+const char *const kOther = R"(
+full interface ISecond {11111111-0000-0000-0000-000000000002} { Int32 Count { get; } }
+)";
+
+/// A folder that is gone after the test.
+class Outputs : public testing::Test {
+protected:
+  void SetUp() override {
+    folder_ =
+        fs::temp_directory_path() / ("bridgegen-" + std::to_string(getpid()) + "-" +
+                                     testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(folder_);
+  }
+  void TearDown() override { fs::remove_all(folder_); }
+
+  fs::path folder_;
+};
+
+OutputSet outputsOf(const Generated &generated) {
+  OutputSet outputs;
+  for (const auto &[path, text] : generated.files)
+    outputs.add(path, text);
+  return outputs;
+}
+
+TEST_F(Outputs, DoNotDependOnTheOrderOfTheFiles) {
+  const Generated forwards = generateFrom({{"x/a.idl", kSample}, {"y/b.idl", kOther}});
+  const Generated backwards = generateFrom({{"y/b.idl", kOther}, {"x/a.idl", kSample}});
+  ASSERT_EQ(forwards.errors, "");
+  EXPECT_EQ(forwards.files, backwards.files);
+}
+
+TEST_F(Outputs, AreTheListedOnes) {
+  const Generated generated = generateFrom({{"x/a.idl", kSample}, {"y/b.idl", kOther}});
+  std::vector<std::string> paths;
+  for (const auto &[path, text] : generated.files)
+    paths.push_back(path);
+  std::vector<std::string> listed = outputPaths({"a", "b"});
+  std::sort(listed.begin(), listed.end());
+  EXPECT_EQ(paths, listed);
+}
+
+TEST_F(Outputs, AreWrittenOnlyWhenTheyChange) {
+  const Generated before = generateFrom({{"a.idl", kSample}, {"b.idl", kOther}});
+  EXPECT_EQ(outputsOf(before).commit(folder_), before.files.size());
+  EXPECT_EQ(outputsOf(before).commit(folder_), 0U);
+
+  const fs::path untouched = folder_ / "classes/b.mm";
+  const fs::path touched = folder_ / "classes/a.mm";
+  const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+  fs::last_write_time(untouched, old);
+  fs::last_write_time(touched, old);
+  std::string changed = kSample;
+  changed.replace(changed.find("Run"), 3, "Walk");
+  const Generated after = generateFrom({{"a.idl", changed}, {"b.idl", kOther}});
+  EXPECT_GT(outputsOf(after).commit(folder_), 0U);
+  EXPECT_EQ(fs::last_write_time(untouched), old);
+  EXPECT_NE(fs::last_write_time(touched), old);
+  EXPECT_EQ(readFile(touched), after.files.at("classes/a.mm"));
+}
+
+TEST_F(Outputs, OfAUnitDoNotChangeWithTheMembersOfAnother) {
+  std::string changed = kOther;
+  changed.replace(changed.find("Count"), 5, "Total");
+  const Generated before = generateFrom({{"a.idl", kSample}, {"b.idl", kOther}});
+  const Generated after = generateFrom({{"a.idl", kSample}, {"b.idl", changed}});
+  for (const auto &[path, text] : before.files) {
+    if (path.find("/a.") != path.npos) {
+      EXPECT_EQ(text, after.files.at(path)) << path;
+    }
+  }
+  EXPECT_NE(before.files.at("surface.digest"), after.files.at("surface.digest"));
+}
+
+} // namespace
+} // namespace bridgegen::test

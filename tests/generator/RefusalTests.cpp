@@ -1,0 +1,220 @@
+#include "tests/generator/Generated.h"
+
+#include <gtest/gtest.h>
+
+namespace bridgegen::test {
+namespace {
+
+/// Declarations in which `^` stands before the offending token, and what is said about it.
+struct Refusal {
+  const char *name;
+  std::string declarations;
+  std::string message;
+};
+
+void PrintTo(const Refusal &refusal, std::ostream *out) { *out << refusal.name; }
+
+/// What every case may use.
+const std::string kPrelude = "proxy interface IThing {00000000-0000-0000-0000-00000000000a};\n"
+                             "proxy class Thing : IThing;\n"
+                             "delegate Handler {00000000-0000-0000-0000-00000000000b} (Int32 x);\n"
+                             "interface IList<T> {00000000-0000-0000-0000-00000000000c}"
+                             " { T First(); IList<T> Rest(); }\n";
+
+std::string fullInterface(const std::string &members) {
+  return "full interface IFoo {00000000-0000-0000-0000-000000000001}\n{\n" + members + "\n}\n";
+}
+
+const std::vector<Refusal> kRefusals{
+    // The grammar.
+    {"UnknownDeclaration", "^interfaces IFoo;",
+     "expected a declaration ('enum', 'flags', 'struct', 'delegate', 'interface', 'full', 'proxy', "
+     "'extern', 'statics', 'factory' or 'namespace'), found 'interfaces'"},
+    {"UnknownCharacter", "struct S { Int32 ^$a; }", "unexpected character '$'"},
+    {"OpenComment", "struct S { }\n  ^/* ...", "'/*' without '*/'"},
+    {"MissingSemicolon", "namespace Windows.Foo\n^struct S { }", "expected ';', found 'struct'"},
+    {"EndOfFile", "struct S { Int32 a;^", "expected a field's type or '}', found end of file"},
+    {"BadIdentifier", "proxy interface IFoo ^{0000-00};",
+     "expected a GUID of 8-4-4-4-12 hexadecimal digits, found '{0000-00}'"},
+    {"MissingIdentifier", "full interface IFoo ^{ }", "expected a GUID in braces, found '{'"},
+    {"MembersOfAProxy",
+     "proxy interface IFoo {00000000-0000-0000-0000-000000000001} ^{ void Run(); }",
+     "expected ';' (the members of a proxy or extern interface are not declared), found '{'"},
+    {"FormOfAFamily", "full interface IFoo^<T> {00000000-0000-0000-0000-000000000001} { }",
+     "expected no type parameters after 'full', 'proxy', 'extern', 'statics' or 'factory'; its "
+     "instantiations say that"},
+    {"InterfaceWithoutForm", "interface IFoo ^{00000000-0000-0000-0000-000000000001} { }",
+     "expected '<' (an interface without type parameters is 'full', 'proxy', 'extern', 'statics' "
+     "or "
+     "'factory'), found '00000000-0000-0000-0000-000000000001'"},
+    {"BadNumber", "enum E { A = ^0xG }", "expected a decimal or hexadecimal number, found '0xG'"},
+    {"NumberOutOfRange", "enum E { A = ^2147483648 }",
+     "expected a number of 32 bits, found '2147483648'"},
+    {"NegativeFlag", "flags enum E { A = ^-1 }", "expected a number of 32 bits, found '1'"},
+    {"UnknownAccessor", fullInterface("Int32 Count { ^read; }"),
+     "expected 'get' or 'set', found 'read'"},
+    {"VoidProperty", fullInterface("void Count ^{ get; }"), "expected '(', found '{'"},
+    {"FilledValue", fullInterface("void Run(fill Int32 ^x);"),
+     "expected '[' (only arrays are filled or returned through a parameter), found 'x'"},
+    {"UnknownAttribute", "[^sealed] full class Foo;",
+     "expected 'activatable' here, found 'sealed'"},
+    {"AttributeOfAProxy", "[^activatable] proxy class Foo : IThing;",
+     "expected no attribute here, found 'activatable'"},
+    {"UnknownMemberAttribute", fullInterface("[^overloaded(\"Run\")] void Run();"),
+     "expected 'overload(\"...\")', found 'overloaded'"},
+    // Names.
+    {"TypeTwice", "struct S { }\nenum ^S { }", "type 'S' is declared twice"},
+    {"BuiltInType", "struct ^Object { }", "'Object' is a built-in type"},
+    {"ConstantTwice", "enum E { A = 1, ^A = 2 }", "constant 'A' occurs twice"},
+    {"FieldTwice", "struct S { Int32 x; Int64 ^x; }", "field 'x' occurs twice"},
+    {"ParameterTwice", fullInterface("void Run(Int32 x, Int32 ^x);"), "parameter 'x' occurs twice"},
+    {"MemberTwice", fullInterface("void Run();\nvoid ^Run(Int32 x);"), "member 'Run' occurs twice"},
+    {"SetterTwice", fullInterface("Int32 A { get; set; }\nInt32 ^A { set; }"),
+     "member 'A' occurs twice"},
+    {"IdentifierTwice", "proxy interface IFoo ^{00000000-0000-0000-0000-00000000000a};",
+     "identifier '{00000000-0000-0000-0000-00000000000a}' is already that of 'IThing'"},
+    {"BridgeNameTwice", "namespace Other;\nstruct ^IThing { }",
+     "bridge name 'IThing' is already that of 'IThing'"},
+    {"InstanceTwice", "full IList<String>;\nproxy ^IList<String>;",
+     "'IList<String>' is listed twice"},
+    {"UnknownType", fullInterface("void Run(^Nothing x);"), "unknown type 'Nothing'"},
+    {"UnknownTypeInAFamily",
+     "interface IOther<T> {00000000-0000-0000-0000-000000000001} { ^Nothing First(); }",
+     "unknown type 'Nothing'"},
+    {"SeveralTypes",
+     "namespace A;\nenum Panel { }\nnamespace B;\nproxy class Panel as UIPanel : IThing;\n"
+     "namespace C;\nstruct S { ^Panel p; }",
+     "'Panel' may be 'A.Panel' and 'B.Panel'; write it in full"},
+    {"TooManyTypeArguments", "full ^IList<String, String>;",
+     "'IList' takes 1 type arguments, found 2"},
+    {"TypeArgumentsOfAPlainType", fullInterface("void Run(^String<Int32> x);"),
+     "'String' takes no type arguments"},
+    {"NoInstance", "full ^Thing;", "expected an instance of a generic interface, found 'Thing'"},
+    {"NoSpelling", "full ^IList<UInt8>;", "'UInt8' cannot be a type argument: it has no spelling"},
+    // What can cross.
+    {"InstanceNotListed", fullInterface("^IList<String> Items();"),
+     "'IList<String>' has no bridge: it is listed neither as 'full' nor as 'proxy'"},
+    {"InstanceNeedsAnother", "struct S { }\nfull IList<String>, ^IList<IList<S>>;",
+     "'IList<IList<S>>', member 'First': 'IList<S>' has no bridge: it is listed neither as 'full' "
+     "nor as "
+     "'proxy'"},
+    {"ExternInterface",
+     "extern interface IBar {00000000-0000-0000-0000-000000000002};\n" +
+         fullInterface("void Run(^IBar x);"),
+     "'IBar' has no bridge: it is 'extern'"},
+    {"ExternClass", "extern class Bar : IThing;\n" + fullInterface("^Bar Run();"),
+     "'Bar' has no bridge: it is 'extern'"},
+    {"StaticsAsParameter",
+     "statics interface IBar {00000000-0000-0000-0000-000000000002} { }\n" +
+         fullInterface("void Run(^IBar x);"),
+     "'IBar' has no bridge: its members are those of a class"},
+    {"ClassWithoutInstances", "full class Bar;\n" + fullInterface("^Bar Run();"),
+     "'Bar' has no default interface, so there are no objects of it"},
+    {"DelegateAsResult", fullInterface("^Handler Run();"), "a delegate cannot be a result"},
+    {"DelegateOut", fullInterface("void Run(out ^Handler x);"),
+     "a delegate can only be an in-parameter"},
+    {"DelegateOfADelegate", "delegate Other {00000000-0000-0000-0000-000000000001} (^Handler x);",
+     "a delegate cannot take another one"},
+    {"DelegateWithANumber", "delegate Int32 ^Other {00000000-0000-0000-0000-000000000001} ();",
+     "a delegate can return a string or an object, not 'Int32'"},
+    {"DelegateWithResultAndArgument",
+     "delegate String Other {00000000-0000-0000-0000-000000000001} (^Int32 x);",
+     "a delegate that returns something cannot take anything"},
+    {"EventOfANumber", fullInterface("event ^Int32 Changed;"),
+     "expected a delegate as the handler's type, found 'Int32'"},
+    {"DelegateInstanceOfAnExternClass",
+     "extern class Bar : IThing;\n"
+     "delegate Typed<T> {00000000-0000-0000-0000-000000000003} (T sender);\n" +
+         fullInterface("event ^Typed<Bar> Changed;"),
+     "'Typed<Bar>': 'Bar' has no bridge: it is 'extern'"},
+    {"FillWithoutCount", fullInterface("void Run(fill ^String[size] x);"),
+     "a 'fill' array of 'String' needs a count of what was filled in"},
+    {"SecondCountWithoutFill", fullInterface("void Run(out Int32[size, out ^count] x);"),
+     "only a 'fill' array has a second count"},
+    {"CountOfAnotherType", fullInterface("void Run(Int32[^Int64 count] x);"),
+     "expected 'UInt32' or 'Int32' as the type of a count, found 'Int64'"},
+    {"ReturnNotLast", fullInterface("void Run(return Int32[count] ^x, Int32 y);"),
+     "a parameter with 'return' must be the last one"},
+    {"ReturnAndResult", fullInterface("^Int32 Run(return Int32[count] x);"),
+     "expected 'void', since a parameter has 'return', found 'Int32'"},
+    {"FieldOfObjects", "struct S { ^IThing x; }", "'IThing' cannot be the type of a field"},
+    // Classes.
+    {"FullClassWithProxy", "full class Foo : ^IThing;",
+     "a full class cannot have the proxy interface 'IThing'"},
+    {"ClassInterfaceThatIsNone", "proxy class Foo : ^Handler;",
+     "expected an interface, found 'Handler'"},
+    {"InterfaceListedTwice", "proxy class Foo : IThing, ^IThing;", "'IThing' occurs twice"},
+    {"StaticsAsFactory",
+     "statics interface IBar {00000000-0000-0000-0000-000000000002} { }\nfull class Foo factory "
+     "^IBar;",
+     "'IBar' is no 'factory interface'"},
+    {"StaticsAsInstanceInterface",
+     "statics interface IBar {00000000-0000-0000-0000-000000000002} { }\nfull class Foo : ^IBar;",
+     "'IBar' belongs behind 'statics'"},
+    {"StaticsOfAProxy",
+     "statics interface IBar {00000000-0000-0000-0000-000000000002} { }\n"
+     "proxy class Foo : IThing statics ^IBar;",
+     "a proxy class has no statics or factories, found 'IBar'"},
+    {"ProxyClassWithoutInterface", "proxy class ^Foo;", "a proxy class needs a default interface"},
+    {"ExternClassWithMore",
+     "proxy interface IOther {00000000-0000-0000-0000-000000000001};\nextern class ^Foo : IThing, "
+     "IOther;",
+     "an extern class lists its default interface and nothing else"},
+    {"SelectorTwice",
+     fullInterface("void Run();") +
+         "full interface IBar {00000000-0000-0000-0000-000000000002} { void Run(); }\n"
+         "full class Foo : IFoo, ^IBar;",
+     "selector 'runWithError:' of 'IBar' is already that of a member of 'IFoo'"},
+    {"SelectorTwiceInAnInterface", fullInterface("Int32 Id { get; }\nInt32 ^GetId();"),
+     "selector 'getIdWithError:' is already that of member 'Id'"},
+    {"CycleThroughDefaultInterface", "proxy IList<Foo>;\nproxy class Foo : ^IList<Foo>;",
+     "'Foo' comes back to itself through its default interface"},
+};
+
+class Refused : public testing::TestWithParam<Refusal> {};
+
+TEST_P(Refused, NamesPlaceAndReason) {
+  std::string text = kPrelude + GetParam().declarations;
+  std::vector<std::string> places;
+  for (size_t at = text.find('^'); at != text.npos; at = text.find('^')) {
+    text.erase(at, 1);
+    const size_t lineStart = text.rfind('\n', at) + 1;
+    places.push_back(
+        "sample.idl:" +
+        std::to_string(1 + std::count(text.begin(), text.begin() + static_cast<long>(at), '\n')) +
+        ":" + std::to_string(at - lineStart + 1) + ": error: ");
+  }
+  ASSERT_EQ(places.size(), 1U) << "one '^' marks the token";
+  const Generated generated = generateFrom(text);
+  EXPECT_EQ(generated.errors, places[0] + GetParam().message + "\n");
+  EXPECT_TRUE(generated.files.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Declarations, Refused, testing::ValuesIn(kRefusals),
+                         [](const auto &info) { return std::string(info.param.name); });
+
+TEST(Refusals, AreAllShownInTheOrderOfTheirPlaces) {
+  const Generated generated = generateFrom(
+      {{"b.idl", "struct S { A a; }\nstruct T { B b; T2 c; }"}, {"a.idl", "struct U { C c; }"}});
+  EXPECT_EQ(generated.errors, "a.idl:1:12: error: unknown type 'C'\n"
+                              "b.idl:1:12: error: unknown type 'A'\n"
+                              "b.idl:2:12: error: unknown type 'B'\n"
+                              "b.idl:2:17: error: unknown type 'T2'\n");
+}
+
+TEST(Refusals, OfStructuresThatContainEachOtherNameBoth) {
+  EXPECT_EQ(generateFrom("struct A { B b; }\nstruct B { A a; }").errors,
+            "sample.idl:1:8: error: 'A' contains itself\n"
+            "sample.idl:2:8: error: 'B' contains itself\n");
+}
+
+TEST(Refusals, OfUnitsNameTheFirstLine) {
+  EXPECT_EQ(generateFrom({{"x/a.idl", ""}, {"y/a.idl", ""}}).errors,
+            "y/a.idl:1:1: error: unit 'a' is also x/a.idl\n");
+  EXPECT_EQ(generateFrom({{"WRTTypes.idl", ""}}).errors,
+            "WRTTypes.idl:1:1: error: unit 'WRTTypes' cannot begin with 'WRT', as the hand-written "
+            "headers do\n");
+}
+
+} // namespace
+} // namespace bridgegen::test
