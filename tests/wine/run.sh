@@ -73,7 +73,7 @@ run_program "matrix" 60 build/linux/libwine_matrix.so "$wine_folder/testcomponen
 expectations=$here/expectations-$version.txt
 if [[ -f $expectations ]]; then
   # A language that is nobody's default: what comes back has gone through Wine.
-  export LC_ALL=de_DE.UTF-8
+  export WRT_WINE_LOCALE=de_DE.UTF-8
   run_program "classes" 60 build/linux/libwine_classes.so "$expectations"
 else
   shout "CLASSES NOT TESTED: nothing is known about Wine $version; write $expectations"

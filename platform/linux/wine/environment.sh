@@ -8,15 +8,17 @@ printf 'pcm.!default { type null }\nctl.!default { type null }\n' > "$wine_folde
 # Debian keeps Wine's own names in a folder of their own.
 export PATH=/usr/lib/wine:$PATH
 export WINEPREFIX=$wine_folder/prefix WINEARCH=win64
-# The last message-giver is the crash dialogue, which would wait for somebody to close it.
+# Without winedbg nobody asks what to do about a crash, and waits for the answer.
 export WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml=;winedbg.exe=d'
 export HOME=$wine_folder/home XDG_RUNTIME_DIR=$wine_folder/runtime
 unset DISPLAY WAYLAND_DISPLAY
 
-# Runs a Windows command with a time limit in seconds; whatever has hung is ended for good.
+# Runs a Windows command with a time limit in seconds; whatever has hung is ended for good. Wine's
+# language is that of WRT_WINE_LOCALE, as in de_DE.UTF-8, which need not be installed, or else ours.
 # Usage: wine_command SECONDS COMMAND [ARGUMENT...]
 wine_command() {
-  local seconds=$1
+  local seconds=$1 locale=()
   shift
-  timeout -k 5 "$seconds" wine64 "$@"
+  [[ -n ${WRT_WINE_LOCALE-} ]] && locale=("LC_ALL=$WRT_WINE_LOCALE")
+  timeout -k 5 "$seconds" env "${locale[@]}" wine64 "$@"
 }
