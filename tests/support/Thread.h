@@ -6,8 +6,8 @@
 
 namespace wrt::test {
 
-/// A thread that may call the platform. Which kind that is depends on the platform: Wine's functions
-/// run on threads of Wine's alone.
+/// A thread that may call the platform. Which kind that is depends on the platform: Wine's
+/// functions run on threads of Wine's alone.
 class Thread {
 public:
   /// Starts `body`, which is destroyed on the thread when it has run.

@@ -34,10 +34,11 @@ HRESULT makeUninitializedString(uint32_t length, HSTRING *string, char16_t **tex
   HRESULT result = windows().WindowsPreallocateStringBuffer(length, text, &buffer);
   if (result >= 0)
     result = windows().WindowsPromoteStringBuffer(buffer, string);
-  if (result < 0)
+  if (result < 0) {
     *text = nullptr;
-  else
-    wine::countHandleMade(*string);
+    return result;
+  }
+  wine::countHandleMade(*string);
   return result;
 }
 

@@ -31,10 +31,8 @@ std::map<std::string, Row> makeTable(const testing::UnitTest &all) {
         continue;
       ++row.tried;
       const auto answer = expectations().find(std::string(tests.name()) + "." + info.name());
-      if (info.result()->Passed() && answer != expectations().end())
-        ++row.answers[static_cast<size_t>(answer->second)];
-      else
-        ++row.failed;
+      const bool isAsExpected = info.result()->Passed() && answer != expectations().end();
+      ++(isAsExpected ? row.answers[static_cast<size_t>(answer->second)] : row.failed);
     }
   }
   return table;
