@@ -41,7 +41,7 @@ void convert(benchmark::State &state) {
     }
   }
 }
-BENCHMARK(convert)->Name("NSData, reference, NSData (MiB)")->Arg(1)->Arg(64)->UseRealTime();
+BENCHMARK(convert)->Name("conversion there and back (MiB)")->Arg(1)->Arg(64)->UseRealTime();
 
 /// The same number of bytes copied once into fresh memory.
 void copy(benchmark::State &state) {
@@ -119,7 +119,7 @@ void listByBridges(benchmark::State &state) {
   }
   [path release];
 }
-BENCHMARK(listByBridges)->Name("2,000 files by the bridges")->UseRealTime();
+BENCHMARK(listByBridges)->Name("2000 files by the bridges")->UseRealTime();
 
 void listByWalk(benchmark::State &state) {
   for (auto _ : state) {
@@ -133,7 +133,7 @@ void listByWalk(benchmark::State &state) {
       state.SkipWithError("not all files were found");
   }
 }
-BENCHMARK(listByWalk)->Name("2,000 files by std::filesystem")->UseRealTime();
+BENCHMARK(listByWalk)->Name("2000 files by a walk")->UseRealTime();
 
 } // namespace
 

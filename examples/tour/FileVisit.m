@@ -43,8 +43,7 @@ static NSString *visitXml(NSString *text, Findings *findings, NSError **error) {
   }
   WRTXmlNodeListBridge *elements = [document selectNodesWithXpath:@"//*" error:error];
   WRTXmlNodeListBridge *attributes = [document selectNodesWithXpath:@"//@*" error:error];
-  id<WRTIXmlNodeBridge> first = [document selectSingleNodeWithXpath:@"/*/*[1]"
-                                                              error:error];
+  id<WRTIXmlNodeBridge> first = [document selectSingleNodeWithXpath:@"/*/*[1]" error:error];
   const unsigned count = [elements getLengthWithError:error];
   [findings add:1 to:@"XML documents"];
   [findings add:count to:@"XML elements"];

@@ -65,9 +65,7 @@ void freeLoose(xmlNode *node) {
 
 } // namespace
 
-XmlTree::XmlTree() : document_(xmlNewDoc(chars("1.0"))) {
-  document_->standalone = kNoDeclaration;
-}
+XmlTree::XmlTree() : document_(xmlNewDoc(chars("1.0"))) { document_->standalone = kNoDeclaration; }
 
 XmlTree::~XmlTree() {
   for (xmlNode *node : loose_)
