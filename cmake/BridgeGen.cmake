@@ -42,6 +42,10 @@ set(WRT_BRIDGE_EXPORTS ${PROJECT_BINARY_DIR}/platform/bridge.exports)
 list(APPEND outputs ${WRT_CLASS_SOURCES} ${platform_sources} ${WRT_CATALOGUE} ${WRT_SURFACE_DIGEST}
   ${WRT_BRIDGE_EXPORTS} ${PROJECT_BINARY_DIR}/include/WRTObjcBridge/WRTObjcBridge.h)
 
+# For the test that compares this list with bridgegen's own.
+set_property(GLOBAL PROPERTY WRT_GENERATED_OUTPUTS ${outputs})
+set_property(GLOBAL PROPERTY WRT_DECLARATIONS ${WRT_DECLARATIONS})
+
 # bridgegen leaves alone what would not change, and Ninja looks again at the times afterwards, so only
 # what depends on a changed output is built.
 add_custom_command(OUTPUT ${outputs}

@@ -69,6 +69,8 @@ private:
       else
         diagnostics_.error(at, problem);
     };
+    if (delegate.isInstance)
+      checkArguments(delegate, *delegate.instance);
     for (const DelegateType::Argument &argument : delegate.arguments) {
       if (const std::string problem = crossingProblem(*argument.type); !problem.empty())
         report(argument.at, problem);
@@ -86,7 +88,22 @@ private:
       report(delegate.at, problem);
   }
 
+  /// The identifier of an instance comes from the signatures of its arguments, and that of a class
+  /// from its default interface.
+  void checkArguments(const Type &type, const Instance &instance) {
+    for (const Type *argument : instance.arguments) {
+      if (argument->isRuntimeClass() && !asClass(*argument).defaultInterface())
+        diagnostics_.error(type.at,
+                           quoted(argument->name) +
+                               " has no default interface, so it cannot be a type argument");
+      if (argument->isInstance && argument->kind == Kind::Interface)
+        checkArguments(type, *asInterface(*argument).instance);
+    }
+  }
+
   void checkInterface(const InterfaceType &interface) {
+    if (interface.isInstance)
+      checkArguments(interface, *interface.instance);
     std::map<std::string, const Member *> selectors;
     for (const Member &member : interface.members) {
       if (!member.isBridged())

@@ -1,10 +1,12 @@
 #include "generator/CommandLine.h"
 #include "tests/generator/Generated.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <sys/wait.h>
 
 namespace bridgegen::test {
@@ -55,6 +57,21 @@ TEST_F(Program, WritesTheOutputsOfTheTestInterfaces) {
   for (std::string path; std::getline(lines, path); ++count)
     EXPECT_TRUE(fs::exists(folder_ / "out" / path)) << path;
   EXPECT_EQ(count, 12U);
+}
+
+/// The build has to know all outputs before bridgegen is there to list them.
+TEST_F(Program, HasTheOutputsThatTheBuildExpects) {
+  const auto sortedLines = [](const std::string &text, const std::string &prefix) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+      lines.push_back(prefix + line);
+    std::sort(lines.begin(), lines.end());
+    return lines;
+  };
+  const Outcome listed = run("--list-outputs " + readFile(WRT_BUILD_DECLARATIONS));
+  EXPECT_EQ(sortedLines(listed.output, WRT_BUILD_FOLDER),
+            sortedLines(readFile(WRT_BUILD_OUTPUTS), ""));
 }
 
 TEST_F(Program, WritesNothingWhenOneFileOfSeveralIsWrong) {

@@ -110,6 +110,8 @@ const std::vector<Refusal> kRefusals{
      "'IBar' has no bridge: its members are those of a class"},
     {"ClassWithoutInstances", "full class Bar;\n" + fullInterface("^Bar Run();"),
      "'Bar' has no default interface, so there are no objects of it"},
+    {"ArgumentWithoutInstances", "full class Bar;\nproxy ^IList<IList<Bar>>;",
+     "'Bar' has no default interface, so it cannot be a type argument"},
     {"DelegateAsResult", fullInterface("^Handler Run();"), "a delegate cannot be a result"},
     {"DelegateOut", fullInterface("void Run(out ^Handler x);"),
      "a delegate can only be an in-parameter"},
