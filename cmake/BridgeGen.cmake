@@ -15,6 +15,8 @@ file(GLOB WRT_DECLARATIONS CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/generic/*.idl
   ${PROJECT_SOURCE_DIR}/catalogue/*/*.idl)
 
+set(WRT_HAND_WRITTEN ${PROJECT_SOURCE_DIR}/core/classes.tsv)
+
 # When the build is for another machine, bridgegen is still for this one.
 if(NOT TARGET bridgegen)
   wrt_add_host_tools(wrt_generator ${PROJECT_SOURCE_DIR}/generator bridgegen)
@@ -49,8 +51,9 @@ set_property(GLOBAL PROPERTY WRT_DECLARATIONS ${WRT_DECLARATIONS})
 # bridgegen leaves alone what would not change, and Ninja looks again at the times afterwards, so only
 # what depends on a changed output is built.
 add_custom_command(OUTPUT ${outputs}
-  COMMAND bridgegen --output ${PROJECT_BINARY_DIR} ${WRT_DECLARATIONS}
-  DEPENDS bridgegen ${WRT_DECLARATIONS}
+  COMMAND bridgegen --output ${PROJECT_BINARY_DIR} --hand-written ${WRT_HAND_WRITTEN}
+    ${WRT_DECLARATIONS}
+  DEPENDS bridgegen ${WRT_HAND_WRITTEN} ${WRT_DECLARATIONS}
   COMMENT "Generating the bridges")
 add_custom_target(bridges DEPENDS ${outputs})
 

@@ -41,14 +41,12 @@ endif()
 
 add_library(wrt_objc INTERFACE)
 target_link_libraries(wrt_objc INTERFACE wrt_options)
-target_compile_options(wrt_objc INTERFACE -fblocks)
 if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
-  target_compile_options(wrt_objc INTERFACE -fobjc-runtime=ios-7.0)
+  set(WRT_OBJC_FLAGS -fblocks -fobjc-runtime=ios-7.0)
 else()
+  set(WRT_OBJC_FLAGS -fblocks -fobjc-runtime=gcc -fconstant-string-class=NSConstantString)
   find_path(WRT_GNUSTEP_INCLUDE Foundation/Foundation.h PATHS /usr/include/GNUstep REQUIRED)
   find_path(WRT_OBJC_INCLUDE objc/objc.h PATHS /usr/lib/gcc/x86_64-linux-gnu/12/include REQUIRED)
-  target_compile_options(wrt_objc INTERFACE -fobjc-runtime=gcc
-    -fconstant-string-class=NSConstantString)
   target_include_directories(wrt_objc SYSTEM INTERFACE
     ${WRT_GNUSTEP_INCLUDE} ${WRT_OBJC_INCLUDE}
     ${PROJECT_SOURCE_DIR}/platform/linux/objc/include)
@@ -57,6 +55,7 @@ else()
   target_link_libraries(wrt_objc INTERFACE
     $<$<NOT:$<STREQUAL:$<TARGET_PROPERTY:NAME>,zorvex>>:zorvex> -lgnustep-base -lobjc)
 endif()
+target_compile_options(wrt_objc INTERFACE ${WRT_OBJC_FLAGS})
 
 # The library's own code: nothing is thrown and no type information is kept.
 add_library(wrt_library_code INTERFACE)

@@ -17,6 +17,12 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
         return std::nullopt;
       }
       commandLine.output = arguments[i];
+    } else if (argument == "--hand-written") {
+      if (++i == arguments.size()) {
+        problem = "'--hand-written' needs a file";
+        return std::nullopt;
+      }
+      commandLine.handWritten = arguments[i];
     } else if (argument.starts_with("-")) {
       problem = "unknown option '" + argument + "'";
       return std::nullopt;
@@ -33,7 +39,7 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
   return problem.empty() ? std::optional(commandLine) : std::nullopt;
 }
 
-const char *const kHelp = R"(Usage: bridgegen --output FOLDER FILE.idl...
+const char *const kHelp = R"(Usage: bridgegen --output FOLDER [--hand-written FILE] FILE.idl...
        bridgegen --list-outputs FILE.idl...
 
 Makes the Objective-C bridges of the WinRT types that the files declare. All files are
@@ -43,6 +49,10 @@ is a unit, and its stem names its outputs.
 Options:
   --output FOLDER   Where the outputs go. Folders are made as needed. A file whose
                     contents would not change is left alone, with its time.
+  --hand-written FILE
+                    Classes that are not generated, for the tables: a line per class
+                    with its superclass, and under it its methods' lines of
+                    catalogue.tsv; columns separated by tabs, comments after '#'.
   --list-outputs    Print the paths of the outputs, relative to the output folder,
                     one a line, and write nothing. The files need not exist.
   --help            Print this.

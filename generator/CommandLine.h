@@ -12,6 +12,7 @@ struct CommandLine {
   bool help = false;
   bool listOutputs = false;
   std::string output;
+  std::string handWritten; ///< a file; empty for none
   std::vector<std::string> files;
 };
 

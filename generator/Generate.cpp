@@ -7,10 +7,14 @@
 
 namespace bridgegen {
 
-std::optional<OutputSet> generate(const std::deque<Source> &sources, Diagnostics &diagnostics) {
+std::optional<OutputSet> generate(const std::deque<Source> &sources, const Source *handWritten,
+                                  Diagnostics &diagnostics) {
   std::vector<syntax::Unit> units;
   for (const Source &source : sources)
     units.push_back(parse(source, diagnostics));
+  std::vector<HandWrittenClass> others;
+  if (handWritten)
+    others = readHandWritten(*handWritten, diagnostics);
   // What a half-read file would have declared is not worth reporting as missing, nor is what
   // follows from a half-built model.
   if (diagnostics.hasErrors())
@@ -21,7 +25,7 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, Diagnostics
   check(*model, diagnostics);
   if (diagnostics.hasErrors())
     return std::nullopt;
-  return emitAll(*model);
+  return emitAll(*model, others);
 }
 
 } // namespace bridgegen

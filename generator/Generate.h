@@ -9,9 +9,11 @@
 
 namespace bridgegen {
 
-/// Reads, checks and emits all sources in memory. Nothing when something is wrong, which
-/// `diagnostics` tells; its places point into `sources`.
-std::optional<OutputSet> generate(const std::deque<Source> &sources, Diagnostics &diagnostics);
+/// Reads, checks and emits all sources in memory; `handWritten` lists classes that the tables name
+/// besides, and may be null. Nothing when something is wrong, which `diagnostics` tells; its places
+/// point into the sources.
+std::optional<OutputSet> generate(const std::deque<Source> &sources, const Source *handWritten,
+                                  Diagnostics &diagnostics);
 
 } // namespace bridgegen
 

@@ -32,18 +32,28 @@ int listOutputs(const CommandLine &commandLine) {
   return 0;
 }
 
-int generate(const CommandLine &commandLine) {
-  std::deque<Source> sources;
-  for (const std::string &file : commandLine.files) {
+/// Reads the files into sources. On failure the file that cannot be read is reported.
+bool read(const std::vector<std::string> &files, std::deque<Source> &sources) {
+  for (const std::string &file : files) {
     const std::optional<std::string> text = contents(file);
     if (!text) {
       std::cerr << file << ": error: cannot be read\n";
-      return kWrongInput;
+      return false;
     }
     sources.emplace_back(file, *text);
   }
+  return true;
+}
+
+int generate(const CommandLine &commandLine) {
+  std::deque<Source> sources;
+  std::deque<Source> handWritten;
+  if (!read(commandLine.files, sources) ||
+      (!commandLine.handWritten.empty() && !read({commandLine.handWritten}, handWritten)))
+    return kWrongInput;
   Diagnostics diagnostics;
-  const std::optional<OutputSet> outputs = bridgegen::generate(sources, diagnostics);
+  const std::optional<OutputSet> outputs = bridgegen::generate(
+      sources, handWritten.empty() ? nullptr : &handWritten.front(), diagnostics);
   if (!outputs) {
     diagnostics.print(std::cerr);
     return kWrongInput;

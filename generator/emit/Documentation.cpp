@@ -11,17 +11,23 @@ std::string listed(const std::vector<std::string> &names) {
   return text;
 }
 
-/// The enumerations behind the `int`s of a member.
+/// What the types of a member do not tell: the enumerations behind its `int`s.
 std::string enumerations(const Member &member) {
   std::string text;
-  const auto add = [&](const Type *type, const std::string &where) {
-    if (type && type->kind == Kind::Enum)
-      text += (text.empty() ? " " : ", ") + where + type->cName();
+  const auto add = [&](const Type &type, const std::string &where) {
+    if (type.kind == Kind::Enum)
+      text += (text.empty() ? "; " : ", ") + where + type.cName();
   };
-  for (const Parameter &parameter : member.parameters)
-    add(parameter.type, parameter.name + " is a ");
-  add(member.result, "gives a ");
-  return text.empty() ? "" : ";" + text;
+  for (const Parameter &parameter : member.parameters) {
+    add(*parameter.type, parameter.name + " is a ");
+    if (!parameter.type->isDelegate())
+      continue;
+    for (const DelegateType::Argument &argument : asDelegate(*parameter.type).arguments)
+      add(*argument.type, "the block's " + argument.name + " is a ");
+  }
+  if (member.result)
+    add(*member.result, "gives a ");
+  return text;
 }
 
 std::string memberName(const Member &member) {

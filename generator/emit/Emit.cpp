@@ -19,7 +19,7 @@ std::vector<std::string> outputPaths(const std::vector<std::string> &units) {
   return all;
 }
 
-OutputSet emitAll(const Model &model) {
+OutputSet emitAll(const Model &model, const std::vector<HandWrittenClass> &handWritten) {
   OutputSet outputs;
   for (const auto &unit : model.units()) {
     outputs.add(paths::typesHeader(unit->name), emitTypesHeader(*unit));
@@ -33,8 +33,8 @@ OutputSet emitAll(const Model &model) {
   }
   outputs.add(paths::kUmbrella, emitUmbrella(model));
   outputs.add(paths::kBridgeExports, emitBridgeExports(model));
-  outputs.add(paths::kCatalogue, emitCatalogue(model));
-  outputs.add(paths::kDigest, emitDigest(model));
+  outputs.add(paths::kCatalogue, emitCatalogue(model, handWritten));
+  outputs.add(paths::kDigest, emitDigest(model, handWritten));
   return outputs;
 }
 

@@ -3,6 +3,7 @@
 
 #include "generator/model/Model.h"
 #include "generator/output/OutputSet.h"
+#include "generator/project/HandWritten.h"
 
 namespace bridgegen {
 
@@ -30,16 +31,16 @@ std::string emitClassNames(const Unit &unit);
 /// `platform/bridge.exports`: what the library imports from `WRTBridge_zorvex.dll` for the bridges,
 /// in the form of a module definition's export lines.
 std::string emitBridgeExports(const Model &model);
-/// `catalogue.tsv`: a line per method.
-std::string emitCatalogue(const Model &model);
-/// `surface.digest`: a line per class.
-std::string emitDigest(const Model &model);
+/// `catalogue.tsv`: a line per method, those of the hand-written classes first.
+std::string emitCatalogue(const Model &model, const std::vector<HandWrittenClass> &handWritten);
+/// `surface.digest`: a line per class, the hand-written ones first.
+std::string emitDigest(const Model &model, const std::vector<HandWrittenClass> &handWritten);
 
 /// The paths of all outputs for units of these names, in the order of `emitAll`.
 std::vector<std::string> outputPaths(const std::vector<std::string> &units);
 
 /// Everything.
-OutputSet emitAll(const Model &model);
+OutputSet emitAll(const Model &model, const std::vector<HandWrittenClass> &handWritten);
 
 } // namespace bridgegen
 

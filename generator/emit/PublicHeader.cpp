@@ -64,7 +64,7 @@ private:
     if (isOdd)
       writer_.append("#pragma clang diagnostic push\n"
                      "#pragma clang diagnostic ignored \"-Wflag-enum\"\n");
-    writer_.write("/// %\ntypedef %, %) {\n", type.name,
+    writer_.write("/// `%`\ntypedef %, %) {\n", type.name,
                   type.isFlags ? "NS_OPTIONS(unsigned int" : "NS_ENUM(int", type.cName());
     for (const EnumType::Constant &constant : type.constants)
       writer_.write("  %% = %,\n", type.cName(), constant.name,
@@ -137,11 +137,17 @@ private:
     writer_.write("\n/// %\nWRT_BRIDGE_API\n@interface % : %", describeClass(bridge, model_),
                   bridge.name, bridge.superclass);
     if (!bridge.protocols.empty())
-      writer_.write(" <%>", separated(bridge.protocols, ", ",
-                                      [](Writer &writer, const InterfaceType *protocol) {
-                                        writer.append(protocol->bridgeClass());
-                                      }));
+      writeAdopted(bridge.protocols);
     writer_.append("\n@end\n");
+  }
+
+  /// A protocol a line when there are several: a class is read from top to bottom.
+  void writeAdopted(const std::vector<const InterfaceType *> &protocols) {
+    writer_.append(protocols.size() == 1 ? " <" : " <\n    ");
+    writer_.write(
+        "%>", separated(protocols, ",\n    ", [](Writer &writer, const InterfaceType *protocol) {
+          writer.append(protocol->bridgeClass());
+        }));
   }
 
   const Unit &unit_;

@@ -38,9 +38,12 @@ const char *side(const Method &method) { return method.isClassMethod ? "+" : "-"
 
 } // namespace
 
-std::string emitCatalogue(const Model &model) {
+std::string emitCatalogue(const Model &model, const std::vector<HandWrittenClass> &handWritten) {
   Writer writer;
-  writer.append("class\tside\tselector\tencoding\tprotocol encoding\tinterface\tslot\n");
+  for (const HandWrittenClass &type : handWritten) {
+    for (const std::string &method : type.methods)
+      writer.write("%\n", method);
+  }
   forEachBridge(model, [&](const BridgeClass &bridge) {
     for (const BridgeMethod &method : bridge.methods)
       writer.write("%\t%\t%\t%\t%\t%\t%\n", bridge.name, side(method.method),
@@ -52,8 +55,14 @@ std::string emitCatalogue(const Model &model) {
   return writer.text();
 }
 
-std::string emitDigest(const Model &model) {
+std::string emitDigest(const Model &model, const std::vector<HandWrittenClass> &handWritten) {
   Writer writer;
+  for (const HandWrittenClass &type : handWritten) {
+    Hash hash;
+    for (const std::string &method : type.methods)
+      hash.add(method + "\n");
+    writer.write("% core % % %\n", type.name, type.superclass, type.methods.size(), hash.text());
+  }
   forEachBridge(model, [&](const BridgeClass &bridge) {
     Hash hash;
     for (const InterfaceType *protocol : bridge.protocols)

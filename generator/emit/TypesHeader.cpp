@@ -28,7 +28,7 @@ std::vector<const StructType *> inOrderOfUse(const std::vector<const StructType 
 }
 
 void writeStruct(Writer &writer, const StructType &type) {
-  writer.write("\n/// %\ntypedef struct % {\n", type.name, type.cName());
+  writer.write("\n/// `%`\ntypedef struct % {\n", type.name, type.cName());
   for (const StructType::Field &field : type.fields) {
     if (field.type->isString())
       writer.write("  void *%; ///< an HSTRING\n", field.name);
@@ -61,7 +61,7 @@ std::string emitTypesHeader(const Unit &unit) {
 
     for (const InterfaceType *interface : unit.interfaces) {
       const std::string name = interface->cName();
-      writer.write("\n/// %\ntypedef struct % %;\n", interface->name, name, name);
+      writer.write("\n/// `%`\ntypedef struct % %;\n", interface->name, name, name);
       if (interface->hasMembers())
         writer.write("struct % {\n  const struct %Vtbl *lpVtbl;\n};\n", name, name);
     }

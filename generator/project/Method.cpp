@@ -27,8 +27,9 @@ ObjcType wordType(const MethodParameter &word) {
     return isHandedOut ? place(pointerTo(count)) : count;
   }
   if (parameter.isObjectArray())
-    return parameter.passing == Passing::InArray ? objcObject("NSArray")
-                                                 : place(objcObject("NSMutableArray"));
+    return parameter.passing == Passing::InArray
+               ? objcArray("NSArray", *parameter.type)
+               : place(objcArray("NSMutableArray", *parameter.type));
   const ObjcType value = objcType(*parameter.type);
   if (parameter.passing == Passing::In)
     return value;
@@ -40,7 +41,8 @@ ObjcType wordType(const MethodParameter &word) {
 
 ObjcType resultType(const Member &member) {
   if (const Parameter *parameter = member.resultParameter())
-    return objcObject(parameter->passing == Passing::BulkRead ? "NSArray" : "NSMutableArray");
+    return objcArray(parameter->passing == Passing::BulkRead ? "NSArray" : "NSMutableArray",
+                     *parameter->type);
   return member.result ? objcType(*member.result) : objcVoid();
 }
 

@@ -89,8 +89,10 @@ std::string ObjcType::elsewhere() const {
 
 ObjcType objcVoid() { return scalar("void", "v", 0); }
 
-ObjcType objcObject(const std::string &className) {
-  return object(className + " *", "@\"" + className + "\"");
+ObjcType objcArray(const std::string &className, const Type &element) {
+  // Type arguments leave no trace in encodings.
+  const std::string spelling = objcType(element).spelling;
+  return object(className + "<" + spelling + "> *", "@\"" + className + "\"");
 }
 
 ObjcType voidPointer() {
@@ -194,9 +196,9 @@ ObjcType objcType(const Type &type) {
   case Kind::Struct:
     return structure(asStruct(type));
   case Kind::String:
-    return objcObject("NSString");
+    return object("NSString *", "@\"NSString\"");
   case Kind::Class:
-    return objcObject(type.bridgeClass());
+    return object(type.bridgeClass() + " *", "@\"" + type.bridgeClass() + "\"");
   case Kind::Object:
   case Kind::Interface:
     return object("id<" + type.bridgeClass() + ">", "@\"<" + type.bridgeClass() + ">\"");

@@ -35,8 +35,8 @@ ObjcType objcVoid();
 ObjcType objcType(const Type &type);
 /// A pointer through which something of the type is handed out.
 ObjcType pointerTo(const ObjcType &type);
-/// `NSArray *`, `NSMutableArray *` and the like.
-ObjcType objcObject(const std::string &className);
+/// `NSArray<NSString *> *`, or an `NSMutableArray` of the like.
+ObjcType objcArray(const std::string &className, const Type &element);
 /// What an accessor of the interface returns: typed if the table is known, else opaque.
 ObjcType interfacePointer(const InterfaceType &interface);
 ObjcType voidPointer();

@@ -1,5 +1,6 @@
 #include "tests/catalogue/CatalogueTable.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -16,21 +17,27 @@ namespace {
 
 CatalogueTable readTable(const char *path) {
   CatalogueTable table;
-  bool isHeading = true;
   for (const std::string &line : readLines(path)) {
     const std::vector<std::string> fields = split(line, '\t');
     if (fields.size() != 7)
       fail(path, "a line has not seven fields");
-    if (!isHeading) {
-      CatalogueMethod method{fields[0], fields[1][0], fields[2], fields[3],
-                             fields[4], fields[5],    {}};
-      if (fields[6] != "-")
-        method.slot = std::stoi(fields[6]);
-      table[method.className].push_back(std::move(method));
-    }
-    isHeading = false;
+    CatalogueMethod method{fields[0], fields[1][0], fields[2], fields[3], fields[4], fields[5], {}};
+    if (fields[6] != "-")
+      method.slot = std::stoi(fields[6]);
+    table[method.className].push_back(std::move(method));
   }
   return table;
+}
+
+std::vector<SurfaceClass> readSurface(const char *path) {
+  std::vector<SurfaceClass> classes;
+  for (const std::string &line : readLines(path)) {
+    const std::vector<std::string> words = split(line, ' ');
+    if (words.size() != 5)
+      fail(path, "a line has not five words");
+    classes.push_back({words[0], words[1], words[2], std::stoul(words[3])});
+  }
+  return classes;
 }
 
 } // namespace
@@ -38,6 +45,17 @@ CatalogueTable readTable(const char *path) {
 const CatalogueTable &catalogueTable() {
   static const CatalogueTable table = readTable(WRT_CATALOGUE_FILE);
   return table;
+}
+
+const std::vector<SurfaceClass> &surfaceClasses() {
+  static const std::vector<SurfaceClass> classes = readSurface(WRT_DIGEST_FILE);
+  return classes;
+}
+
+bool isCoreClass(const std::string &className) {
+  return std::ranges::any_of(surfaceClasses(), [&](const SurfaceClass &line) {
+    return line.name == className && line.kind == "core";
+  });
 }
 
 bool isTestClass(const std::string &className) { return className.starts_with("WRTTest"); }

@@ -16,7 +16,7 @@ struct CatalogueMethod {
   std::string selector;
   std::string encoding;
   std::string protocolEncoding; ///< with declared classes, protocols and block signatures
-  std::string interface;        ///< without `WRT`; `-` for `+activateInstance`
+  std::string interface;        ///< without `WRT`; `-` for `+activateInstance` and for core classes
   std::optional<int> slot;      ///< in the interface's table; none for accessors and activation
 
   bool isActivation() const { return interface == "-"; }
@@ -24,14 +24,27 @@ struct CatalogueMethod {
   bool isAccessor() const { return !isMember() && !isActivation(); }
 };
 
-/// The methods of every generated class, by class name, in the order of the class.
+/// The methods of every class that has any, by class name, in the order of the class.
 using CatalogueTable = std::map<std::string, std::vector<CatalogueMethod>>;
 
 /// The table that the build made. Read once; ends the program if it cannot be read.
 const CatalogueTable &catalogueTable();
 
+/// A line of `surface.digest`, as far as the tests read it.
+struct SurfaceClass {
+  std::string name;
+  std::string kind; ///< `core` for the hand-written ones
+  std::string superclass;
+  size_t methods = 0;
+};
+
+/// Every class of the library. Read once; ends the program if it cannot be read.
+const std::vector<SurfaceClass> &surfaceClasses();
+
 /// Whether a class stands for the test interfaces, which are no part of the catalogue.
 bool isTestClass(const std::string &className);
+/// Whether a class is written by hand.
+bool isCoreClass(const std::string &className);
 
 /// The lines of a file. Ends the program if it cannot be read.
 std::vector<std::string> readLines(const char *path);

@@ -51,7 +51,7 @@ std::vector<CatalogueMethod> readCatalogue(const char *path) {
                    line.c_str());
       std::exit(2);
     }
-    if (columns[0] == "class" || kCoreClasses.contains(columns[0]))
+    if (kCoreClasses.contains(columns[0]))
       continue;
     methods.push_back({columns[0], columns[1] == "+", columns[2], columns[3], columns[4],
                        columns[5], columns[6] == "-" ? -1 : std::atoi(columns[6].c_str())});

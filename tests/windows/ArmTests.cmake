@@ -90,6 +90,8 @@ add_test(NAME windows.startup COMMAND startuptests ${sample_image} ${images}/WRT
 add_test(NAME windows.images COMMAND imagetests ${sample_image}
   ${CMAKE_CURRENT_SOURCE_DIR}/sample/catalogue.tsv $<TARGET_FILE:fixuptable>)
 
+include(${PROJECT_SOURCE_DIR}/tests/headers/HeaderTests.cmake)
+
 # The product itself, in the builds that link it.
 if(TARGET WRTObjcBridge)
   set(product ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll)

@@ -46,8 +46,7 @@ std::vector<CatalogueEntry> readCatalogue(const std::filesystem::path &file) {
   std::vector<CatalogueEntry> entries;
   std::string line;
   for (int number = 1; std::getline(stream, line); ++number) {
-    const bool isHeading = number == 1 && line.starts_with("class\t");
-    if (line.empty() || line[0] == '#' || isHeading)
+    if (line.empty() || line[0] == '#')
       continue;
     const auto columns = splitAtTabs(line);
     if (columns.size() != 7 || (columns[1] != "+" && columns[1] != "-"))

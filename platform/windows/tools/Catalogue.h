@@ -24,7 +24,7 @@ struct CatalogueEntry {
 
 /// Reads a catalogue: tab-separated, one line per method with the columns class, `+` or `-`,
 /// selector, encoding, extended encoding, interface, slot. An empty column or `-` stands for
-/// nothing; a first line with the columns' names and lines that begin with `#` are passed over.
+/// nothing; lines that begin with `#` are passed over.
 /// Throws `FormatError` with the line's number.
 std::vector<CatalogueEntry> readCatalogue(const std::filesystem::path &file);
 

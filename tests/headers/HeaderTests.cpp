@@ -1,0 +1,119 @@
+// The public headers as an application's compiler sees them. Usage: headertests INCLUDE_FOLDER
+// COMPILER [FLAG...].
+
+#include "tests/headers/Compiler.h"
+
+#include <algorithm>
+#include <atomic>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <regex>
+#include <thread>
+
+using namespace wrt::test;
+
+namespace {
+
+const std::string kUmbrella = "WRTObjcBridge/WRTObjcBridge.h";
+
+std::unique_ptr<const Compiler> compiler;
+
+struct Job {
+  std::string header;
+  std::string language;
+  Compilation outcome;
+};
+
+std::vector<Job> allJobs() {
+  std::vector<Job> jobs;
+  for (const std::string &header : headersIn(compiler->includeFolder())) {
+    for (const char *language : {"objective-c", "objective-c++"})
+      jobs.push_back({header, language, {}});
+  }
+  return jobs;
+}
+
+/// Every header alone, in every language: compiled once, as many at a time as there are processors.
+const std::vector<Job> &compiled() {
+  static const std::vector<Job> jobs = [] {
+    std::vector<Job> all = allJobs();
+    std::atomic<size_t> next = 0;
+    const auto work = [&] {
+      for (size_t i; (i = next++) < all.size();)
+        all[i].outcome = compiler->compileAlone(all[i].header, all[i].language);
+    };
+    std::vector<std::jthread> workers;
+    for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i)
+      workers.emplace_back(work);
+    workers.clear();
+    return all;
+  }();
+  return jobs;
+}
+
+/// What a source that includes the header alone reads of the library's headers.
+std::set<std::string> readBy(const std::string &header) {
+  for (const Job &job : compiled()) {
+    if (job.header == header)
+      return job.outcome.headers;
+  }
+  return {};
+}
+
+TEST(Headers, CompileAlone) {
+  ASSERT_FALSE(compiled().empty());
+  for (const Job &job : compiled()) {
+    EXPECT_TRUE(job.outcome.succeeded) << job.header << " as " << job.language << ":\n"
+                                       << job.outcome.messages;
+    EXPECT_TRUE(job.outcome.headers.contains(job.header)) << job.header;
+  }
+}
+
+TEST(Headers, TheUmbrellaReachesEveryHeaderAndNoneTheUmbrella) {
+  const std::set<std::string> reached = readBy(kUmbrella);
+  for (const Job &job : compiled()) {
+    EXPECT_TRUE(reached.contains(job.header)) << job.header;
+    EXPECT_TRUE(job.header == kUmbrella || !job.outcome.headers.contains(kUmbrella)) << job.header;
+  }
+}
+
+TEST(Headers, AUnitThatAdoptsNothingReadsNoOtherUnit) {
+  const std::set<std::string> expected = {"WRTObjcBridge/WRTInspectableBridge.h",
+                                          "WRTObjcBridge/WRTInterfaceProxy.h",
+                                          "WRTObjcBridge/WRTTypes.h",
+                                          "WRTObjcBridge/WRTUnknownBridge.h",
+                                          "WRTObjcBridge/types/Windows.UI.Popups.h",
+                                          "WRTObjcBridge/Windows.UI.Popups.h"};
+  EXPECT_EQ(expected, readBy("WRTObjcBridge/Windows.UI.Popups.h"));
+}
+
+TEST(Headers, DeclareEveryProtocolOnce) {
+  static const std::regex declaration(R"(^@protocol (\w+)( <\w+>)?$)");
+  std::map<std::string, int> protocols;
+  for (const std::string &header : headersIn(compiler->includeFolder())) {
+    std::ifstream file(compiler->includeFolder() / header);
+    std::smatch match;
+    for (std::string line; std::getline(file, line);) {
+      if (std::regex_match(line, match, declaration))
+        ++protocols[match[1]];
+    }
+  }
+  EXPECT_EQ(1060u, protocols.size());
+  for (const auto &[name, count] : protocols)
+    EXPECT_EQ(1, count) << name;
+}
+
+} // namespace
+
+int main(int count, char **arguments) {
+  testing::InitGoogleTest(&count, arguments);
+  if (count < 3) {
+    std::fprintf(stderr, "usage: headertests INCLUDE_FOLDER COMPILER [FLAG...]\n");
+    return 2;
+  }
+  compiler = std::make_unique<const Compiler>(
+      arguments[1], std::vector<std::string>(arguments + 2, arguments + count));
+  return RUN_ALL_TESTS();
+}

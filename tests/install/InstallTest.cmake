@@ -1,0 +1,10 @@
+# Adds the test `install`. What is built with sanitizers is not for others.
+if(NOT WRT_SANITIZE)
+  find_program(WRT_PKG_CONFIG NAMES pkg-config pkgconf REQUIRED)
+  add_test(NAME install
+    COMMAND ${CMAKE_COMMAND}
+      -D BUILD=${PROJECT_BINARY_DIR} -D SOURCE=${PROJECT_SOURCE_DIR}
+      -D COMPILER=${CMAKE_OBJC_COMPILER} -D PKG_CONFIG=${WRT_PKG_CONFIG}
+      -D COMPONENT=$<TARGET_FILE:test_component>
+      -P ${CMAKE_CURRENT_LIST_DIR}/RunInstallTest.cmake)
+endif()

@@ -1,0 +1,58 @@
+// An application of the installed library. Its argument is a library with a component, the class behind
+// WRTTestClassBridge, which no installation has.
+#if defined(AS_MODULE)
+@import WRTObjcBridge;
+#else
+#import <WRTObjcBridge/WRTConversions.h>
+#import <WRTObjcBridge/WRTHSTRINGBridge.h>
+#import <WRTObjcBridge/test.h>
+#endif
+
+#include <dlfcn.h>
+#include <stdio.h>
+
+static int failures;
+
+static void expect(BOOL holds, const char *what) {
+  if (!holds) {
+    fprintf(stderr, "application: %s\n", what);
+    ++failures;
+  }
+}
+
+int main(int count, char **arguments) {
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  expect([[[WRTTestClassBridge alloc] init] autorelease] == nil, "a class without a component is activated");
+
+  if (count != 2 || !dlopen(arguments[1], RTLD_NOW)) {
+    fprintf(stderr, "application: no component: %s\n", count == 2 ? dlerror() : "one argument is wanted");
+    return 2;
+  }
+  NSError *error = nil;
+  WRTTestClassBridge *object = [[[WRTTestClassBridge alloc] init] autorelease];
+  expect(object != nil, "the component cannot be activated");
+  expect([object returnPrimitiveWithError:&error] != 0 && !error, "no number comes back");
+  WRTTestStruct structure = [object returnStructWithError:&error];
+  expect((structure.x != 0 || structure.y != 0) && !error, "no structure comes back");
+  NSArray<NSString *> *strings = [object returnStringArrayWithError:&error];
+  expect([strings count] != 0 && !error, "no strings come back");
+
+  __block int calls = 0;
+  [object inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+    ++calls;
+    *result = @"an answer";
+    return 0;
+  }
+                                  error:&error];
+  expect(calls == 1 && !error, "the block is not called");
+
+  NSString *text = @"Grüße 😀";
+  WRTHSTRINGBridge *held = [WRTHSTRINGBridge createWithString:text];
+  expect([[[WRTHSTRINGBridge bridge:[held hstring]] string] isEqual:text], "a string is not the same");
+  expect([WRTCreateNSErrorFromHRESULT((HRESULT)0x80004005) code] == (HRESULT)0x80004005,
+         "an error has another code");
+
+  printf("application: %d failures\n", failures);
+  [pool release];
+  return failures != 0;
+}
