@@ -1,10 +1,12 @@
-# The library: core, marshalling code and the generated classes. On Windows the product's link is that
-# of platform/windows.
+# The library: core, marshalling code and the generated classes.
 
 add_library(bridge_classes OBJECT ${WRT_CLASS_SOURCES})
 target_link_libraries(bridge_classes PRIVATE wrt_library_code wrt_generated)
 
-if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
+if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  wrt_add_arm_dll(WRTObjcBridge OUTPUT_NAME WRTObjcBridge_zorvex PATCHED
+    OBJECTS core marshal bridge_classes LIBRARIES ${WRT_ARM_IMPORTS})
+else()
   add_library(WRTObjcBridge SHARED
     $<TARGET_OBJECTS:core> $<TARGET_OBJECTS:marshal> $<TARGET_OBJECTS:bridge_classes>)
   set_target_properties(WRTObjcBridge PROPERTIES

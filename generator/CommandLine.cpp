@@ -62,7 +62,7 @@ and for all of them together:
   catalogue.tsv                     a line per method: class, + or -, selector, 32-bit
                                     encoding, protocol encoding, interface, slot
   surface.digest                    a line per class: name, kind, superclass, number
-                                    of methods, hash of selectors and encodings
+                                    of methods, hash of selectors, encodings, IIDs, slots
 
 Exit status:
   0  Everything is written.

@@ -58,9 +58,16 @@ std::string emitDigest(const Model &model) {
     Hash hash;
     for (const InterfaceType *protocol : bridge.protocols)
       hash.add(protocol->bridgeClass() + "\n");
-    for (const BridgeMethod &method : bridge.methods)
+    for (const BridgeMethod &method : bridge.methods) {
       hash.add(side(method.method) + method.method.selector + " " + method.method.encoding() + " " +
-               method.method.extendedEncoding() + "\n");
+               method.method.extendedEncoding());
+      // What a call reaches is part of the surface as well.
+      if (method.interface)
+        hash.add(" " + method.interface->iid.lower());
+      if (method.member)
+        hash.add(" " + std::to_string(method.member->slot));
+      hash.add("\n");
+    }
     writer.write("% % % % %\n", bridge.name, bridge.kind, bridge.superclass, bridge.methods.size(),
                  hash.text());
   });

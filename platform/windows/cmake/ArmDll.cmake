@@ -1,0 +1,106 @@
+# Linking for Windows on ARM. CMake compiles the objects; the links are commands of their own, because
+# an image with a fixup table takes two.
+
+find_program(WRT_LLD_LINK lld-link-19 REQUIRED)
+find_program(WRT_DLLTOOL llvm-dlltool-19 REQUIRED)
+set(WRT_ARM_LINK "${CMAKE_CURRENT_LIST_DIR}/../link.sh" CACHE INTERNAL "Runs the linker")
+
+set(WRT_ARM_IMPORT_LIBRARIES "${CMAKE_BINARY_DIR}/imports")
+
+# wrt_import_library(<name> <definition file>... [OUTPUT <variable>])
+#
+# Makes <name>.lib from a .def file; further files hold more export lines and are appended to the first.
+function(wrt_import_library name definition)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "OUTPUT" "")
+  set(library "${WRT_ARM_IMPORT_LIBRARIES}/${name}.lib")
+  set(complete "${WRT_ARM_IMPORT_LIBRARIES}/${name}.def")
+  file(MAKE_DIRECTORY "${WRT_ARM_IMPORT_LIBRARIES}")
+  add_custom_command(OUTPUT "${library}"
+    COMMAND ${CMAKE_COMMAND} -E cat "${definition}" ${arg_UNPARSED_ARGUMENTS} > "${complete}"
+    COMMAND ${WRT_DLLTOOL} -m arm -d "${complete}" -l "${library}"
+    DEPENDS "${definition}" ${arg_UNPARSED_ARGUMENTS}
+    COMMENT "Import library of ${name}" VERBATIM)
+  add_custom_target(${name}_imports DEPENDS "${library}")
+  if(arg_OUTPUT)
+    set(${arg_OUTPUT} "${library}" PARENT_SCOPE)
+  endif()
+endfunction()
+
+# wrt_add_arm_dll(<target>
+#   OBJECTS <object library>...       what it is made of
+#   [LIBRARIES <import library>...]   files, as made by wrt_import_library or as the .lib of another DLL
+#   [OUTPUT_NAME <name>]              <target> without it
+#   [FOLDER <folder>]                 where the results go; CMAKE_BINARY_DIR without it
+#   [ENTRY <symbol>]                  WRTDllEntry without it
+#   [DEFINITION <file>]               a .def file with further exports
+#   [PATCHED])                        links start-up in and gives the image its fixup table
+#
+# Results: <name>.dll, <name>.lib (its import library), <name>.map. They are there only when the image
+# has passed the check of its fixup table. They are the same to the byte for the same objects.
+function(wrt_add_arm_dll target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "PATCHED" "OUTPUT_NAME;FOLDER;ENTRY;DEFINITION" "OBJECTS;LIBRARIES")
+  if(NOT arg_OUTPUT_NAME)
+    set(arg_OUTPUT_NAME ${target})
+  endif()
+  if(NOT arg_FOLDER)
+    set(arg_FOLDER "${CMAKE_BINARY_DIR}")
+  endif()
+  if(NOT arg_ENTRY)
+    set(arg_ENTRY WRTDllEntry)
+  endif()
+  set(result "${arg_FOLDER}/${arg_OUTPUT_NAME}")
+  # The image is linked under its own name, which it carries, but beside the place where it is wanted:
+  # what has not passed the check must not look finished.
+  set(scratch "${CMAKE_CURRENT_BINARY_DIR}/${target}.link")
+  file(MAKE_DIRECTORY "${scratch}" "${arg_FOLDER}")
+
+  # The patcher comes last: so does its table then, and a table that grows moves nothing else.
+  set(objects ${arg_OBJECTS} wrt_arm_runtime)
+  if(arg_PATCHED)
+    list(APPEND objects wrt_patcher)
+  endif()
+  set(files "")
+  foreach(library IN LISTS objects)
+    list(APPEND files "$<TARGET_OBJECTS:${library}>")
+  endforeach()
+  file(GENERATE OUTPUT "${scratch}/objects.rsp" CONTENT "$<JOIN:${files},\n>\n")
+
+  # Names of sections in images have 8 characters: the lists of the Objective-C metadata share one.
+  set(lists classlist nlclslist catlist protolist classrefs superrefs selrefs protorefs)
+  list(TRANSFORM lists REPLACE "(.+)" "/merge:.objc_\\1=objclist")
+  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols /nologo /dll /machine:arm
+    /entry:${arg_ENTRY} /nodefaultlib /subsystem:windows /base:0x10000000
+    /dynamicbase /nxcompat /appcontainer /Brepro
+    # All code and data stay: members are reached through metadata that no symbol refers to. Identical
+    # functions are folded: nothing here compares the addresses of functions.
+    /opt:noref,icf
+    # Import slots keep a section of their own; the constant-string pass looks for it.
+    /merge:.idata=.idata /merge:.CRT=.rdata /merge:.buildid=.rdata
+    ${lists} /merge:.objc_imageinfo=.rdata
+    "@${scratch}/objects.rsp")
+
+  if(arg_DEFINITION)
+    list(APPEND link "/def:${arg_DEFINITION}")
+  endif()
+  if(arg_PATCHED)
+    set(commands
+      COMMAND ${link} "/out:${scratch}/first.dll" ${arg_LIBRARIES}
+      COMMAND fixuptable make "${scratch}/first.dll" "${scratch}/FixupRecords.s"
+      COMMAND ${CMAKE_C_COMPILER} --target=${WRT_ARM_TARGET} -c "${scratch}/FixupRecords.s"
+              -o "${scratch}/FixupRecords.o")
+    set(records "${scratch}/FixupRecords.o")
+    set(check COMMAND fixuptable check "${scratch}/${arg_OUTPUT_NAME}.dll")
+  endif()
+  add_custom_command(OUTPUT "${result}.dll" "${result}.lib" "${result}.map"
+    ${commands}
+    COMMAND ${link} "/out:${scratch}/${arg_OUTPUT_NAME}.dll"
+            "/implib:${scratch}/${arg_OUTPUT_NAME}.lib" "/lldmap:${scratch}/${arg_OUTPUT_NAME}.map"
+            ${records} ${arg_LIBRARIES}
+    ${check}
+    COMMAND ${CMAKE_COMMAND} -E copy "${scratch}/${arg_OUTPUT_NAME}.dll"
+            "${scratch}/${arg_OUTPUT_NAME}.lib" "${scratch}/${arg_OUTPUT_NAME}.map" "${arg_FOLDER}"
+    DEPENDS ${files} "${scratch}/objects.rsp" ${arg_LIBRARIES}
+            ${arg_DEFINITION} $<$<BOOL:${arg_PATCHED}>:fixuptable>
+    COMMENT "Linking ${arg_OUTPUT_NAME}.dll" COMMAND_EXPAND_LISTS VERBATIM)
+  add_custom_target(${target} ALL DEPENDS "${result}.dll" "${result}.lib" "${result}.map")
+endfunction()

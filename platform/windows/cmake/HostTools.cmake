@@ -1,0 +1,29 @@
+# Programs for the building machine within a build for another one.
+include(ExternalProject)
+
+# wrt_add_host_tools(<target> <folder> <tool>...)
+#
+# Builds the CMake project in <folder> for the building machine and imports each <tool> as an executable
+# target of that name, to be used in COMMAND lines; DEPENDS on the tool rebuilds it.
+function(wrt_add_host_tools target folder)
+  set(binaries "${CMAKE_BINARY_DIR}/host/${target}")
+  set(programs "")
+  foreach(tool IN LISTS ARGN)
+    list(APPEND programs "${binaries}/${tool}")
+  endforeach()
+  ExternalProject_Add(${target}
+    SOURCE_DIR "${folder}"
+    BINARY_DIR "${binaries}"
+    CMAKE_GENERATOR Ninja
+    CMAKE_ARGS -DCMAKE_C_COMPILER=clang-19 -DCMAKE_CXX_COMPILER=clang++-19
+               -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${binaries}
+    BUILD_COMMAND ${CMAKE_COMMAND} --build "${binaries}" --target ${ARGN}
+    BUILD_ALWAYS ON
+    BUILD_BYPRODUCTS ${programs}
+    INSTALL_COMMAND "")
+  foreach(tool IN LISTS ARGN)
+    add_executable(${tool} IMPORTED GLOBAL)
+    set_target_properties(${tool} PROPERTIES IMPORTED_LOCATION "${binaries}/${tool}")
+    add_dependencies(${tool} ${target})
+  endforeach()
+endfunction()

@@ -1,0 +1,45 @@
+#ifndef FOUNDATION_NSOBJCRUNTIME_H
+#define FOUNDATION_NSOBJCRUNTIME_H
+
+#include <objc/objc.h>
+#include <stddef.h>
+#include <stdint.h>
+
+/// The class library's own build and its doubles define this as `OBJC_EXPORT`.
+#if !defined(FOUNDATION_CLASS)
+#define FOUNDATION_CLASS OBJC_IMPORT
+#endif
+
+typedef int NSInteger;
+typedef unsigned int NSUInteger;
+#if defined(__cplusplus)
+static_assert(sizeof(NSInteger) == sizeof(void *), "declared for 32-bit targets");
+#endif
+
+#define NSNotFound ((NSInteger)0x7FFFFFFF)
+
+#if defined(__cplusplus)
+#define FOUNDATION_EXTERN extern "C"
+#else
+#define FOUNDATION_EXTERN extern
+#endif
+
+#define NS_ENUM(type, name)                                                                        \
+  enum name : type name;                                                                           \
+  enum name : type
+#define NS_OPTIONS(type, name)                                                                     \
+  enum __attribute__((flag_enum)) name : type name;                                                \
+  enum __attribute__((flag_enum)) name : type
+
+#define NS_ASSUME_NONNULL_BEGIN _Pragma("clang assume_nonnull begin")
+#define NS_ASSUME_NONNULL_END _Pragma("clang assume_nonnull end")
+#define NS_DESIGNATED_INITIALIZER __attribute__((objc_designated_initializer))
+#define NS_UNAVAILABLE __attribute__((unavailable))
+#define NS_RETURNS_RETAINED __attribute__((ns_returns_retained))
+
+typedef struct {
+  NSUInteger location;
+  NSUInteger length;
+} NSRange;
+
+#endif

@@ -1,0 +1,20 @@
+#ifndef WRT_PATCHER_FIXUP_TABLE_H
+#define WRT_PATCHER_FIXUP_TABLE_H
+
+#include <cstdint>
+
+namespace wrt::startup {
+
+/// This image's fixup table: a header and, behind it, the records that the fixup-table tool made.
+/// It is the section `wrtfixup`, put together by the linker in the order of the names' last
+/// letters: the header ($a), the records ($m), the bounds of the linker's own list ($z), which end
+/// the table.
+const std::uint8_t *fixupTable();
+/// In bytes, header included.
+std::uint32_t fixupTableSize();
+/// The 16 bytes that the header of a good table has.
+const std::uint8_t *fixupTableMarker();
+
+} // namespace wrt::startup
+
+#endif

@@ -1,0 +1,140 @@
+#include "FixupTable.h"
+
+#include "Text.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace wrt::pe {
+
+namespace {
+
+constexpr std::string_view kSectionName = "wrtfixup";
+constexpr std::uint32_t kHeaderSize = 16;
+constexpr std::uint32_t kRecordSize = 16;
+/// The bounds of the linker's list, behind the table.
+constexpr std::uint32_t kTrailerSize = 8;
+
+/// One entry of the linker's list: `target` holds the address of the import slot `slot`, `bits`
+/// wide, plus an offset, and must come to hold the address in that slot plus the offset.
+struct ListEntry {
+  Rva slot;
+  Rva target;
+  std::uint32_t bits;
+};
+
+std::vector<ListEntry> readLinkerList(const Image &image, Rva begin, Rva end) {
+  // Version 2 of the format: two zero words and the version, then entries of 12 bytes.
+  if (begin == end)
+    return {};
+  if (end < begin + 12 || (end - begin) % 12 != 0 || image.u32(begin) != 0 ||
+      image.u32(begin + 4) != 0 || image.u32(begin + 8) != 1)
+    throw FormatError("the linker's list of imported data is not in the expected form");
+  std::vector<ListEntry> entries;
+  for (Rva entry = begin + 12; entry < end; entry += 12)
+    entries.push_back({image.u32(entry), image.u32(entry + 4), image.u32(entry + 8)});
+  return entries;
+}
+
+std::string nameRecord(const Image &image, std::size_t index, const FixupRecord &record) {
+  const Import *import = image.importAt(record.slot);
+  return join("record ", index, " (", image.describe(record.target), " -> ",
+              import ? import->name : std::string("no import slot"), ")");
+}
+
+} // namespace
+
+FixupTable FixupTable::read(const Image &image) {
+  const Section *section = image.findSection(kSectionName);
+  if (!section)
+    throw FormatError("the image has no section wrtfixup: the patcher is not linked into it");
+  if (section->virtualSize < kHeaderSize + kTrailerSize)
+    throw FormatError("the section wrtfixup is too small for a fixup table");
+  const Rva table = section->rva;
+  const Rva tableEnd = table + section->virtualSize - kTrailerSize;
+  for (std::uint32_t i = 0; i < kHeaderSize; ++i) {
+    if (image.u8(table + i) != (i == 12 ? 1 : 0))
+      throw FormatError("the fixup table has no header");
+  }
+  if ((tableEnd - table) % kRecordSize != 0)
+    throw FormatError("the fixup table ends within a record");
+
+  FixupTable result;
+  for (Rva record = table + kHeaderSize; record < tableEnd; record += kRecordSize) {
+    result.present.push_back({image.pointer(record), image.u32(record + 4),
+                              image.pointer(record + 8), image.u32(record + 12)});
+  }
+
+  const auto entries = readLinkerList(image, image.pointer(tableEnd), image.pointer(tableEnd + 4));
+  for (const ListEntry &entry : entries) {
+    const std::string where = image.describe(entry.target);
+    const Section *target = image.sectionAt(entry.target);
+    if (!image.importAt(entry.slot)) {
+      throw FormatError(
+          join(where, " refers to ", image.describe(entry.slot), ", which is no import slot"));
+    }
+    if (!target || target->isExecutable() || entry.bits != 32) {
+      throw FormatError(
+          join(where, " refers to imported data by ", entry.bits, " bits, not by a data word"));
+    }
+    const std::uint32_t addend = image.pointer(entry.target) - entry.slot;
+    if (target->name == "cfstring") {
+      if (addend != 0 || (entry.target - target->rva) % 16 != 0)
+        throw FormatError(join(where, " is not the class word of a constant string"));
+      ++result.constantStrings;
+    } else {
+      result.needed.push_back({entry.target, addend, entry.slot, kWordFixup});
+    }
+  }
+  std::ranges::sort(result.needed, {}, &FixupRecord::target);
+  for (std::size_t i = 1; i < result.needed.size(); ++i) {
+    if (result.needed[i].target - result.needed[i - 1].target < 4)
+      throw FormatError(join("two fixups overlap at ", image.describe(result.needed[i].target)));
+  }
+  return result;
+}
+
+void writeAssembly(const FixupTable &table, std::ostream &out) {
+  out << "\t.section\twrtfixup$m,\"dw\"\n\t.p2align\t2\n";
+  for (const FixupRecord &record : table.needed) {
+    out << "\t.long\t__ImageBase+" << Hex{record.target} << ", " << Hex{record.addend}
+        << ", __ImageBase+" << Hex{record.slot} << ", " << Hex{record.kindWord} << '\n';
+  }
+}
+
+std::vector<std::string> checkTable(const Image &image, const FixupTable &table) {
+  std::vector<std::string> problems;
+  const std::size_t common = std::min(table.needed.size(), table.present.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    const FixupRecord &needed = table.needed[i];
+    const FixupRecord &present = table.present[i];
+    const auto compare = [&](std::string_view field, std::uint32_t is, std::uint32_t shouldBe) {
+      if (is != shouldBe) {
+        problems.push_back(join(nameRecord(image, i, needed), ": ", field, " is ", Hex{is},
+                                ", should be ", Hex{shouldBe}));
+      }
+    };
+    compare("target", present.target, needed.target);
+    compare("addend", present.addend, needed.addend);
+    compare("slot", present.slot, needed.slot);
+    compare("kind word", present.kindWord, needed.kindWord);
+  }
+  for (std::size_t i = common; i < table.needed.size(); ++i)
+    problems.push_back(nameRecord(image, i, table.needed[i]) + ": missing");
+  for (std::size_t i = common; i < table.present.size(); ++i)
+    problems.push_back(nameRecord(image, i, table.present[i]) + ": not needed");
+
+  const Section *section = image.findSection(kSectionName);
+  for (std::size_t i = 0; i < table.present.size(); ++i) {
+    const Rva record = section->rva + kHeaderSize + static_cast<Rva>(i) * kRecordSize;
+    if (!image.hasBaseRelocation(record) || !image.hasBaseRelocation(record + 8)) {
+      problems.push_back(nameRecord(image, i, table.present[i]) +
+                         ": its addresses are not relocated with the image");
+    }
+  }
+  if (!section->isWritable())
+    problems.push_back("the fixup table is not in writable data");
+  return problems;
+}
+
+} // namespace wrt::pe

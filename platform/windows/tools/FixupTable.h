@@ -1,0 +1,51 @@
+#ifndef WRT_TOOLS_FIXUP_TABLE_H
+#define WRT_TOOLS_FIXUP_TABLE_H
+
+#include "PortableExecutable.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace wrt::pe {
+
+/// A record of the library's fixup table, with addresses counted from the image's base.
+struct FixupRecord {
+  Rva target;
+  std::uint32_t addend;
+  Rva slot;
+  std::uint32_t kindWord;
+
+  bool operator==(const FixupRecord &) const = default;
+};
+
+/// The kind word of a record that stores a 32-bit word.
+inline constexpr std::uint32_t kWordFixup = 0x10;
+
+/// What an image needs and what it has.
+struct FixupTable {
+  /// Made from the linker's own list, by target: what the table has to be.
+  std::vector<FixupRecord> needed;
+  /// The records that the table in the image has, in its order.
+  std::vector<FixupRecord> present;
+  /// Words of constant strings in the linker's list; start-up's constant-string pass fills them.
+  std::size_t constantStrings = 0;
+
+  /// Reads both from an image that the patcher is linked into. Throws `FormatError`, also when the
+  /// linker's list has something that no record can express.
+  static FixupTable read(const Image &image);
+};
+
+/// Writes the needed records as assembler source for the section between the table's header and
+/// end.
+void writeAssembly(const FixupTable &table, std::ostream &out);
+
+/// Compares the table in the image with what the image needs, record by record, and looks whether
+/// its words are relocated with the image. Returns what is wrong, the record named; empty when all
+/// is well.
+std::vector<std::string> checkTable(const Image &image, const FixupTable &table);
+
+} // namespace wrt::pe
+
+#endif

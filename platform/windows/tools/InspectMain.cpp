@@ -1,0 +1,83 @@
+// inspectimage facts IMAGE                   machine, sections, exports, imports, relocations
+// inspectimage metadata IMAGE                every class and protocol as text
+// inspectimage check IMAGE [FUNCTION]...     what must hold of an image that exports these
+// functions inspectimage compare IMAGE CATALOGUE       the methods against the generator's
+// catalogue
+//
+// The last line of all but `facts` says what was seen. Exit status: 0 when all is well, 1 when
+// something differs or the image cannot be read, 2 for wrong usage.
+#include "Catalogue.h"
+#include "Metadata.h"
+#include "ProductRules.h"
+#include "Text.h"
+
+#include <iostream>
+#include <string_view>
+
+namespace {
+
+using namespace wrt::pe;
+
+int facts(const Image &image) {
+  std::cout << "machine " << Hex{image.machine()} << "\ncharacteristics "
+            << Hex{image.characteristics()} << "\nDLL characteristics "
+            << Hex{image.dllCharacteristics()} << "\nsubsystem " << image.subsystem()
+            << "\npreferred base " << Hex{image.preferredBase()} << "\nsize in memory "
+            << image.size() << "\nentry point " << image.describe(image.entryPoint()) << '\n';
+  for (const Section &section : image.sections()) {
+    std::cout << "section " << section.name << ' ' << (section.isReadable() ? 'r' : '-')
+              << (section.isWritable() ? 'w' : '-') << (section.isExecutable() ? 'x' : '-') << ' '
+              << section.virtualSize << " bytes\n";
+  }
+  for (const Export &each : image.exports())
+    std::cout << "export " << each.name << '\n';
+  for (const Import &import : image.imports())
+    std::cout << "import " << import.library << ' ' << import.name << '\n';
+  std::size_t moves = 0;
+  for (const BaseRelocation &relocation : image.baseRelocations())
+    moves += relocation.kind == RelocationKind::kThumbMove;
+  std::cout << image.sections().size() << " sections, " << image.exports().size() << " exports, "
+            << image.imports().size() << " imports, " << image.baseRelocations().size()
+            << " base relocations (" << moves << " MOVW/MOVT pairs)\n";
+  return 0;
+}
+
+int summarize(const Metadata &metadata, const std::vector<std::string> &differences) {
+  for (const std::string &difference : differences)
+    std::cout << difference << '\n';
+  std::cout << metadata.classes.size() << " classes, " << metadata.methodCount() << " methods, "
+            << metadata.protocols.size() << " protocols, " << differences.size()
+            << " differences\n";
+  return differences.empty() ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+  const std::string_view command = argc > 2 ? argv[1] : "";
+  try {
+    if (command == "facts" && argc == 3)
+      return facts(Image::read(argv[2]));
+    if (command == "metadata" && argc == 3) {
+      const Metadata metadata = Metadata::read(Image::read(argv[2]));
+      writeText(metadata, std::cout);
+      return summarize(metadata, {});
+    }
+    if (command == "check") {
+      const Image image = Image::read(argv[2]);
+      const Metadata metadata = Metadata::read(image);
+      return summarize(metadata, checkProduct(image, metadata, {argv + 3, argv + argc}));
+    }
+    if (command == "compare" && argc == 4) {
+      const Metadata metadata = Metadata::read(Image::read(argv[2]));
+      return summarize(metadata, compareWithCatalogue(metadata, readCatalogue(argv[3])));
+    }
+  } catch (const FormatError &error) {
+    std::cerr << "inspectimage: " << argv[2] << ": " << error.what() << '\n';
+    return 1;
+  }
+  std::cerr
+      << "usage: inspectimage facts|metadata IMAGE | check IMAGE [FUNCTION]... | compare IMAGE "
+         "CATALOGUE\n";
+  return 2;
+}

@@ -1,0 +1,120 @@
+#include "ProductRules.h"
+
+#include "Text.h"
+
+#include <algorithm>
+
+namespace wrt::pe {
+
+namespace {
+
+// Microsoft PE and COFF Specification 11.0.
+constexpr std::uint16_t kMachineArmThumb2 = 0x01C4;
+constexpr std::uint16_t kIsDll = 0x2000;
+constexpr std::uint16_t kRelocationsStripped = 0x0001;
+constexpr std::uint16_t kDynamicBase = 0x0040;
+constexpr std::uint16_t kNoExecute = 0x0100;
+constexpr std::uint16_t kAppContainer = 0x1000;
+
+constexpr std::string_view kSiblings[] = {"zorvex.dll", "WRTBridge_zorvex.dll",
+                                          "WRTBridgeUtil_zorvex.dll",
+                                          "CrossPortability_zorvex.dll"};
+
+class Checker {
+public:
+  Checker(const Image &image, const Metadata &metadata) : image_(image), metadata_(metadata) {}
+
+  std::vector<std::string> run(const std::set<std::string> &functions) {
+    checkHeaders();
+    checkSections();
+    checkExports(functions);
+    checkImports();
+    checkCode();
+    return std::move(problems_);
+  }
+
+private:
+  template <class... Parts>
+  void require(bool condition, const Parts &...parts) {
+    if (!condition)
+      problems_.push_back(join(parts...));
+  }
+
+  void checkHeaders() {
+    require(image_.machine() == kMachineArmThumb2, "the machine is ", Hex{image_.machine()});
+    require(image_.characteristics() & kIsDll, "not a DLL");
+    require(!(image_.characteristics() & kRelocationsStripped), "relocations are stripped");
+    require(image_.dllCharacteristics() & kDynamicBase, "no dynamic base");
+    require(image_.dllCharacteristics() & kNoExecute, "not marked no-execute");
+    require(image_.dllCharacteristics() & kAppContainer, "not marked for app containers");
+    const Section *entry = image_.sectionAt(image_.entryPoint());
+    require(entry && entry->isExecutable(), "the entry point is not in code");
+    require(!image_.baseRelocations().empty(), "no base relocations");
+  }
+
+  void checkSections() {
+    for (const std::string_view name : {"cfstring", ".idata"}) {
+      const auto count = std::ranges::count(image_.sections(), name, &Section::name);
+      require(count == 1, count, " sections are called ", name);
+    }
+    for (const Section &section : image_.sections()) {
+      require(!section.isWritable() || !section.isExecutable(), section.name,
+              " is writable and executable");
+    }
+  }
+
+  void checkExports(const std::set<std::string> &functions) {
+    std::set<std::string> expected = functions;
+    for (const auto &[name, _] : metadata_.classes) {
+      expected.insert("OBJC_CLASS_$_" + name);
+      expected.insert("OBJC_METACLASS_$_" + name);
+    }
+    for (const Export &each : image_.exports()) {
+      require(expected.erase(each.name), each.name, " is exported without a reason");
+      const Section *section = image_.sectionAt(each.rva);
+      require(section && section->isExecutable() == (functions.count(each.name) > 0), each.name,
+              " is exported at ", image_.describe(each.rva));
+    }
+    for (const std::string &name : expected)
+      require(false, name, " is not exported");
+  }
+
+  void checkImports() {
+    for (const Import &import : image_.imports()) {
+      const bool known = std::ranges::count(kSiblings, import.library) ||
+                         import.library.starts_with("api-ms-win-");
+      require(known, import.name, " is imported from ", import.library);
+    }
+  }
+
+  void checkCode() {
+    for (const auto &[name, each] : metadata_.classes) {
+      for (const ObjCMethod &method : each.methods) {
+        const Section *section = image_.sectionAt(method.implementation & ~1u);
+        require((method.implementation & 1) && section && section->isExecutable(), name, ' ',
+                method.selector, " is implemented at ", image_.describe(method.implementation));
+      }
+    }
+    for (const Section &section : image_.sections()) {
+      if (section.name != "objclist")
+        continue;
+      for (Rva word = section.rva; word + 4 <= section.rva + section.virtualSize; word += 4) {
+        require(image_.u32(word) == 0 || image_.hasBaseRelocation(word), "the address at ",
+                image_.describe(word), " is not relocated with the image");
+      }
+    }
+  }
+
+  const Image &image_;
+  const Metadata &metadata_;
+  std::vector<std::string> problems_;
+};
+
+} // namespace
+
+std::vector<std::string> checkProduct(const Image &image, const Metadata &metadata,
+                                      const std::set<std::string> &functions) {
+  return Checker(image, metadata).run(functions);
+}
+
+} // namespace wrt::pe

@@ -1,0 +1,96 @@
+// Compares the catalogue with facts.txt, which was not made from the declarations.
+
+#include "tests/catalogue/CatalogueTable.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace wrt::test;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+/// The words of the lines that begin with `kind`, without it.
+std::vector<Words> facts(const std::string &kind) {
+  std::vector<Words> found;
+  for (const std::string &line : readLines(WRT_FACTS_FILE)) {
+    Words words = split(line, ' ');
+    if (!words.empty() && words[0] == kind)
+      found.emplace_back(words.begin() + 1, words.end());
+  }
+  return found;
+}
+
+const std::vector<CatalogueMethod> &methodsOf(const std::string &className) {
+  static const std::vector<CatalogueMethod> none;
+  const auto found = catalogueTable().find(className);
+  return found == catalogueTable().end() ? none : found->second;
+}
+
+const CatalogueMethod *find(const std::string &className, char side, const std::string &selector) {
+  const auto &methods = methodsOf(className);
+  const auto found = std::ranges::find_if(methods, [&](const CatalogueMethod &method) {
+    return method.side == side && method.selector == selector;
+  });
+  return found == methods.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+TEST(CatalogueFacts, EveryLineIsUnderstood) {
+  for (const std::string &line : readLines(WRT_FACTS_FILE)) {
+    if (line.empty() || line[0] == '#')
+      continue;
+    const Words words = split(line, ' ');
+    const size_t count = words.size();
+    EXPECT_TRUE((words[0] == "method" && (count == 5 || count == 6)) ||
+                (words[0] == "exactly" && count >= 3) ||
+                (words[0] == "absent" && (count == 2 || count == 3)))
+        << line;
+  }
+}
+
+TEST(CatalogueFacts, Methods) {
+  const auto methods = facts("method");
+  ASSERT_FALSE(methods.empty());
+  for (const Words &words : methods) {
+    SCOPED_TRACE(words[0] + " " + words[1] + words[2]);
+    const CatalogueMethod *method = find(words[0], words[1][0], words[2]);
+    ASSERT_NE(nullptr, method);
+    EXPECT_EQ(words[3], method->slot ? std::to_string(*method->slot) : "-");
+    if (words.size() > 4) {
+      const bool tellsTypes = words[4].find_first_of("\"<") != std::string::npos;
+      EXPECT_EQ(words[4], tellsTypes ? method->protocolEncoding : method->encoding);
+    }
+  }
+}
+
+TEST(CatalogueFacts, ExactlyTheseMethods) {
+  const auto lists = facts("exactly");
+  ASSERT_FALSE(lists.empty());
+  for (const Words &words : lists) {
+    EXPECT_FALSE(methodsOf(words[0]).empty()) << "no class " << words[0];
+    Words selectors;
+    for (const CatalogueMethod &method : methodsOf(words[0])) {
+      if (method.side == words[1][0])
+        selectors.push_back(method.selector);
+    }
+    EXPECT_EQ(Words(words.begin() + 2, words.end()), selectors) << words[1] << words[0];
+  }
+}
+
+TEST(CatalogueFacts, Absent) {
+  const auto absent = facts("absent");
+  ASSERT_FALSE(absent.empty());
+  for (const Words &words : absent) {
+    if (words.size() == 1) {
+      EXPECT_TRUE(methodsOf(words[0]).empty()) << words[0];
+    } else {
+      EXPECT_FALSE(methodsOf(words[0]).empty()) << "no class " << words[0];
+      EXPECT_EQ(nullptr, find(words[0], '-', words[1])) << words[0];
+      EXPECT_EQ(nullptr, find(words[0], '+', words[1])) << words[0];
+    }
+  }
+}

@@ -1,0 +1,35 @@
+#ifndef WRT_TESTS_ENCODING_H
+#define WRT_TESTS_ENCODING_H
+
+#include <ffi.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace wrt::test {
+
+/// One type of an extended method encoding. `kind` is the encoding's letter; `?` stands for a
+/// block.
+struct EncodedType {
+  char kind = 'v';
+  /// Of an object: its class, or its protocol in angle brackets. Of a structure: its tag.
+  std::string name;
+  std::vector<EncodedType> fields;
+
+  bool isStructure() const { return kind == '{'; }
+  /// How the type is passed in this process.
+  ffi_type *ffi() const;
+
+private:
+  mutable std::shared_ptr<ffi_type> structure_;
+  mutable std::vector<ffi_type *> elements_;
+};
+
+/// A method's encoding taken apart: `{result, receiver, selector, arguments..., error}`.
+std::vector<EncodedType> parseEncoding(std::string_view text);
+
+} // namespace wrt::test
+
+#endif

@@ -1,0 +1,342 @@
+#include "tests/exhaustive/MemberCall.h"
+
+#include "platform/linux/component/StringHolder.h"
+
+#include <WRTBridge.h>
+#import <WRTObjcBridge/WRTUnknownBridge.h>
+
+#import <objc/runtime.h>
+
+#include <cstring>
+
+namespace wrt::test {
+
+namespace {
+
+constexpr HRESULT kFailure = static_cast<HRESULT>(0x80070057);            // E_INVALIDARG
+constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002);        // E_NOINTERFACE
+constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154); // REGDB_E_CLASSNOTREG
+
+NSString *const kText = @"crossing";
+
+/// The bridge class that stands for an object type: a class's own name, or its protocol's.
+Class bridgeClass(const EncodedType &type) {
+  std::string name = type.name;
+  if (name.starts_with('<'))
+    name = name.substr(1, name.size() - 2);
+  return objc_lookUpClass(name.c_str());
+}
+
+bool isString(const EncodedType &type) { return type.kind == '@' && type.name == "NSString"; }
+bool isArray(const EncodedType &type) {
+  return type.kind == '@' && (type.name == "NSArray" || type.name == "NSMutableArray");
+}
+
+template <class T>
+T read(const void *place) {
+  T value;
+  std::memcpy(&value, place, sizeof value);
+  return value;
+}
+
+template <class T>
+void write(void *place, T value) {
+  std::memcpy(place, &value, sizeof value);
+}
+
+/// Bytes that tell arguments apart; a number of every width, no NaN among floats.
+void fillPattern(const EncodedType &type, unsigned char *place, int seed) {
+  if (type.isStructure()) {
+    size_t offset = 0;
+    for (const EncodedType &field : type.fields) {
+      ffi_type *layout = field.ffi();
+      offset = (offset + layout->alignment - 1) / layout->alignment * layout->alignment;
+      fillPattern(field, place + offset, ++seed);
+      offset += layout->size;
+    }
+  } else if (type.kind == 'f') {
+    write(place, 1.5f + static_cast<float>(seed));
+  } else if (type.kind == 'd') {
+    write(place, -2.5 - seed);
+  } else if (type.kind == 'B') {
+    write<unsigned char>(place, seed & 1);
+  } else if (type.kind == '^') {
+    write<void *>(place, nullptr);
+  } else {
+    for (size_t i = 0; i < type.ffi()->size; ++i)
+      place[i] = static_cast<unsigned char>(0x81 + 7 * static_cast<size_t>(seed) + i);
+  }
+}
+
+/// Whether two values agree in every field; what lies between fields does not count.
+bool areEqual(const EncodedType &type, const unsigned char *left, const unsigned char *right) {
+  if (!type.isStructure())
+    return std::memcmp(left, right, type.ffi()->size) == 0;
+  size_t offset = 0;
+  for (const EncodedType &field : type.fields) {
+    ffi_type *layout = field.ffi();
+    offset = (offset + layout->alignment - 1) / layout->alignment * layout->alignment;
+    if (!areEqual(field, left + offset, right + offset))
+      return false;
+    offset += layout->size;
+  }
+  return true;
+}
+
+/// Room behind every pointer that is passed.
+alignas(16) unsigned char room[8][64];
+
+size_t sizeOf(const EncodedType &type) {
+  ffi_type *layout = type.ffi();
+  if (type.isStructure() && layout->size == 0) {
+    // libffi computes a structure's layout when a call is prepared.
+    ffi_cif cif;
+    ffi_type *arguments[] = {layout};
+    ffi_prep_cif(&cif, FFI_DEFAULT_ABI, 1, &ffi_type_void, arguments);
+  }
+  return layout->size;
+}
+
+} // namespace
+
+MemberCall::MemberCall(const CatalogueMethod &method, RecordingObject &object,
+                       RecordingObject &argumentObject)
+    : method_(method), object_(object), argumentObject_(argumentObject) {
+  std::vector<EncodedType> types = parseEncoding(method.protocolEncoding);
+  result_ = types.front();
+  for (size_t i = 3; i + 1 < types.size(); ++i)
+    arguments_.push_back({types[i]});
+}
+
+void MemberCall::makeArguments() {
+  int seed = 0;
+  for (Argument &argument : arguments_)
+    makeArgument(argument, ++seed);
+}
+
+void MemberCall::makeArgument(Argument &argument, int seed) {
+  const EncodedType &type = argument.type;
+  sizeOf(type);
+  if (isString(type)) {
+    write(argument.value, kText);
+  } else if (isArray(type)) {
+    write<id>(argument.value, [NSMutableArray array]);
+    argument.words = 2; // count and block, or the places for them
+  } else if (type.kind == '@') {
+    Class bridge = bridgeClass(type);
+    expect(bridge != Nil, "no class " + type.name);
+    write<id>(argument.value, [bridge bridge:argumentObject_.pointer()]);
+  } else if (type.kind == '?') {
+    HRESULT (^block)() = ^HRESULT {
+      return 0;
+    };
+    write<id>(argument.value, block);
+  } else if (type.kind == '^') {
+    write<void *>(argument.value, room[seed]);
+  } else {
+    fillPattern(type, argument.value, seed);
+  }
+}
+
+std::vector<ffi_type *> MemberCall::slotTypes() const {
+  std::vector<ffi_type *> types;
+  for (const Argument &argument : arguments_) {
+    if (isArray(argument.type)) {
+      // An in-array begins with its count; everything else is places.
+      const bool isIn = argument.type.name == "NSArray";
+      types.push_back(isIn ? &ffi_type_uint32 : &ffi_type_pointer);
+      types.push_back(&ffi_type_pointer);
+    } else {
+      types.push_back(argument.type.ffi());
+    }
+  }
+  if (result_.kind != 'v')
+    types.push_back(&ffi_type_pointer);
+  if (isArray(result_))
+    types.push_back(&ffi_type_pointer);
+  return types;
+}
+
+HRESULT MemberCall::receive(void **arguments) {
+  ++calls_;
+  size_t word = 0;
+  for (const Argument &argument : arguments_) {
+    checkWord(argument, arguments[word]);
+    if (argument.words == 2)
+      expect(read<void *>(arguments[word + 1]) != nullptr, "an array without a block");
+    word += static_cast<size_t>(argument.words);
+  }
+  if (outcome_ == Outcome::kFailing)
+    return kFailure;
+  if (result_.kind != 'v')
+    writeResult(read<void *>(arguments[word]));
+  return 0;
+}
+
+void MemberCall::checkWord(const Argument &argument, void *place) {
+  const EncodedType &type = argument.type;
+  if (isString(type)) {
+    expect(viewOf(read<HSTRING>(place)) == u"crossing", "a string argument is another");
+  } else if (isArray(type)) {
+    if (type.name == "NSArray")
+      expect(read<uint32_t>(place) == 0, "an empty array has elements");
+    else
+      expect(read<void *>(place) != nullptr, "no place for a count");
+  } else if (type.kind == '@') {
+    expect(read<void *>(place) == argumentObject_.pointer(), "an object argument is another");
+  } else if (type.kind == '?') {
+    void *delegate = read<void *>(place);
+    void *unknown = nullptr;
+    expect(delegate && WRTIUnknownQueryInterface(delegate, &abi::IUnknown::kIid, &unknown) >= 0,
+           "a block argument is no delegate");
+    if (unknown)
+      WRTIUnknownRelease(unknown);
+  } else if (type.kind == '^') {
+    // Out-values of the caller's are passed on; strings and objects get a place of the bridge's
+    // own.
+    expect(read<void *>(place) != nullptr, "no place for an out-value");
+  } else {
+    expect(areEqual(type, static_cast<unsigned char *>(place), argument.value),
+           "a number argument is another");
+  }
+}
+
+void MemberCall::writeResult(void *place) {
+  if (isString(result_)) {
+    makeString(u"crossing", static_cast<HSTRING *>(place));
+  } else if (isArray(result_)) {
+    // Nothing is delivered: the places stay as the bridge left them.
+  } else if (result_.kind == '@') {
+    ++argumentObject_.references;
+    write<void *>(place, argumentObject_.pointer());
+  } else if (result_.kind == 'B') {
+    write<unsigned char>(place, 0x80);
+  } else {
+    sizeOf(result_);
+    fillPattern(result_, static_cast<unsigned char *>(place), 9);
+  }
+}
+
+void MemberCall::checkResult(const void *result) {
+  const bool isEmpty = outcome_ != Outcome::kSuccess;
+  if (result_.kind == '@' || result_.kind == '?') {
+    id object = read<id>(result);
+    if (isEmpty)
+      expect(object == nil, "a failed call has a result");
+    else if (isString(result_))
+      expect([object isEqual:kText], "a string result is another");
+    else if (isArray(result_))
+      expect(object && [object count] == 0, "an array result is another");
+    else
+      expect([object class] == bridgeClass(result_) && [object inner] == argumentObject_.pointer(),
+             "an object result is no " + result_.name);
+    return;
+  }
+  unsigned char wanted[64] = {};
+  if (!isEmpty && result_.kind == 'B')
+    wanted[0] = 1;
+  else if (!isEmpty)
+    fillPattern(result_, wanted, 9);
+  expect(areEqual(result_, static_cast<const unsigned char *>(result), wanted),
+         "a number result is another");
+}
+
+void MemberCall::run(Outcome outcome) {
+  outcome_ = outcome;
+  calls_ = 0;
+  object_.queryStatus = argumentObject_.queryStatus = 0;
+  object_.queries.clear();
+  object_.strayCalls = 0;
+  Class type = objc_lookUpClass(method_.type.c_str());
+  if (type == Nil) {
+    expect(false, "no such class");
+    return;
+  }
+  SEL selector = sel_getUid(method_.selector.c_str());
+  Method method = method_.isClassMethod ? class_getClassMethod(type, selector)
+                                        : class_getInstanceMethod(type, selector);
+  if (!method) {
+    expect(false, "no such method");
+    return;
+  }
+
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  const int before = object_.references;
+  const int argumentBefore = argumentObject_.references;
+  id receiver = method_.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
+  makeArguments();
+  const bool missing = outcome == Outcome::kInterfaceMissing;
+  object_.queryStatus = missing ? kNoInterface : 0;
+  activationRequest() = {{}, {}, missing ? nullptr : &object_};
+  object_.expect(method_.slot, slotTypes(),
+                 [this](void **arguments) { return receive(arguments); });
+
+  NSError *const stale = [NSError errorWithDomain:@"stale" code:1 userInfo:nil];
+  NSError *error = stale;
+  NSError **errorPlace = &error;
+  std::vector<ffi_type *> types = {&ffi_type_pointer, &ffi_type_pointer};
+  std::vector<void *> places = {&receiver, &selector};
+  for (Argument &argument : arguments_) {
+    types.push_back(argument.type.ffi());
+    places.push_back(argument.value);
+  }
+  types.push_back(&ffi_type_pointer);
+  places.push_back(&errorPlace);
+  ffi_cif cif;
+  expect(ffi_prep_cif(&cif, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()), result_.ffi(),
+                      types.data()) == FFI_OK,
+         "libffi cannot make this call");
+  alignas(16) unsigned char result[64] = {};
+  ffi_call(&cif, reinterpret_cast<void (*)()>(method_getImplementation(method)), result,
+           places.data());
+
+  expect(calls_ == (missing ? 0 : 1) && object_.strayCalls == 0,
+         missing ? "the interface is called although it is missing" : "another slot is called");
+  if (missing)
+    expect(error == stale, "the error variable of a swallowed failure changes");
+  else
+    expect(outcome == Outcome::kSuccess ? error == nil : error != stale && [error code] == kFailure,
+           "the error variable is wrong");
+  if (result_.kind != 'v')
+    checkResult(result);
+  object_.forget();
+  object_.queryStatus = 0;
+  [pool release];
+  expect(object_.references == before, "a reference to the object is lost or kept");
+  expect(argumentObject_.references == argumentBefore,
+         "a reference to an argument or result is lost or kept");
+}
+
+ActivationRequest &activationRequest() {
+  static ActivationRequest request;
+  return request;
+}
+
+} // namespace wrt::test
+
+using namespace wrt::test;
+
+// The test program's own activation stands in front of the platform's.
+extern "C" __attribute__((visibility("default"))) HRESULT WRTGetActivationFactory(HSTRING className,
+                                                                                  const GUID *iid,
+                                                                                  void **factory) {
+  ActivationRequest &request = activationRequest();
+  request.className = wrt::viewOf(className);
+  request.iid = *iid;
+  *factory = nullptr;
+  if (!request.factory)
+    return kClassNotRegistered;
+  ++request.factory->references;
+  *factory = request.factory->pointer();
+  return 0;
+}
+
+extern "C" __attribute__((visibility("default"))) void *
+WRTActivateInstance(const char16_t *className) {
+  ActivationRequest &request = activationRequest();
+  request.className = className;
+  if (!request.factory)
+    return nullptr;
+  ++request.factory->references;
+  return request.factory->pointer();
+}

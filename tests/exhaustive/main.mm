@@ -1,0 +1,169 @@
+// Calls every method of the catalogue through the runtime on a recording object, in every outcome,
+// and checks what crossed: the slot, the interface that was asked for, the argument words, the
+// references, the error variable, the result.
+
+#include "tests/exhaustive/MemberCall.h"
+
+#include <WRTBridge.h>
+#import <WRTObjcBridge/WRTUnknownBridge.h>
+
+#import <objc/runtime.h>
+
+#include <cstdio>
+#include <cstring>
+#include <set>
+
+using namespace wrt::test;
+
+namespace {
+
+constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002); // E_NOINTERFACE
+
+class Run {
+public:
+  explicit Run(std::map<std::string, GUID> iids) : declared_(std::move(iids)) {}
+
+  void member(const CatalogueMethod &method) {
+    for (Outcome outcome : {Outcome::kSuccess, Outcome::kFailing, Outcome::kInterfaceMissing}) {
+      static const char *const kNames[] = {"success", "failing", "interface missing"};
+      MemberCall call(method, object_, argument_);
+      call.run(outcome);
+      ++outcomes_;
+      report(method, kNames[static_cast<int>(outcome)], call.problems());
+      checkRequest(method);
+    }
+    ++members_;
+  }
+
+  /// An accessor hands out the interface that it asks for, or the failure.
+  void accessor(const CatalogueMethod &method) {
+    std::vector<std::string> problems;
+    Class type = objc_lookUpClass(method.type.c_str());
+    SEL selector = sel_getUid(method.selector.c_str());
+    Method implementation = method.isClassMethod ? class_getClassMethod(type, selector)
+                                                 : class_getInstanceMethod(type, selector);
+    if (!implementation) {
+      report(method, "accessor", {"no such method"});
+      return;
+    }
+    using Function = void *(*)(id, SEL, NSError **);
+    auto *function = reinterpret_cast<Function>(
+        reinterpret_cast<void *>(method_getImplementation(implementation)));
+    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+    for (bool missing : {false, true}) {
+      object_.queryStatus = 0;
+      id receiver = method.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
+      object_.queries.clear();
+      object_.queryStatus = missing ? kNoInterface : 0;
+      activationRequest() = {{}, {}, missing ? nullptr : &object_};
+      const int before = object_.references;
+      NSError *error = nil;
+      void *interface = function(receiver, selector, &error);
+      if (missing) {
+        if (interface || !error)
+          problems.push_back("a missing interface is not reported");
+      } else {
+        if (interface != object_.pointer() || error || object_.references != before + 1)
+          problems.push_back("hands out no reference");
+        --object_.references;
+      }
+      checkRequest(method);
+      ++outcomes_;
+    }
+    object_.queryStatus = 0;
+    [pool release];
+    report(method, "accessor", problems);
+    ++accessors_;
+  }
+
+  void activation(const CatalogueMethod &method) {
+    std::vector<std::string> problems;
+    activationRequest() = {{}, {}, &object_};
+    Class type = objc_lookUpClass(method.type.c_str());
+    if ([type activateInstance] != object_.pointer())
+      problems.push_back("does not activate");
+    --object_.references;
+    if (activationRequest().className.empty())
+      problems.push_back("has no class name");
+    classNames_.insert(activationRequest().className);
+    report(method, "activation", problems);
+    ++activations_;
+    ++outcomes_;
+  }
+
+  /// Prints the outcome; whether everything was right.
+  bool finish(size_t expected) {
+    if (classNames_.size() != activations_) {
+      std::printf("exhaustive: %zu classes share an activation name\n",
+                  activations_ - classNames_.size());
+      ++wrong_;
+    }
+    const size_t tried = members_ + accessors_ + activations_;
+    if (tried != expected)
+      std::printf("exhaustive: %zu methods of %zu were tried\n", tried, expected);
+    std::printf("exhaustive: %zu members, %zu accessors, %zu activations tried, %zu outcomes, "
+                "%zu wrong\n",
+                members_, accessors_, activations_, outcomes_, wrong_);
+    return wrong_ == 0 && tried == expected;
+  }
+
+private:
+  /// Which interface the library asked for, if it came to that: the one that is declared for a
+  /// plain interface; for an instantiation one and the same, of its own, in every class.
+  void checkRequest(const CatalogueMethod &method) {
+    const GUID *asked = method.isClassMethod      ? &activationRequest().iid
+                        : object_.queries.empty() ? nullptr
+                                                  : &object_.queries.front();
+    if (!asked) {
+      report(method, "request", {"no interface was asked for"});
+      return;
+    }
+    const auto [known, isNew] = declared_.emplace(method.interface, *asked);
+    if (isNew && (asked->Data3 >> 12 != 5 || asked->Data4[0] >> 6 != 2))
+      report(method, "request", {"no name-based identifier"});
+    if (!(known->second == *asked))
+      report(method, "request", {"another interface was asked for"});
+  }
+
+  void report(const CatalogueMethod &method, const char *where,
+              const std::vector<std::string> &problems) {
+    for (const std::string &problem : problems) {
+      if (++wrong_ <= 50) {
+        std::printf("exhaustive: %c[%s %s] (%s): %s\n", method.isClassMethod ? '+' : '-',
+                    method.type.c_str(), method.selector.c_str(), where, problem.c_str());
+      }
+    }
+  }
+
+  std::map<std::string, GUID> declared_;
+  std::set<std::u16string> classNames_;
+  RecordingObject object_;
+  RecordingObject argument_;
+  size_t members_ = 0;
+  size_t accessors_ = 0;
+  size_t activations_ = 0;
+  size_t outcomes_ = 0;
+  size_t wrong_ = 0;
+};
+
+} // namespace
+
+int main(int argc, char **argv) {
+  if (argc < 3) {
+    std::fprintf(stderr, "Usage: exhaustive_tests CATALOGUE.TSV DECLARATIONS.IDL...\n");
+    return 2;
+  }
+  // Missing interfaces are logged by the library; this is not what is looked at here.
+  setenv("WRT_LOG_LEVEL", "1", 1);
+  const std::vector<CatalogueMethod> methods = readCatalogue(argv[1]);
+  Run run(readDeclaredIids({argv + 2, argv + argc}));
+  for (const CatalogueMethod &method : methods) {
+    if (method.slot >= 0)
+      run.member(method);
+    else if (method.selector == "activateInstance")
+      run.activation(method);
+    else
+      run.accessor(method);
+  }
+  return run.finish(methods.size()) ? 0 : 1;
+}

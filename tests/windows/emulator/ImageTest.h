@@ -1,0 +1,20 @@
+#ifndef WRT_TESTS_IMAGE_TEST_H
+#define WRT_TESTS_IMAGE_TEST_H
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace wrt::pe::test {
+
+/// What the tests of the image tools are given: an image, the catalogue of its methods, and the
+/// fixup-table tool.
+extern std::filesystem::path imageFile;
+extern std::filesystem::path catalogueFile;
+extern std::filesystem::path fixupTool;
+
+std::vector<std::uint8_t> readFile(const std::filesystem::path &file);
+
+} // namespace wrt::pe::test
+
+#endif

@@ -1,0 +1,177 @@
+#include "Catalogue.h"
+#include "FixupTable.h"
+#include "ImageTest.h"
+#include "Metadata.h"
+#include "ProductRules.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <iterator>
+#include <random>
+#include <sstream>
+
+namespace wrt::pe {
+
+namespace test {
+
+std::filesystem::path imageFile;
+std::filesystem::path catalogueFile;
+std::filesystem::path fixupTool;
+
+std::vector<std::uint8_t> readFile(const std::filesystem::path &file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+} // namespace test
+
+namespace {
+
+class Inspection : public testing::Test {
+protected:
+  /// What differs after a change of the catalogue, one line each.
+  std::string differenceAfter(const std::function<void(std::vector<CatalogueEntry> &)> &change) {
+    auto changed = catalogue;
+    change(changed);
+    const auto differences = compareWithCatalogue(metadata, changed);
+    std::string text;
+    for (const std::string &difference : differences)
+      text += (text.empty() ? "" : "\n") + difference;
+    return text;
+  }
+
+  const Image image = Image::read(test::imageFile);
+  const Metadata metadata = Metadata::read(image);
+  const std::vector<CatalogueEntry> catalogue = readCatalogue(test::catalogueFile);
+  const std::set<std::string> functions{"WRTCreateNSStringFromHSTRING",
+                                        "WRTCreateHSTRINGFromNSString",
+                                        "WRTCreateNSErrorFromHRESULT"};
+};
+
+TEST_F(Inspection, ReadsWhatTheClassesDeclare) {
+  const ObjCClass &root = metadata.classes.at("WRTUnknownBridge");
+  EXPECT_EQ(root.superclass, "NSObject");
+  EXPECT_EQ(root.protocols, std::vector<std::string>{"WRTIUnknownBridge"});
+  ASSERT_EQ(root.variables.size(), 1u);
+  EXPECT_EQ(root.variables[0].name, "_inner_obj");
+  EXPECT_EQ(root.variables[0].encoding, "^v");
+  EXPECT_EQ(root.variables[0].offset, 4u);
+  ASSERT_EQ(root.properties.size(), 1u);
+  EXPECT_EQ(root.properties[0].attributes, "T^v,R,N,V_inner_obj");
+  EXPECT_EQ(metadata.classes.at("WRTISampleBridge").superclass, "WRTInterfaceProxy");
+  EXPECT_EQ(metadata.protocols.at("WRTISampleBridge").adopted,
+            std::vector<std::string>{"WRTIInspectableBridge"});
+}
+
+TEST_F(Inspection, FindsEveryKindOfDifference) {
+  EXPECT_TRUE(compareWithCatalogue(metadata, catalogue).empty());
+  const std::size_t last = catalogue.size() - 1;
+  EXPECT_EQ(differenceAfter([&](auto &entries) { entries[1].encoding = "v8@0:4"; }),
+            "-[WRTISampleBridge getTextWithError:]: encoding is @12@0:4^@8, should be v8@0:4\n"
+            "-[WRTISampleBridge getTextWithError:]: the protocol's encoding is @12@0:4^@8, should "
+            "be v8@0:4");
+  EXPECT_EQ(differenceAfter([&](auto &entries) { entries[1].extendedEncoding = "?"; }),
+            "-[WRTISampleBridge getTextWithError:]: extended encoding is @\"NSString\"12@0:4^@8, "
+            "should be ?");
+  EXPECT_EQ(differenceAfter([&](auto &entries) { entries.erase(entries.begin() + 1); }),
+            "-[WRTISampleBridge getTextWithError:]: not in the catalogue");
+  EXPECT_EQ(differenceAfter([&](auto &entries) {
+              entries.push_back({"WRTNowhereBridge", true, "x", "v8@0:4", "", "", "6"});
+            }),
+            "+[WRTNowhereBridge x]: missing");
+  EXPECT_EQ(differenceAfter([&](auto &entries) { entries.push_back(entries[last]); }),
+            "+[WRTSampleBridge answerWithError:]: twice in the catalogue");
+  EXPECT_EQ(differenceAfter([&](auto &entries) { entries[last].extendedEncoding = "?"; }),
+            "+[WRTSampleBridge answerWithError:]: declared by no protocol of the class");
+}
+
+TEST_F(Inspection, RefusesACatalogueLineOfAnotherForm) {
+  const std::string file = testing::TempDir() + "bad.tsv";
+  std::ofstream(file) << "# comment\nWRTXBridge\t-\tx\n";
+  try {
+    readCatalogue(file);
+    FAIL();
+  } catch (const FormatError &error) {
+    EXPECT_NE(std::string(error.what()).find("bad.tsv:2:"), std::string::npos) << error.what();
+  }
+  std::remove(file.c_str());
+}
+
+TEST_F(Inspection, ChecksTheRulesOfTheProduct) {
+  EXPECT_TRUE(checkProduct(image, metadata, functions).empty());
+  auto more = functions;
+  more.insert("WRTMissing");
+  EXPECT_EQ(checkProduct(image, metadata, more),
+            std::vector<std::string>{"WRTMissing is not exported"});
+  auto fewer = functions;
+  fewer.erase("WRTCreateNSErrorFromHRESULT");
+  EXPECT_EQ(checkProduct(image, metadata, fewer).at(0),
+            "WRTCreateNSErrorFromHRESULT is exported without a reason");
+  Metadata missing = metadata;
+  missing.classes.at("WRTSampleBridge").methods.at(0).implementation ^= 1;
+  EXPECT_EQ(checkProduct(image, missing, functions).size(), 1u);
+}
+
+TEST_F(Inspection, HeadersThatDisqualifyAnImageAreFound) {
+  const auto good = test::readFile(test::imageFile);
+  const std::uint32_t nt = good[0x3C] | good[0x3D] << 8;
+  const auto problemsWith = [&](std::uint32_t offset, std::uint8_t bits) {
+    auto bytes = good;
+    bytes[offset] ^= bits;
+    const Image changed = Image::parse(bytes);
+    return checkProduct(changed, metadata, functions).size();
+  };
+  EXPECT_EQ(problemsWith(nt + 4, 0x01), 1u);       // machine
+  EXPECT_EQ(problemsWith(nt + 23, 0x20), 1u);      // DLL
+  EXPECT_EQ(problemsWith(nt + 24 + 70, 0x40), 1u); // dynamic base
+  EXPECT_EQ(problemsWith(nt + 24 + 71, 0x01), 1u); // no execute
+  EXPECT_EQ(problemsWith(nt + 24 + 71, 0x10), 1u); // app container
+}
+
+/// Files that are no images, or were: refused, never followed out of their bounds.
+TEST_F(Inspection, DamagedFilesAreRefused) {
+  const auto good = test::readFile(test::imageFile);
+  const auto inspect = [](const std::vector<std::uint8_t> &bytes) {
+    try {
+      const Image damaged = Image::parse(bytes);
+      FixupTable::read(damaged);
+      const Metadata read = Metadata::read(damaged);
+      std::ostringstream text;
+      writeText(read, text);
+      checkProduct(damaged, read, {});
+      return true;
+    } catch (const FormatError &) {
+      return false;
+    }
+  };
+  EXPECT_TRUE(inspect(good));
+  for (std::size_t size = 0; size < 0x600; size += 13)
+    EXPECT_FALSE(inspect({good.begin(), good.begin() + static_cast<long>(size)})) << size;
+  std::minstd_rand random(7);
+  int refused = 0;
+  for (int round = 0; round < 400; ++round) {
+    auto bytes = good;
+    for (int i = 0; i < 8; ++i)
+      bytes[random() % bytes.size()] = static_cast<std::uint8_t>(random());
+    refused += !inspect(bytes);
+  }
+  EXPECT_GT(refused, 0);
+}
+
+} // namespace
+} // namespace wrt::pe
+
+int main(int argc, char **argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (argc != 4) {
+    std::cerr << "usage: imagetests IMAGE CATALOGUE FIXUPTABLE\n";
+    return 2;
+  }
+  wrt::pe::test::imageFile = argv[1];
+  wrt::pe::test::catalogueFile = argv[2];
+  wrt::pe::test::fixupTool = argv[3];
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,278 @@
+// startuptests IMAGE MAP DLL...: start-up as ARM code, in an image that the DLLs are loaded before.
+#include "FixupTable.h"
+#include "Process.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace wrt::emulator {
+namespace {
+
+std::filesystem::path imageFile;
+std::filesystem::path mapFile;
+std::vector<std::filesystem::path> siblingFiles;
+
+/// The address of a symbol that the linker's map shows under the given name, or 0.
+pe::Rva findInMap(const std::string &symbol) {
+  std::ifstream map(mapFile);
+  for (std::string line; std::getline(map, line);) {
+    std::istringstream fields(line);
+    std::string rva, size, alignment, name;
+    fields >> rva >> size >> alignment >> std::ws;
+    std::getline(fields, name);
+    if (name == symbol)
+      return static_cast<pe::Rva>(std::stoul(rva, nullptr, 16));
+  }
+  return 0;
+}
+
+class StartUp : public testing::Test {
+protected:
+  StartUp() {
+    for (const auto &file : siblingFiles)
+      EXPECT_TRUE(process.attach(process.load(file)));
+    module = &process.load(imageFile);
+    table = pe::FixupTable::read(module->image).present;
+    protections = process.protections();
+    process.calls.clear();
+  }
+
+  Machine &machine() { return process.machine(); }
+
+  std::uint32_t wordAt(pe::Rva rva) { return machine().readWord(module->address(rva)); }
+
+  pe::Rva section(const char *name) { return module->image.findSection(name)->rva; }
+
+  /// The place of record `index` of the fixup table in memory.
+  Address record(std::size_t index) {
+    return module->address(section("wrtfixup") + 16 + 16 * static_cast<pe::Rva>(index));
+  }
+
+  bool isPatched(const pe::FixupRecord &each) {
+    return wordAt(each.target) == each.addend + wordAt(each.slot);
+  }
+
+  std::size_t patchedCount() {
+    std::size_t count = 0;
+    for (const pe::FixupRecord &each : table)
+      count += isPatched(each);
+    return count;
+  }
+
+  int registeredImages() {
+    Module *runtime = process.findModule("zorvex.dll");
+    return static_cast<int>(machine().call(runtime->find("testRegisteredImages"), {}));
+  }
+
+  /// The reason for which the process ended itself during attach.
+  std::string endOfAttach() {
+    try {
+      process.attach(*module);
+    } catch (const Ended &end) {
+      return end.what();
+    }
+    return "";
+  }
+
+  Process process;
+  Module *module = nullptr;
+  std::vector<pe::FixupRecord> table;
+  std::map<Address, std::uint32_t> protections;
+};
+
+TEST_F(StartUp, PatchesTheImageAndRegistersIt) {
+  ASSERT_FALSE(table.empty());
+  EXPECT_EQ(patchedCount(), 0u);
+  const int images = registeredImages();
+  const std::size_t blocks = process.liveBlocks();
+  ASSERT_TRUE(process.attach(*module));
+
+  EXPECT_EQ(patchedCount(), table.size());
+  const pe::Section &strings = *module->image.findSection("cfstring");
+  ASSERT_GE(strings.virtualSize, 16u);
+  const Address stringClass =
+      process.findModule("zorvex.dll")->find("__CFConstantStringClassReference");
+  for (pe::Rva at = strings.rva; at < strings.rva + strings.virtualSize; at += 16)
+    EXPECT_EQ(wordAt(at), stringClass) << at;
+  EXPECT_EQ(registeredImages(), images + 1);
+  EXPECT_EQ(process.liveBlocks(), blocks);
+  EXPECT_EQ(process.protections(), protections);
+
+  const std::vector<std::string> begin = {"GetModuleHandleExW",   "GetModuleHandleExW",
+                                          "GetProcAddress",       "GetCurrentProcess",
+                                          "GetModuleInformation", "malloc"};
+  ASSERT_GT(process.calls.size(), begin.size());
+  EXPECT_TRUE(std::equal(begin.begin(), begin.end(), process.calls.begin()));
+  EXPECT_EQ(std::count(process.calls.begin(), process.calls.end(), "GetNativeSystemInfo"), 1);
+  const std::vector<std::string> end(process.calls.end() - 3, process.calls.end());
+  EXPECT_EQ(end,
+            (std::vector<std::string>{"free", "GetModuleHandleW zorvex.dll", "GetProcAddress"}));
+}
+
+TEST_F(StartUp, RunsOnce) {
+  ASSERT_TRUE(process.attach(*module));
+  const int images = registeredImages();
+  machine().writeWord(module->address(table[0].target), 0x12345678);
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(wordAt(table[0].target), 0x12345678u);
+  EXPECT_EQ(registeredImages(), images);
+}
+
+TEST_F(StartUp, UnregistersThroughTheMainProgram) {
+  ASSERT_TRUE(process.attach(*module));
+  process.detach(*module); // nothing to call
+  std::vector<std::uint32_t> told;
+  machine().define("__objc_image_unload", [&](const HostCall &call) -> std::uint32_t {
+    told.push_back(call[0]);
+    return 0;
+  });
+  process.programExports["__objc_image_unload"] = machine().hostFunction("__objc_image_unload");
+  process.detach(*module);
+  EXPECT_EQ(told, std::vector<std::uint32_t>{module->address(section("objcinfo"))});
+}
+
+TEST_F(StartUp, LooksForTheRuntimesInOrder) {
+  process.hiddenModules = {"zorvex.dll"};
+  const int images = registeredImages();
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(registeredImages(), images);
+  const std::vector<std::string> end(process.calls.end() - 3, process.calls.end());
+  EXPECT_EQ(end, (std::vector<std::string>{"GetModuleHandleW zorvex.dll",
+                                           "GetModuleHandleW objc_zorvex.dll",
+                                           "GetModuleHandleW objc4_noncompact.dll"}));
+}
+
+TEST_F(StartUp, WithoutMemoryPatchesAllTheSame) {
+  process.hasMemory = false;
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(patchedCount(), table.size());
+  EXPECT_EQ(process.protections(), protections);
+}
+
+TEST_F(StartUp, PatchesNothingWhenAServiceIsMissing) {
+  // Without patches there are no classes that a runtime could take.
+  process.hiddenModules = {"zorvex.dll"};
+  process.hasGetModuleInformation = false;
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(patchedCount(), 0u);
+  EXPECT_EQ(process.protections(), protections);
+}
+
+TEST_F(StartUp, PatchesNothingWithoutKernelBase) {
+  process.hiddenModules = {"zorvex.dll"};
+  process.hasKernel = false;
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(patchedCount(), 0u);
+}
+
+TEST_F(StartUp, PatchesNothingWithAnotherHeader) {
+  process.hiddenModules = {"zorvex.dll"};
+  machine().writeWord(module->address(section("wrtfixup")) + 12, 2);
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(patchedCount(), 0u);
+  EXPECT_EQ(std::count(process.calls.begin(), process.calls.end(), "GetModuleHandleExW"), 0);
+}
+
+TEST_F(StartUp, PatchesAMovePairInCode) {
+  const auto &relocations = module->image.baseRelocations();
+  const auto pair = std::find_if(relocations.begin(), relocations.end(), [&](const auto &each) {
+    // One that start-up itself does not run.
+    return each.kind == pe::RelocationKind::kThumbMove && each.rva >= section(".text") &&
+           each.rva % 4 == 0;
+  });
+  ASSERT_NE(pair, relocations.end());
+  const Address code = module->address(pair->rva);
+  const auto before = machine().read(code, 8);
+  machine().writeWord(record(0), code | 1);
+  machine().writeWord(record(0) + 4, 0x1234);
+  machine().writeWord(record(0) + 12, 0xFFFFF110);
+  process.hiddenModules = {"zorvex.dll"};
+  ASSERT_TRUE(process.attach(*module));
+
+  const auto after = machine().read(code, 8);
+  const auto immediate = [&](std::size_t at) {
+    const std::uint32_t first = after[at] | after[at + 1] << 8;
+    const std::uint32_t second = after[at + 2] | after[at + 3] << 8;
+    return (first & 0xF) << 12 | (first >> 10 & 1) << 11 | (second >> 12 & 7) << 8 |
+           (second & 0xFF);
+  };
+  EXPECT_EQ(immediate(0) | immediate(4) << 16, wordAt(table[0].slot) + 0x1234);
+  EXPECT_EQ(after[1] & 0xFB, before[1] & 0xFB);
+  EXPECT_EQ(after[3] & 0x8F, before[3] & 0x8F);
+  EXPECT_EQ(process.protections(), protections);
+  EXPECT_GE(std::count(process.calls.begin(), process.calls.end(), "VirtualProtect"), 2);
+  // What was the first record's target is not one any more.
+  EXPECT_FALSE(isPatched(table[0]));
+}
+
+TEST_F(StartUp, LeavesRecordsOfKindZeroAndThoseOutside) {
+  process.hiddenModules = {"zorvex.dll"};
+  machine().writeWord(record(0) + 12, 0);
+  machine().writeWord(record(1), module->base - 4);
+  machine().writeWord(record(2), module->base + module->image.size());
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(patchedCount(), table.size() - 3);
+}
+
+TEST_F(StartUp, AbortsOnAnUnknownKind) {
+  machine().writeWord(record(0) + 12, 0x20);
+  EXPECT_EQ(endOfAttach(), "abort");
+}
+
+TEST_F(StartUp, AssertsTheSignatures) {
+  process.setProtection(module->base, Machine::kPageSize, 0x04);
+  const Address nt = module->base + machine().readWord(module->base + 0x3C);
+  machine().writeWord(nt, 0x00004550 ^ 1);
+  EXPECT_EQ(endOfAttach(), "assertion failed: pNTHeaders->Signature == IMAGE_NT_SIGNATURE && "
+                           "\"expected a NT signature\"");
+  machine().writeWord(module->base, machine().readWord(module->base) ^ 1);
+  EXPECT_EQ(endOfAttach(), "assertion failed: pDOSHeader->e_magic == IMAGE_DOS_SIGNATURE && "
+                           "\"expected a DOS signature\"");
+}
+
+TEST_F(StartUp, DoesNothingForThreads) {
+  const Address entry = module->address(module->image.entryPoint());
+  for (const std::uint32_t reason : {2u, 3u}) // a thread begins, a thread ends
+    EXPECT_EQ(machine().call(entry, {module->base, reason, 0}), 1u);
+  EXPECT_TRUE(process.calls.empty());
+}
+
+TEST_F(StartUp, InitializesTheWindowsRuntimeWhenAsked) {
+  const auto function = findInMap("wrt::startup::initializeWindowsRuntime()");
+  const auto flag = findInMap("wrt::startup::(anonymous namespace)::initializesWindowsRuntime");
+  ASSERT_NE(function, 0u);
+  ASSERT_NE(flag, 0u);
+  std::vector<std::uint32_t> kinds;
+  std::uint32_t status = 0;
+  machine().define("RoInitialize", [&](const HostCall &call) {
+    kinds.push_back(call[0]);
+    return status;
+  });
+  const auto initialize = [&] { return machine().call(module->address(function & ~1u), {}); };
+  EXPECT_EQ(initialize(), 0u);
+  status = 1; // S_FALSE: initialized before
+  EXPECT_EQ(initialize(), 0u);
+  status = 0x80010106; // RPC_E_CHANGED_MODE
+  EXPECT_EQ(initialize(), 0x80010106u);
+  EXPECT_EQ(kinds, (std::vector<std::uint32_t>{1, 1, 1}));
+  machine().writeWord(module->address(flag), 0);
+  EXPECT_EQ(initialize(), 0u);
+  EXPECT_EQ(kinds.size(), 3u);
+}
+
+} // namespace
+} // namespace wrt::emulator
+
+int main(int argc, char **argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (argc < 3) {
+    std::cerr << "usage: startuptests IMAGE MAP DLL...\n";
+    return 2;
+  }
+  wrt::emulator::imageFile = argv[1];
+  wrt::emulator::mapFile = argv[2];
+  wrt::emulator::siblingFiles.assign(argv + 3, argv + argc);
+  return RUN_ALL_TESTS();
+}
