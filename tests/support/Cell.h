@@ -17,6 +17,7 @@ struct Cell {
 /// What the running cell leaves behind because the library keeps it on purpose.
 struct Leftover {
   int strings = 0;
+  int extraHandles = 0; ///< handles beyond one for each string
   int taskBlocks = 0;
   int objects = 0;
 };

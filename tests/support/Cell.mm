@@ -39,7 +39,7 @@ public:
     lastingThings.clear();
     WRTLedgerCounts leftover{};
     leftover.live[kWRTLedgerStrings] = expected.strings;
-    leftover.live[kWRTLedgerStringHandles] = expected.strings;
+    leftover.live[kWRTLedgerStringHandles] = expected.strings + expected.extraHandles;
     leftover.live[kWRTLedgerTaskBlocks] = expected.taskBlocks;
     leftover.live[kWRTLedgerObjects] = expected.objects;
     EXPECT_EQ(describe(leftover), describe(WRTLedgerDifference(before_, WRTLedgerRead())))
