@@ -107,6 +107,7 @@ add_test(NAME windows.images COMMAND imagetests ${sample_image}
 
 # The product itself.
 set(product ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll)
+set(product_map ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.map)
 add_test(NAME windows.product.rules COMMAND inspectimage check ${product}
   WRTCreateNSStringFromHSTRING WRTCreateHSTRINGFromNSString WRTCreateNSErrorFromHRESULT
   WRTCreateNSDataFromIBuffer WRTCreateWRTRandomAccessReferenceBridgeFromNSData
@@ -122,3 +123,8 @@ wrt_add_arm_dll(producttest FOLDER ${images} OBJECTS producttest_objects PATCHED
 add_test(NAME windows.product.emulated
   COMMAND runemulated runTests,activateProxy,lookAtLog
           ${double_images} ${product} ${images}/producttest.dll)
+add_test(NAME windows.product.startup COMMAND startuptests ${product} ${product_map} ${double_images})
+add_test(NAME windows.product.size COMMAND sizereport check ${product} ${product_map} ${WRT_CATALOGUE}
+  ${CMAKE_CURRENT_SOURCE_DIR}/goldens/large-methods.txt)
+add_test(NAME windows.product.code COMMAND methodcode check ${product} ${product_map}
+  ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt)
