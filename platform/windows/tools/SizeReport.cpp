@@ -39,13 +39,13 @@ std::string unitOf(const std::string &file) {
   return target == "core" || target == "marshal" ? target : "start-up";
 }
 
-void add(UnitSize &unit, const Chunk &chunk, bool isNewShape) {
+void add(UnitSize &unit, const Chunk &chunk) {
   if (isMethod(chunk)) {
     ++unit.methods;
     unit.methodCode += chunk.size;
   } else if (isShape(chunk)) {
-    unit.shapes += isNewShape;
-    unit.shapeCode += isNewShape ? chunk.size : 0;
+    ++unit.shapes;
+    unit.shapeCode += chunk.size;
   } else if (chunk.section.starts_with(".text")) {
     unit.otherCode += chunk.size;
   } else if (chunk.section.starts_with(".rdata$_Z")) {
@@ -151,15 +151,13 @@ SizeReport SizeReport::read(const std::filesystem::path &imageFile,
   report.fixups = image.findSection("wrtfixup")->virtualSize;
   report.linkerList = static_cast<std::uint32_t>(
       kListHeader + kListEntry * (table.needed.size() + table.constantStrings));
-  std::set<Rva> shapes;
   std::map<std::string, std::size_t> places;
   for (const Chunk &chunk : LinkMap::read(mapFile).chunks) {
     const std::string name = unitOf(chunk.file);
     const auto [place, isNew] = places.emplace(name, report.units.size());
     if (isNew)
       report.units.push_back({.name = name});
-    // Shapes with the same code share it, each under its own name.
-    add(report.units[place->second], chunk, isShape(chunk) && shapes.insert(chunk.rva).second);
+    add(report.units[place->second], chunk);
     if (isMethod(chunk))
       report.methods.emplace(chunk.section.substr(chunk.section.find('$') + 1), chunk.size);
   }
