@@ -31,10 +31,11 @@ std::vector<Entry> readGoldens(const std::filesystem::path &file) {
     throw FormatError(join("cannot open ", file.string()));
   std::vector<Entry> entries;
   for (std::string line; std::getline(stream, line);) {
-    if (line.starts_with(' ') && !entries.empty() && entries.back().isFunction())
+    if (line.starts_with(' ') && !entries.empty() && entries.back().isFunction()) {
       entries.back().code.push_back(line);
-    else
+    } else {
       entries.push_back({line, {}});
+    }
   }
   return entries;
 }
@@ -79,9 +80,10 @@ int update(const MethodCode &code, const std::vector<Entry> &entries,
   std::ostringstream text;
   for (const Entry &entry : entries) {
     text << entry.line << '\n';
-    if (entry.isFunction())
-      for (const std::string &line : code.disassemble(entry.line))
-        text << line << '\n';
+    if (!entry.isFunction())
+      continue;
+    for (const std::string &line : code.disassemble(entry.line))
+      text << line << '\n';
   }
   return (std::ofstream(file) << text.str()).flush() ? 0 : 1;
 }

@@ -109,9 +109,10 @@ void writeGrowth(const SizeReport &report, std::ostream &out) {
     sum.methodCode += unit.methodCode;
     sum.shapes += unit.shapes;
     sum.shapeCode += unit.shapeCode;
-    if ((i + 1) % kStep == 0 || i + 1 == report.units.size())
+    if ((i + 1) % kStep == 0 || i + 1 == report.units.size()) {
       out << "| " << i + 1 << " | " << grouped(sum.methods) << " | " << grouped(sum.methodCode)
           << " | " << sum.shapes << " | " << grouped(sum.shapeCode) << " |\n";
+    }
   }
 }
 
@@ -199,9 +200,10 @@ SizeCheck checkSizes(const SizeReport &report, const std::vector<CatalogueEntry>
       result.problems.push_back(join(what, " has ", is, " bytes, the goal is ", goal));
   };
   require("the file", report.file, goals.file);
-  for (const Section &section : report.sections)
+  for (const Section &section : report.sections) {
     if (section.name == ".text")
       require(".text", section.virtualSize, goals.text);
+  }
   std::set<std::string> unneeded(listed.begin(), listed.end());
   for (const CatalogueEntry &entry : catalogue) {
     const std::string name =
