@@ -85,6 +85,27 @@ TEST_F(Program, WritesNothingWhenOneFileOfSeveralIsWrong) {
   EXPECT_FALSE(fs::exists(folder_ / "out"));
 }
 
+TEST_F(Program, ListsHandWrittenClassesFirst) {
+  const std::string classes = write("classes.tsv", "# two\nWRTBaseBridge\tNSObject\n"
+                                                   "WRTBaseBridge\t-\tinit\t@8@0:4\t-\t-\t-\n\n"
+                                                   "WRTPlainBridge\tWRTBaseBridge\n");
+  const std::string options = "--output " + folder_.string() + "/out --hand-written ";
+  const Outcome result = run(options + classes + " " WRT_TEST_DECLARATIONS);
+  EXPECT_EQ(result.status, 0) << result.output;
+  EXPECT_TRUE(readFile(folder_ / "out/catalogue.tsv")
+                  .starts_with("WRTBaseBridge\t-\tinit\t@8@0:4\t-\t-\t-\nWRTTest"));
+  const std::string digest = readFile(folder_ / "out/surface.digest");
+  EXPECT_TRUE(digest.starts_with("WRTBaseBridge core NSObject 1 ")) << digest;
+  EXPECT_NE(digest.find("\nWRTPlainBridge core WRTBaseBridge 0 "), digest.npos) << digest;
+
+  const std::string stray = write("stray.tsv", "WRTBaseBridge\tNSObject\n"
+                                               "WRTOtherBridge\t-\tinit\t@8@0:4\t-\t-\t-\n");
+  const Outcome refused = run(options + stray + " " WRT_TEST_DECLARATIONS);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.output, stray + ":2:1: error: expected a class and its superclass, or a method "
+                                    "of the class above\n");
+}
+
 TEST_F(Program, LeavesOldOutputsAloneWhenTheFilesAreWrong) {
   const std::string file = write("sample.idl", "enum Colour { Red = 1 }");
   ASSERT_EQ(run("--output " + folder_.string() + " " + file).status, 0);

@@ -17,11 +17,10 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
     "--target=${WRT_ARM_TARGET} ${WRT_ARM_CXX} ${WRT_ARM_HEADERS} ${WRT_ARM_OBJC}")
 else()
   add_subdirectory(${CMAKE_CURRENT_LIST_DIR})
-  set(flags $<TARGET_PROPERTY:wrt_objc,INTERFACE_COMPILE_OPTIONS>
-    "-isystem$<JOIN:$<TARGET_PROPERTY:wrt_objc,INTERFACE_SYSTEM_INCLUDE_DIRECTORIES>,;-isystem>")
+  set(flags ${WRT_OBJC_FLAGS} -isystem ${WRT_GNUSTEP_INCLUDE} -isystem ${WRT_OBJC_INCLUDE}
+    -isystem ${PROJECT_SOURCE_DIR}/platform/linux/objc/include)
 endif()
 
 add_test(NAME headers
   COMMAND headertests ${PROJECT_BINARY_DIR}/include ${CMAKE_OBJC_COMPILER} ${flags}
-    ${WRT_HEADER_WARNINGS}
-  COMMAND_EXPAND_LISTS)
+    ${WRT_HEADER_WARNINGS})
