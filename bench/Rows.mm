@@ -1,5 +1,6 @@
 #include "bench/Row.h"
 
+#include "bench/FamilyRows.h"
 #include "bench/QuietComponent.h"
 #include "bench/WrittenOut.h"
 #include "platform/linux/string/HString.h"
@@ -60,10 +61,9 @@ private:
   abi::TestInterface *interface_ = nullptr;
 };
 
-} // namespace
-
-const std::vector<Row> &rows() {
-  static const std::vector<Row> table = {
+/// The rows of the test interfaces.
+std::vector<Row> testRows() {
+  return {
       {"void call", [] { [fixture().bridge voidFunctionWithError:nullptr]; },
        [] { [fixture().written voidFunctionWithError:nullptr]; }, [] { Held()->VoidFunction(); }},
       {"Int32 get", [] { [fixture().bridge returnPrimitiveWithError:nullptr]; },
@@ -181,6 +181,17 @@ const std::vector<Row> &rows() {
        [] { [[[WrittenOut alloc] init] release]; },
        [] { WRTIUnknownRelease(WRTActivateInstance(WRTTestClassClassString)); }},
   };
+}
+
+} // namespace
+
+const std::vector<Row> &rows() {
+  static const std::vector<Row> table = [] {
+    std::vector<Row> all = testRows();
+    const std::vector<Row> families = familyRows();
+    all.insert(all.end(), families.begin(), families.end());
+    return all;
+  }();
   return table;
 }
 

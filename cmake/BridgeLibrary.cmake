@@ -5,10 +5,11 @@ target_link_libraries(bridge_classes PRIVATE wrt_library_code wrt_generated)
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
   wrt_add_arm_dll(WRTObjcBridge OUTPUT_NAME WRTObjcBridge_zorvex PATCHED
-    OBJECTS core marshal bridge_classes LIBRARIES ${WRT_ARM_IMPORTS})
+    OBJECTS core core_buffers marshal bridge_classes LIBRARIES ${WRT_ARM_IMPORTS})
 else()
   add_library(WRTObjcBridge SHARED
-    $<TARGET_OBJECTS:core> $<TARGET_OBJECTS:marshal> $<TARGET_OBJECTS:bridge_classes>)
+    $<TARGET_OBJECTS:core> $<TARGET_OBJECTS:core_buffers> $<TARGET_OBJECTS:marshal>
+    $<TARGET_OBJECTS:bridge_classes>)
   set_target_properties(WRTObjcBridge PROPERTIES
     OUTPUT_NAME WRTObjcBridge_zorvex LINKER_LANGUAGE OBJCXX)
   # What uses the library finds its headers beside it.

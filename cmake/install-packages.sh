@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of cmake/packages.txt that are missing.
-# Usage: cmake/install-packages.sh
+# Installs the Debian packages of a list that are missing: cmake/packages.txt, or the one given.
+# Usage: cmake/install-packages.sh [LIST]
 set -euo pipefail
 
-list="$(dirname "$0")/packages.txt"
+list=${1-$(dirname "$0")/packages.txt}
 missing=()
 while read -r package _; do
   [[ -z $package || $package == \#* ]] && continue

@@ -2,6 +2,7 @@
 #define WRT_CONVERSIONS_H
 
 #import <Foundation/Foundation.h>
+#import <WRTObjcBridge/WRTBufferConversions.h>
 #include <WRTObjcBridge/WRTTypes.h>
 
 WRT_EXTERN_C_BEGIN

@@ -4,6 +4,8 @@
 #include "marshal/Object.h"
 #include "marshal/String.h"
 
+#include <algorithm>
+
 namespace wrt {
 
 /// Elements on the WinRT side: a count, which WinRT compares as a signed number, and a block of
@@ -66,9 +68,14 @@ struct Array {
 
     bool enter(Frame &frame, Fact fact) {
       NSArray *array = argument_.get();
-      cells_.count = static_cast<int32_t>([array count]);
-      cells_.block = allocateCells(frame, [array count]);
-      for (uint32_t index = 0; index < [array count]; ++index) {
+      const NSUInteger passed = [array count];
+      // An array that changes meanwhile must not get beyond the block, nor WinRT.
+      const NSUInteger room = std::max(passed, [array count]);
+      cells_.count = static_cast<int32_t>(passed);
+      cells_.block = allocateCells(frame, room);
+      if (cells_.block)
+        std::fill_n(cells_.block, room, nullptr);
+      for (uint32_t index = 0; index < [array count] && index < room; ++index) {
         if (!Elements::enter(frame, [array objectAtIndexedSubscript:index], cells_.block, index,
                              fact))
           return false;

@@ -1,5 +1,7 @@
 #include "generator/output/Writer.h"
 
+#include <algorithm>
+
 namespace bridgegen {
 
 void Writer::append(std::string_view text) {

@@ -1,5 +1,6 @@
 #include "generator/read/Lexer.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace bridgegen {

@@ -3,6 +3,7 @@
 
 #include "generator/read/Lexer.h"
 
+#include <algorithm>
 #include <span>
 
 namespace bridgegen {

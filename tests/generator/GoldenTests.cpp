@@ -1,5 +1,6 @@
 #include "tests/generator/Generated.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sstream>

@@ -1,8 +1,10 @@
 #include "generator/emit/Emit.h"
 #include "tests/generator/Generated.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace bridgegen::test {
 namespace {

@@ -1,5 +1,6 @@
 #include "tests/generator/Generated.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace bridgegen::test {

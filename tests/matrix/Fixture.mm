@@ -1,9 +1,12 @@
 #include "tests/matrix/Fixture.h"
 
+#include <WRTBridge.h>
+
 namespace wrt::test {
 
 id newBridge(Class type) {
-  return [type bridgeTransfer:component::make<TestObject>().detach()->identity()];
+  // Whose the class is depends on the platform: on Linux this program's, in Wine a DLL's.
+  return [type bridgeTransfer:WRTActivateInstance(u"TestClass")];
 }
 
 NSError *staleError() { return [NSError errorWithDomain:@"stale" code:1 userInfo:nil]; }

@@ -20,6 +20,9 @@ void defaultConstruction() {
   [bridge voidFunctionWithError:nullptr];
   EXPECT_EQ(Crossings{"VoidFunction"}, takeCrossings());
   [bridge release];
+}
+
+void defaultConstructionFailing() {
   const activation::Registration none(u"TestClass", noFactory);
   EXPECT_EQ(nil, [[WRTTestClassBridge alloc] init]);
   ASSERT_EQ(1u, logRecords().size());
@@ -76,6 +79,7 @@ void factoryMissing() {
 
 const Cell cells[] = {
     {"activation.class.default.normal", defaultConstruction},
+    {"activation.class.default.class_missing", defaultConstructionFailing},
     {"activation.class.factory.normal", factory},
     {"activation.class.statics.normal", statics},
     {"activation.class.factory.interface_missing", factoryMissing},

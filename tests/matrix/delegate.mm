@@ -1,8 +1,7 @@
 // Blocks as delegates: invoked never, once, often, later, and from other threads.
 
 #include "tests/matrix/Fixture.h"
-
-#include <thread>
+#include "tests/support/Thread.h"
 
 namespace wrt::test {
 
@@ -149,7 +148,7 @@ void delegateOnThreads() {
       [pool release];
     }
     const auto object = component::make<TestObject>();
-    std::vector<std::thread> threads;
+    std::vector<Thread> threads;
     for (int i = 0; i < 4; ++i) {
       // Each thread has a reference of its own; the last to end frees the block.
       threads.emplace_back([delegate = keptDelegate(), &object] {
@@ -158,7 +157,7 @@ void delegateOnThreads() {
       });
     }
     dropKeptDelegate();
-    for (std::thread &thread : threads)
+    for (Thread &thread : threads)
       thread.join();
     EXPECT_EQ(1000, *calls);
     EXPECT_EQ(1, tokensDeallocated);

@@ -2,13 +2,13 @@
 // variable.
 
 #include "tests/matrix/Fixture.h"
+#include "tests/support/Thread.h"
 
 #include <WRTBridge.h>
 
 #import <objc/runtime.h>
 
 #include <algorithm>
-#include <thread>
 
 namespace wrt::test {
 
@@ -191,7 +191,7 @@ void slotOfEachMember() {
 void otherThread() {
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
   script().count = 17;
-  std::thread([bridge] {
+  Thread([bridge] {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     NSError *error = nil;
     NSMutableArray *array = [NSMutableArray array];
@@ -206,7 +206,7 @@ void otherThread() {
 void manyThreads() {
   resetScript();
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
-  std::vector<std::thread> threads;
+  std::vector<Thread> threads;
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([bridge] {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
@@ -217,7 +217,7 @@ void manyThreads() {
       [pool release];
     });
   }
-  for (std::thread &thread : threads)
+  for (Thread &thread : threads)
     thread.join();
   clearCrossings();
 }

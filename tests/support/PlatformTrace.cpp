@@ -11,7 +11,9 @@ namespace wrt::test {
 namespace {
 
 thread_local PlatformTrace *active = nullptr;
-HRESULT duplicateFailure = 0;
+/// Counts down to the call that fails.
+thread_local int duplicatesUntilFailure = 0;
+thread_local HRESULT duplicateFailure = 0;
 
 void record(const char *function, const void *argument, size_t size = 0) {
   if (active)
@@ -29,7 +31,10 @@ Function *next(const char *name) {
 PlatformTrace::PlatformTrace() { active = this; }
 PlatformTrace::~PlatformTrace() { active = nullptr; }
 
-void failNextDuplicate(HRESULT status) { duplicateFailure = status; }
+void failNextDuplicate(HRESULT status, int after) {
+  duplicateFailure = status;
+  duplicatesUntilFailure = after;
+}
 
 std::string PlatformTrace::names() const {
   std::string names;
@@ -52,6 +57,8 @@ HRESULT WRTHSTRINGRelease(HSTRING string) {
 
 HRESULT WRTHSTRINGDuplicate(HSTRING string, HSTRING *copy) {
   static auto *forward = next<HRESULT(HSTRING, HSTRING *)>("WRTHSTRINGDuplicate");
+  if (duplicateFailure < 0 && duplicatesUntilFailure-- > 0)
+    return forward(string, copy);
   const HRESULT failure = std::exchange(duplicateFailure, 0);
   return failure < 0 ? failure : forward(string, copy);
 }

@@ -54,9 +54,24 @@ target_compile_options(zorvex_objects PRIVATE -fno-builtin-malloc
   $<$<COMPILE_LANGUAGE:OBJCXX>:-Wno-incomplete-implementation
   -Wno-objc-method-access -Wno-nonnull -Wno-objc-designated-initializers>)
 
-file(GLOB sources CONFIGURE_DEPENDS doubles/bridge/*.cpp)
-wrt_add_double(WRTBridge_zorvex SOURCES ${sources} LIBRARIES ${images}/zorvex.lib
-  EXPORTS ${CMAKE_CURRENT_SOURCE_DIR}/doubles/bridge/tests.def)
+# The activation names are the generated ones; the delegate factories are made from the list of the
+# product's imports. Loading the product fails when it imports anything else.
+set(factories ${CMAKE_CURRENT_BINARY_DIR}/Factories.cpp)
+add_custom_command(OUTPUT ${factories}
+  COMMAND ${CMAKE_COMMAND} -DEXPORTS=${WRT_BRIDGE_EXPORTS} -DRESULT=${factories}
+          -P ${CMAKE_CURRENT_SOURCE_DIR}/doubles/generated/Factories.cmake
+  DEPENDS ${WRT_BRIDGE_EXPORTS} doubles/generated/Factories.cmake VERBATIM)
+get_property(names GLOBAL PROPERTY WRT_GENERATED_PLATFORM_SOURCES)
+list(FILTER names INCLUDE REGEX "\\.names\\.cpp$")
+add_library(class_names OBJECT ${names})
+target_link_libraries(class_names PRIVATE wrt_options wrt_generated_abi)
+# Their header declares them as those who import them see them.
+target_compile_options(class_names PRIVATE -Wno-dll-attribute-on-redeclaration)
+set_target_properties(class_names PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+
+file(GLOB sources CONFIGURE_DEPENDS doubles/bridge/*.cpp doubles/generated/*.cpp)
+wrt_add_double(WRTBridge_zorvex SOURCES ${sources} ${factories} OBJECTS class_names
+  LIBRARIES ${images}/zorvex.lib EXPORTS ${CMAKE_CURRENT_SOURCE_DIR}/doubles/bridge/tests.def)
 wrt_add_double(WRTBridgeUtil_zorvex SOURCES doubles/util/StringConversion.mm PATCHED
   LIBRARIES ${images}/zorvex.lib ${images}/WRTBridge_zorvex.lib)
 wrt_add_double(CrossPortability_zorvex SOURCES doubles/log/Log.mm LIBRARIES ${images}/zorvex.lib
@@ -92,12 +107,26 @@ add_test(NAME windows.images COMMAND imagetests ${sample_image}
 
 include(${PROJECT_SOURCE_DIR}/tests/headers/HeaderTests.cmake)
 
-# The product itself, in the builds that link it.
-if(TARGET WRTObjcBridge)
-  set(product ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll)
-  add_test(NAME windows.product.rules COMMAND inspectimage check ${product}
-    WRTCreateNSStringFromHSTRING WRTCreateHSTRINGFromNSString WRTCreateNSErrorFromHRESULT
-    WRTCreateNSDataFromIBuffer WRTCreateWRTRandomAccessReferenceBridgeFromNSData
-    WRTCreateNSDataFromRandomAccessStreamReference)
-  add_test(NAME windows.product.metadata COMMAND inspectimage compare ${product} ${WRT_CATALOGUE})
-endif()
+# The product itself.
+set(product ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll)
+set(product_map ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.map)
+add_test(NAME windows.product.rules COMMAND inspectimage check ${product}
+  WRTCreateNSStringFromHSTRING WRTCreateHSTRINGFromNSString WRTCreateNSErrorFromHRESULT
+  WRTCreateNSDataFromIBuffer WRTCreateWRTRandomAccessReferenceBridgeFromNSData
+  WRTCreateNSDataFromRandomAccessStreamReference)
+add_test(NAME windows.product.metadata COMMAND inspectimage compare ${product} ${WRT_CATALOGUE})
+
+file(GLOB sources CONFIGURE_DEPENDS arm/Product*.mm)
+add_library(producttest_objects OBJECT ${sources})
+target_link_libraries(producttest_objects PRIVATE double_options wrt_generated)
+wrt_add_arm_dll(producttest FOLDER ${images} OBJECTS producttest_objects PATCHED
+  LIBRARIES ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.lib ${double_libraries} ${host_library}
+            ${WRT_ARM_SYSTEM_LIBRARIES})
+add_test(NAME windows.product.emulated
+  COMMAND runemulated runTests,activateProxy,lookAtLog
+          ${double_images} ${product} ${images}/producttest.dll)
+add_test(NAME windows.product.startup COMMAND startuptests ${product} ${product_map} ${double_images})
+add_test(NAME windows.product.size COMMAND sizereport check ${product} ${product_map} ${WRT_CATALOGUE}
+  ${CMAKE_CURRENT_SOURCE_DIR}/goldens/large-methods.txt)
+add_test(NAME windows.product.code COMMAND methodcode check ${product} ${product_map}
+  ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt)

@@ -71,9 +71,10 @@ function(wrt_add_arm_dll target)
   set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols /nologo /dll /machine:arm
     /entry:${arg_ENTRY} /nodefaultlib /subsystem:windows /base:0x10000000
     /dynamicbase /nxcompat /appcontainer /Brepro
-    # All code and data stay: members are reached through metadata that no symbol refers to. Identical
-    # functions are folded: nothing here compares the addresses of functions.
-    /opt:noref,icf
+    # All code and data stay: members are reached through metadata that no symbol refers to. Folding
+    # identical functions would change nothing: the linker compares the names of sections too, and
+    # here every function's section has its own.
+    /opt:noref
     # Import slots keep a section of their own; the constant-string pass looks for it.
     /merge:.idata=.idata /merge:.CRT=.rdata /merge:.buildid=.rdata
     ${lists} /merge:.objc_imageinfo=.rdata

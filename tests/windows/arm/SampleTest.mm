@@ -1,42 +1,17 @@
 // Calls the sample library through real messages, on ARM. Its WinRT objects live here and record
 // what reaches them.
 #include "sample/Sample.h"
-#include "doubles/Host.h"
-#include "doubles/bridge/Bridge.h"
-#include "doubles/zorvex/Runtime.h"
+#include "arm/Check.h"
 
 #include <WRTObjcBridge/WRTConversions.h>
 #include <WRTObjcBridge/WRTIInspectableBridge.h>
 #include <WRTUnknown.h>
 
-extern "C" {
-int testLogCount(void);
-int testLogLevel(void);
-HSTRING testMakeString(const char16_t *text, uint32_t length);
-const char16_t *testStringText(HSTRING handle, uint32_t *length);
-}
+using namespace wrt::test;
 
 namespace {
 
-#define CHECK(condition) testReport(#condition, (condition) ? 1 : 0)
-
-constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002);
 constexpr HRESULT kUnexpected = static_cast<HRESULT>(0x8000FFFF);
-
-bool equal(const GUID &left, const GUID &right) {
-  const auto *a = reinterpret_cast<const uint32_t *>(&left);
-  const auto *b = reinterpret_cast<const uint32_t *>(&right);
-  return a[0] == b[0] && a[1] == b[1] && a[2] == b[2] && a[3] == b[3];
-}
-
-bool hasText(HSTRING handle, const char16_t *expected) {
-  uint32_t length = 0;
-  const char16_t *text = testStringText(handle, &length);
-  for (uint32_t i = 0; i < length; ++i)
-    if (text[i] != expected[i])
-      return false;
-  return expected[length] == 0;
-}
 
 /// An object with the sample's interfaces. Its functions stand in the tables below.
 struct SampleObject {
@@ -47,7 +22,7 @@ struct SampleObject {
   bool sawText = false;
   int names = 0;
   void *handler = nullptr;
-    SampleObject *child = nullptr;
+  SampleObject *child = nullptr;
   // What a caller of the interface would release and the bridges do not.
   HSTRING text = nullptr;
   void *nameBlock = nullptr;
@@ -55,8 +30,8 @@ struct SampleObject {
 
 HRESULT queryInterface(SampleObject *self, const GUID *iid, void **result) {
   const GUID sample = WRT_SAMPLE_IID;
-  const bool known = equal(*iid, WRTIUnknownGetUUID()) || equal(*iid, self->statics) ||
-                     (equal(*iid, sample) && self->hasInterface);
+  const bool known = *iid == WRTIUnknownGetUUID() || *iid == self->statics ||
+                     (*iid == sample && self->hasInterface);
   *result = known ? self : nullptr;
   self->references += known;
   return known ? 0 : kNoInterface;
@@ -222,7 +197,7 @@ void testValues(WRTISampleBridge *bridge) {
   const WRTSamplePair pair = [bridge swapWithPair:{-1, 77} error:nil];
   CHECK(pair.first == 77 && pair.second == -1);
   const GUID expected = WRT_SAMPLE_IID;
-  CHECK(equal([bridge getIdWithError:nil], expected));
+  CHECK([bridge getIdWithError:nil] == expected);
   CHECK([bridge isEnabledWithError:nil] == true);
   CHECK([bridge spillWithA:1 b:0x200000002 c:3.0f d:4 e:5.0 f:0x600000006
                      error:nil] == 0x123456789A);

@@ -16,6 +16,9 @@ TEST_HOST void testReport(const char *name, int passed);
 TEST_HOST void testLog(const char *text);
 /// Ends the run with a message.
 [[noreturn]] TEST_HOST void testEnd(const char *message);
+/// Says that the test function that runs is to end with this message; it fails if it does not. Only
+/// the emulator has it.
+TEST_HOST void testExpectEnd(const char *message);
 }
 
 #endif

@@ -161,7 +161,13 @@ void _Block_object_dispose(const void *object, int field) {
   _Block_release(self);
 }
 @end
+// On the stack a block lives as long as its frame, whoever counts; copying is what makes it last.
 @implementation NSStackBlock
+- (instancetype)retain {
+  return self;
+}
+- (oneway void)release {
+}
 @end
 @implementation NSGlobalBlock
 @end

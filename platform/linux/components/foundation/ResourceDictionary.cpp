@@ -1,0 +1,64 @@
+#include "platform/linux/activation/ActivationRegistry.h"
+#include "platform/linux/components/collections/Map.h"
+#include "platform/linux/components/foundation/BoxedText.h"
+
+#include <abi/Windows.UI.Xaml.abi.h>
+
+namespace wrt::components {
+
+using namespace component;
+
+namespace {
+
+constexpr std::u16string_view kName = u"Windows.UI.Xaml.ResourceDictionary";
+
+/// Keys: boxed strings by their text, every other object by what it is. Strings come first.
+struct Key : Inspectable {
+  static bool equal(const ComPtr<abi::IInspectable> &left, const ComPtr<abi::IInspectable> &right) {
+    return !less(left, right) && !less(right, left);
+  }
+  static bool less(const ComPtr<abi::IInspectable> &left, const ComPtr<abi::IInspectable> &right) {
+    const auto leftText = unboxText(left.get()), rightText = unboxText(right.get());
+    if (leftText && rightText)
+      return *leftText < *rightText;
+    if (leftText || rightText)
+      return leftText.has_value();
+    return Inspectable::less(left, right);
+  }
+};
+
+/// Windows.UI.Xaml.ResourceDictionary as a plain map: there are no merged and no theme
+/// dictionaries.
+class ResourceDictionary final : public MapObject<Key, Inspectable, abi::IResourceDictionary> {
+public:
+  HRESULT WRT_ABI get_Source(abi::IUriRuntimeClass **result) override { return none(result); }
+  HRESULT WRT_ABI put_Source(abi::IUriRuntimeClass *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI
+  get_MergedDictionaries(abi::IVector__1_WRTResourceDictionary_P **result) override {
+    return none(result);
+  }
+  HRESULT WRT_ABI
+  get_ThemeDictionaries(abi::IMap__2_WRTIInspectable_P_WRTIInspectable_P **result) override {
+    return none(result);
+  }
+
+private:
+  std::u16string_view runtimeClassName() const override { return kName; }
+
+  template <class Result>
+  static HRESULT none(Result **result) {
+    if (result != nullptr)
+      *result = nullptr;
+    return status::kNotImplemented;
+  }
+};
+
+class ResourceDictionaryFactory final : public DefaultActivationFactory<ResourceDictionary> {
+  std::u16string_view runtimeClassName() const override { return kName; }
+};
+
+const activation::Registration registration(kName,
+                                            activation::makeFactory<ResourceDictionaryFactory>);
+
+} // namespace
+} // namespace wrt::components

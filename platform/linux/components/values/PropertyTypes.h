@@ -1,0 +1,75 @@
+/// The types that a property value may have, and how it is kept.
+#ifndef WRT_COMPONENTS_PROPERTY_TYPES_H
+#define WRT_COMPONENTS_PROPERTY_TYPES_H
+
+#include "platform/linux/components/generic/Types.h"
+
+#include <abi/Windows.Foundation.abi.h>
+#include <variant>
+#include <vector>
+
+namespace wrt::component {
+
+using DateTime = Struct<WRTDateTime, "Windows.Foundation.DateTime", Int64>;
+using TimeSpan = Struct<WRTTimeSpan, "Windows.Foundation.TimeSpan", Int64>;
+using Point = Struct<WRTPoint, "Windows.Foundation.Point", Single, Single>;
+using Size = Struct<WRTSize, "Windows.Foundation.Size", Single, Single>;
+using Rect = Struct<WRTRect, "Windows.Foundation.Rect", Single, Single, Single, Single>;
+
+/// One value of a property type.
+template <class T>
+struct Scalar {
+  using Type = T;
+  Stored<T> value{};
+};
+
+/// An array of values of a property type.
+template <class T>
+struct Elements {
+  using Type = T;
+  std::vector<Stored<T>> values;
+};
+
+/// A value of a type that `PropertyType` does not name; it is kept elsewhere.
+struct OtherType {};
+
+/// What a property value holds. The first alternatives stand in the order of `PropertyType` from
+/// Empty on, the arrays in the order of `PropertyType` from UInt8Array on (Windows 10 SDK
+/// 10.0.16299.0, windows.foundation.idl).
+template <class... Types>
+using PropertyVariant =
+    std::variant<std::monostate, Scalar<Types>..., OtherType, Elements<Types>...>;
+using PropertyContent =
+    PropertyVariant<UInt8, Int16, UInt16, Int32, UInt32, Int64, UInt64, Single, Double, Char16,
+                    Boolean, String, Inspectable, DateTime, TimeSpan, Guid, Point, Size, Rect>;
+
+/// The `PropertyType` of what is held.
+constexpr int32_t propertyTypeOf(const PropertyContent &content) {
+  constexpr int32_t kOtherType = 20;
+  constexpr int32_t kFirstArray = 1025;
+  const auto index = static_cast<int32_t>(content.index());
+  return index <= kOtherType ? index : kFirstArray + index - (kOtherType + 1);
+}
+
+/// Whether `T` is a type that numbers are converted to and from; characters and booleans are none.
+template <class T>
+inline constexpr bool kIsNumeric =
+    std::is_arithmetic_v<Stored<T>> && !std::is_same_v<T, Char16> && !std::is_same_v<T, Boolean>;
+
+namespace detail {
+
+template <class Held, class... Alternatives>
+constexpr bool isAmong(const std::variant<Alternatives...> *) {
+  return (std::is_same_v<Held, Alternatives> || ...);
+}
+
+} // namespace detail
+
+/// Whether a property value can hold `T`; references to other types hold it themselves.
+template <class T>
+inline constexpr bool kIsPropertyType =
+    detail::isAmong<Scalar<T>>(static_cast<const PropertyContent *>(nullptr));
+
+} // namespace wrt::component
+
+#endif

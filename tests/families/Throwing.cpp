@@ -1,0 +1,22 @@
+#include "tests/families/Throwing.h"
+
+#include "platform/linux/components/async/AsyncOperation.h"
+
+#include <new>
+#include <stdexcept>
+
+namespace wrt::test {
+
+using namespace component;
+
+IAsyncOperation<UInt32> *startThrowing(bool outOfMemory) {
+  IAsyncOperation<UInt32> *operation = nullptr;
+  startAsync<UInt32>(&operation, [outOfMemory](const Work<> &, uint32_t &) -> HRESULT {
+    if (outOfMemory)
+      throw std::bad_alloc();
+    throw std::runtime_error("no");
+  });
+  return operation;
+}
+
+} // namespace wrt::test

@@ -1,0 +1,240 @@
+// Maps, and the key-value pairs that iterating them yields.
+
+#include "tests/families/Families.h"
+
+#include "platform/linux/components/collections/ObservableMap.h"
+#include "platform/linux/components/collections/Vector.h"
+
+#import <WRTObjcBridge/IMap.h>
+#import <WRTObjcBridge/IMapView.h>
+#import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/WRTIInspectableBridge.h>
+#include <WRTBridge.h>
+#include <abi/IMap.abi.h>
+
+namespace wrt::test {
+
+namespace {
+
+using namespace component;
+
+using Lists = id<WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge>;
+using Objects = id<WRTIMap__2_WRTIInspectable_P_WRTIInspectable_P_Bridge>;
+using ListType = Ref<IVector<String>>;
+
+Lists newLists() {
+  abi::IMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P *map = nullptr;
+  makeMap<String, ListType>(&map);
+  return static_cast<Lists>(
+      [WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge bridgeTransfer:map]);
+}
+
+Objects newObjects() {
+  abi::IMap__2_WRTIInspectable_P_WRTIInspectable_P *map = nullptr;
+  makeMap<Inspectable, Inspectable>(&map);
+  return static_cast<Objects>(
+      [WRTIMap__2_WRTIInspectable_P_WRTIInspectable_P_Bridge bridgeTransfer:map]);
+}
+
+id<WRTIVector__1_WRTHSTRING_Bridge> newList() {
+  return [WRTIVector__1_WRTHSTRING_Bridge
+      bridgeTransfer:make<Vector<String>>().detach()->identity()];
+}
+
+id<WRTIInspectableBridge> newObject() {
+  return [WRTIInspectableBridge
+      bridgeTransfer:make<StandIn<abi::IInspectable>>().detach()->identity()];
+}
+
+void lists() {
+  Lists map = newLists();
+  id<WRTIVector__1_WRTHSTRING_Bridge> one = newList();
+  id<WRTIVector__1_WRTHSTRING_Bridge> two = newList();
+  NSError *error = staleErrorOfCaller();
+  bool replaced = true;
+  [map insertWithKey:@"key" value:one replaced:&replaced error:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_FALSE(replaced);
+  [map insertWithKey:@"key" value:two replaced:&replaced error:&error];
+  EXPECT_TRUE(replaced);
+  [map insertWithKey:@"other" value:one replaced:&replaced error:&error];
+  EXPECT_FALSE(replaced);
+  EXPECT_EQ(2u, [map getSizeWithError:&error]);
+  id<WRTIVector__1_WRTHSTRING_Bridge> found = [map lookupWithKey:@"key" error:&error];
+  EXPECT_EQ([WRTIVector__1_WRTHSTRING_Bridge class], [static_cast<id>(found) class]);
+  EXPECT_EQ([static_cast<id>(two) inner], [static_cast<id>(found) inner]);
+  EXPECT_TRUE([map hasKeyWithKey:@"other" error:&error]);
+  EXPECT_FALSE([map hasKeyWithKey:@"Key" error:&error]);
+  EXPECT_EQ([WRTIMapView__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge class],
+            [static_cast<id>([map getViewWithError:&error]) class]);
+  [map removeWithKey:@"key" error:&error];
+  EXPECT_FALSE([map hasKeyWithKey:@"key" error:&error]);
+  [map clearWithError:&error];
+  EXPECT_EQ(0u, [map getSizeWithError:&error]);
+  EXPECT_EQ(nil, error);
+}
+
+void absentKey() {
+  Lists map = newLists();
+  NSError *error = nil;
+  EXPECT_EQ(nil, [map lookupWithKey:@"absent" error:&error]);
+  EXPECT_EQ(status::kBounds, [error code]);
+  error = nil;
+  [map removeWithKey:@"absent" error:&error];
+  EXPECT_EQ(status::kBounds, [error code]);
+}
+
+// Nil is the empty string, and costs no clean-up.
+void nilKey() {
+  Lists map = newLists();
+  bool replaced = true;
+  {
+    PlatformTrace trace;
+    [map insertWithKey:nil value:nil replaced:&replaced error:nullptr];
+    EXPECT_EQ("WRTIUnknownRelease", trace.calls().back().function);
+    EXPECT_EQ(std::string::npos, trace.names().find("WRTIUnknownRelease "))
+        << "one release: that of the interface";
+  }
+  NSError *error = staleErrorOfCaller();
+  EXPECT_TRUE([map hasKeyWithKey:@"" error:&error]);
+  clearLog();
+  EXPECT_EQ(nil, [map lookupWithKey:nil error:&error]) << "a null value";
+  EXPECT_EQ(nil, error);
+  EXPECT_TRUE(logRecords().empty());
+}
+
+void objectKeys() {
+  Objects map = newObjects();
+  id<WRTIInspectableBridge> key = newObject();
+  id<WRTIInspectableBridge> value = newObject();
+  NSError *error = nil;
+  bool replaced = true;
+  [map insertWithKey:key value:value replaced:&replaced error:&error];
+  EXPECT_FALSE(replaced);
+  id<WRTIInspectableBridge> found = [map lookupWithKey:key error:&error];
+  EXPECT_EQ([static_cast<id>(value) inner], [static_cast<id>(found) inner]);
+  EXPECT_FALSE([map hasKeyWithKey:value error:&error]);
+  [map insertWithKey:nil value:key replaced:&replaced error:&error];
+  EXPECT_FALSE(replaced);
+  [map insertWithKey:[WRTIInspectableBridge cast:static_cast<id>(key)]
+               value:nil
+            replaced:&replaced
+               error:&error];
+  EXPECT_TRUE(replaced) << "the same object behind another bridge";
+  EXPECT_EQ(nil, [map lookupWithKey:key error:&error]);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(2u, [map getSizeWithError:&error]);
+}
+
+// The key is converted first and released although the value cannot be.
+void objectLacksInterface() {
+  Objects map = newObjects();
+  id stranger = strangerOf([WRTIInspectableBridge class]);
+  id<WRTIInspectableBridge> object = newObject();
+  for (bool badKey : {true, false}) {
+    NSError *error = nil;
+    bool replaced = true;
+    PlatformTrace trace;
+    [map insertWithKey:badKey ? stranger : object
+                 value:badKey ? object : stranger
+              replaced:&replaced
+                 error:&error];
+    EXPECT_EQ(kNoInterface, [error code]);
+    EXPECT_TRUE(replaced) << "the call is not made";
+    EXPECT_EQ(badKey ? "WRTIUnknownRelease" : "WRTIUnknownRelease WRTIUnknownRelease",
+              trace.names());
+  }
+  EXPECT_EQ(0u, [map getSizeWithError:nullptr]);
+}
+
+void interfaceMissing() {
+  Lists map = strangerOf([WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge class]);
+  NSError *const stale = staleErrorOfCaller();
+  NSError *error = stale;
+  EXPECT_EQ(nil, [map lookupWithKey:@"x" error:&error]);
+  EXPECT_FALSE([map hasKeyWithKey:@"x" error:&error]);
+  EXPECT_EQ(0u, [map getSizeWithError:&error]);
+  EXPECT_EQ(nil, [map getViewWithError:&error]);
+  [map removeWithKey:@"x" error:&error];
+  EXPECT_EQ(stale, error);
+}
+
+using Pair = IKeyValuePair<String, Int32>;
+
+int32_t valueOf(const ComPtr<Pair> &pair) {
+  int32_t value = 0;
+  EXPECT_EQ(status::kOk, pair->get_Value(&value));
+  return value;
+}
+
+std::u16string keyOf(const ComPtr<Pair> &pair) {
+  StringHolder key;
+  EXPECT_EQ(status::kOk, pair->get_Key(key.put()));
+  return std::u16string(key.view());
+}
+
+// The library has no members for these: a component sees keys in order, and that the map changed.
+void iteration() {
+  const auto map = make<Map<String, Int32>>(
+      Entries<String, Int32>{{StringHolder(u"b"), 2}, {StringHolder(u"a"), 1}, {{}, 0}});
+  ComPtr<IIterator<PairOf<String, Int32>>> iterator;
+  ASSERT_EQ(status::kOk, map->First(iterator.put()));
+  std::u16string keys;
+  int32_t values = 0;
+  for (uint8_t more = 1; more; iterator->MoveNext(&more)) {
+    ComPtr<Pair> pair;
+    ASSERT_EQ(status::kOk, iterator->get_Current(pair.put()));
+    keys += keyOf(pair) + u";";
+    values = 10 * values + valueOf(pair);
+  }
+  EXPECT_EQ(u";a;b;", keys);
+  EXPECT_EQ(12, values);
+
+  ComPtr<IIterator<PairOf<String, Int32>>> again;
+  map->First(again.put());
+  Pair *pairs[5] = {};
+  uint32_t actual = 0;
+  EXPECT_EQ(status::kOk, again->GetMany(5, pairs, &actual));
+  ASSERT_EQ(3u, actual);
+  EXPECT_EQ(2, valueOf(ComPtr<Pair>::adopt(pairs[2])));
+  pairs[0]->Release();
+  pairs[1]->Release();
+  map->Remove(StringHolder(u"a").get());
+  uint8_t has = 1;
+  EXPECT_EQ(status::kChangedState, again->get_HasCurrent(&has));
+}
+
+void split() {
+  const auto map = make<Map<Int32, Int32>>(Entries<Int32, Int32>{{1, 10}, {2, 20}, {3, 30}});
+  ComPtr<IMapView<Int32, Int32>> view;
+  ASSERT_EQ(status::kOk, map->GetView(view.put()));
+  map->Clear();
+  ComPtr<IMapView<Int32, Int32>> low;
+  ComPtr<IMapView<Int32, Int32>> high;
+  ASSERT_EQ(status::kOk, view->Split(low.put(), high.put()));
+  uint32_t size = 0;
+  int32_t value = 0;
+  EXPECT_EQ(status::kOk, low->Lookup(1, &value));
+  EXPECT_EQ(10, value);
+  EXPECT_EQ(status::kBounds, low->Lookup(3, &value));
+  high->get_Size(&size);
+  EXPECT_EQ(2u, size);
+  ComPtr<IMapView<Int32, Int32>> none;
+  EXPECT_EQ(status::kOk, low->Split(none.put(), high.put()));
+  EXPECT_FALSE(none || high) << "one entry is not split";
+}
+
+const Cell cells[] = {
+    {"map.strings.all.normal", lists},
+    {"map.strings.key.absent", absentKey},
+    {"map.strings.key.nil", nilKey},
+    {"map.strings.any.interface_missing", interfaceMissing},
+    {"map.objects.all.normal", objectKeys},
+    {"map.objects.key_and_value.interface_missing", objectLacksInterface},
+    {"map.iterator.pairs.normal", iteration},
+    {"map.view.split.normal", split},
+};
+
+} // namespace
+
+} // namespace wrt::test

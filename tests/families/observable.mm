@@ -1,0 +1,270 @@
+// Collections that tell about their changes.
+
+#include "tests/families/Families.h"
+
+#include "platform/linux/components/collections/ObservableMap.h"
+#include "platform/linux/components/collections/ObservableVector.h"
+
+#import <WRTObjcBridge/IObservableVector.h>
+#import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/Windows.Foundation.Collections.h>
+#import <WRTObjcBridge/Windows.Storage.h>
+#include <WRTBridge.h>
+#include <abi/IObservableVector.abi.h>
+#include <abi/Windows.Storage.abi.h>
+
+#include <thread>
+
+namespace wrt::test {
+
+namespace {
+
+using namespace component;
+
+using Folder = ClassRef<abi::IStorageFolder, "Windows.Storage.StorageFolder">;
+using Folders = id<WRTIVector__1_WRTStorageFolder_P_Bridge>;
+using ObservableFolders = id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge>;
+
+ObservableFolders newFolders() {
+  abi::IObservableVector__1_WRTStorageFolder_P *vector = nullptr;
+  makeObservableVector<Folder>(&vector);
+  return static_cast<ObservableFolders>(
+      [WRTIObservableVector__1_WRTStorageFolder_P_Bridge bridgeTransfer:vector]);
+}
+
+/// The same object as the vector that changes it.
+Folders vectorOf(ObservableFolders folders) {
+  return static_cast<Folders>([WRTIVector__1_WRTStorageFolder_P_Bridge cast:static_cast<id>(folders)]);
+}
+
+// Sender and arguments; the arguments answer their accessor.
+void handler() {
+  ObservableFolders folders = newFolders();
+  __block int calls = 0;
+  NSError *error = staleErrorOfCaller();
+  const WRTEventRegistrationToken token =
+      [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders sender,
+                                                    id<WRTIVectorChangedEventArgsBridge> event) {
+        EXPECT_EQ([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class],
+                  [static_cast<id>(sender) class]);
+        EXPECT_EQ([static_cast<id>(folders) inner], [static_cast<id>(sender) inner]);
+        EXPECT_EQ([WRTIVectorChangedEventArgsBridge class], [static_cast<id>(event) class]);
+        NSError *missing = nil;
+        void *interface = [event _WRTIVectorChangedEventArgsWithError:&missing];
+        EXPECT_EQ(nil, missing);
+        auto change = ComPtr<IVectorChangedEventArgs>::adopt(
+            static_cast<IVectorChangedEventArgs *>(interface));
+        int32_t kind = 0;
+        uint32_t index = 99;
+        EXPECT_EQ(status::kOk, change->get_CollectionChange(&kind));
+        EXPECT_EQ(status::kOk, change->get_Index(&index));
+        EXPECT_EQ(kItemInserted, kind);
+        EXPECT_EQ(0u, index);
+        ++calls;
+        return 0;
+      }
+                                     error:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_GT(token.value, 0xFFFFFFFFll) << "beyond 32 bits";
+  [vectorOf(folders) appendWithItem:nil error:nullptr];
+  EXPECT_EQ(1, calls);
+  [folders removeVectorChangedWithToken:token error:&error];
+  [folders removeVectorChangedWithToken:token error:&error];
+  EXPECT_EQ(nil, error) << "twice is no failure";
+  [vectorOf(folders) appendWithItem:nil error:nullptr];
+  EXPECT_EQ(1, calls);
+}
+
+/// Every change of a vector, as in `1@0`: kind and index.
+void everyChange() {
+  auto vector = make<ObservableVector<Folder>>();
+  ObservableFolders folders = static_cast<ObservableFolders>(
+      [WRTIObservableVector__1_WRTStorageFolder_P_Bridge bridge:vector->identity()]);
+  std::string changes;
+  std::string *const seen = &changes;
+  const WRTEventRegistrationToken token =
+      [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                                    id<WRTIVectorChangedEventArgsBridge> event) {
+        auto change = ComPtr<IVectorChangedEventArgs>::adopt(
+            reinterpret_cast<IVectorChangedEventArgs *>(
+                [event _WRTIVectorChangedEventArgsWithError:nullptr]));
+        int32_t kind = 0;
+        uint32_t index = 0;
+        change->get_CollectionChange(&kind);
+        change->get_Index(&index);
+        *seen += std::to_string(kind) + "@" + std::to_string(index) + " ";
+        return 0;
+      }
+                                     error:nullptr];
+  Folders changed = vectorOf(folders);
+  [changed appendWithItem:nil error:nullptr];
+  [changed appendWithItem:nil error:nullptr];
+  [changed insertAtWithIndex:1 item:nil error:nullptr];
+  [changed setAtWithIndex:2 item:nil error:nullptr];
+  [changed removeAtWithIndex:0 error:nullptr];
+  [changed removeAtEndWithError:nullptr];
+  [changed removeAtWithIndex:9 error:nullptr];
+  [changed replaceAllWithValues:@[] error:nullptr];
+  [changed clearWithError:nullptr];
+  EXPECT_EQ("1@0 1@1 1@1 3@2 2@0 2@1 0@0 0@0 ", changes) << "a refused change is none";
+  [folders removeVectorChangedWithToken:token error:nullptr];
+}
+
+// A handler may end its own subscription, fail, and change the vector again.
+void handlerActs() {
+  ObservableFolders folders = newFolders();
+  __block int calls = 0;
+  __block WRTEventRegistrationToken token = {};
+  token = [folders
+      addVectorChangedWithHandler:^HRESULT(ObservableFolders sender,
+                                           id<WRTIVectorChangedEventArgsBridge>) {
+        ++calls;
+        [sender removeVectorChangedWithToken:token error:nullptr];
+        [vectorOf(sender) clearWithError:nullptr];
+        return status::kFail;
+      }
+                            error:nullptr];
+  NSError *error = nil;
+  [vectorOf(folders) appendWithItem:nil error:&error];
+  EXPECT_EQ(nil, error) << "what a handler answers is no failure of the change";
+  EXPECT_EQ(1, calls);
+  EXPECT_EQ(0u, [vectorOf(folders) getSizeWithError:nullptr]);
+}
+
+// Subscriptions that nobody ends go with the vector.
+void hundredHandlers() {
+  ObservableFolders folders = newFolders();
+  __block int calls = 0;
+  for (int i = 0; i < 100; ++i) {
+    [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                                  id<WRTIVectorChangedEventArgsBridge>) {
+      EXPECT_EQ(i, calls % 100) << "in the order of subscription";
+      ++calls;
+      return i == 17 ? status::kFail : status::kOk;
+    }
+                                   error:nullptr];
+  }
+  [vectorOf(folders) appendWithItem:nil error:nullptr];
+  [vectorOf(folders) clearWithError:nullptr];
+  EXPECT_EQ(200, calls);
+}
+
+void interfaceMissing() {
+  ObservableFolders folders =
+      strangerOf([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class]);
+  NSError *const stale = staleErrorOfCaller();
+  NSError *error = stale;
+  const WRTEventRegistrationToken token =
+      [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                                    id<WRTIVectorChangedEventArgsBridge>) {
+        return 0;
+      }
+                                     error:&error];
+  [folders removeVectorChangedWithToken:token error:&error];
+  EXPECT_EQ(stale, error);
+}
+
+void threads() {
+  auto vector = make<ObservableVector<Folder>>();
+  std::atomic<int> calls = 0;
+  std::atomic<int> *const counter = &calls;
+  std::vector<std::thread> running;
+  for (int thread = 0; thread < 4; ++thread) {
+    running.emplace_back([raw = vector->identity(), counter] {
+      for (int i = 0; i < 50; ++i) {
+        @autoreleasepool {
+          ObservableFolders folders = static_cast<ObservableFolders>(
+              [WRTIObservableVector__1_WRTStorageFolder_P_Bridge bridge:raw]);
+          const std::thread::id self = std::this_thread::get_id();
+          const WRTEventRegistrationToken token = [folders
+              addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                                   id<WRTIVectorChangedEventArgsBridge>) {
+                *counter += self == std::this_thread::get_id() ? 1 : 0;
+                return 0;
+              }
+                                    error:nullptr];
+          [vectorOf(folders) appendWithItem:nil error:nullptr];
+          [folders removeVectorChangedWithToken:token error:nullptr];
+        }
+      }
+    });
+  }
+  for (std::thread &thread : running)
+    thread.join();
+  EXPECT_EQ(200, calls) << "each handler heard of its own thread's change";
+}
+
+/// A handler in C++, as another component would have it.
+class MapHandler final : public MapChangedEventHandler<String, Int32> {
+public:
+  std::u16string seen;
+
+  HRESULT WRT_ABI QueryInterface(const GUID *, void **) override { return kNoInterface; }
+  uint32_t WRT_ABI AddRef() override { return 2; }
+  uint32_t WRT_ABI Release() override { return 1; }
+  HRESULT WRT_ABI Invoke(IObservableMap<String, Int32> *,
+                         IMapChangedEventArgs<String> *event) override {
+    int32_t kind = 0;
+    StringHolder key;
+    event->get_CollectionChange(&kind);
+    event->get_Key(key.put());
+    seen += static_cast<char16_t>(u'0' + kind);
+    seen += key.view();
+    seen += u' ';
+    return status::kOk;
+  }
+};
+
+// Observable maps have no members in the library; a component hears of every change.
+void maps() {
+  const auto map = make<ObservableMap<String, Int32>>();
+  MapHandler handler;
+  WRTEventRegistrationToken token{};
+  EXPECT_EQ(status::kOk, map->add_MapChanged(&handler, &token));
+  uint8_t replaced = 0;
+  const StringHolder key(u"key");
+  map->Insert(key.get(), 1, &replaced);
+  map->Insert(key.get(), 2, &replaced);
+  EXPECT_EQ(status::kBounds, map->Remove(nullptr));
+  map->Remove(key.get());
+  map->Clear();
+  EXPECT_EQ(u"1key 3key 2key 0 ", handler.seen);
+  EXPECT_EQ(status::kOk, map->remove_MapChanged(token));
+  map->Clear();
+  EXPECT_EQ(u"1key 3key 2key 0 ", handler.seen);
+}
+
+// The property sets can be activated by name.
+void propertySets() {
+  for (const char16_t *name :
+       {u"Windows.Foundation.Collections.PropertySet", u"Windows.Foundation.Collections.ValueSet"}) {
+    id set = [WRTValueSetBridge bridgeTransfer:WRTActivateInstance(name)];
+    NSError *error = nil;
+    auto map = ComPtr<IMap<String, Inspectable>>::adopt(
+        reinterpret_cast<IMap<String, Inspectable> *>(
+            [set _WRTIMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]));
+    ASSERT_EQ(nil, error);
+    uint8_t replaced = 1;
+    EXPECT_EQ(status::kOk, map->Insert(nullptr, map.get(), &replaced));
+    map->Clear();
+    WRTIUnknownRelease(
+        [set _WRTIObservableMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]);
+    WRTIUnknownRelease([set _WRTIPropertySetWithError:&error]);
+    EXPECT_EQ(nil, error);
+  }
+}
+
+const Cell cells[] = {
+    {"observable.vector.handler.normal", handler},
+    {"observable.vector.every_change.normal", everyChange},
+    {"observable.vector.handler.acts", handlerActs},
+    {"observable.vector.handler.hundred", hundredHandlers},
+    {"observable.vector.any.interface_missing", interfaceMissing},
+    {"observable.vector.any.other_threads", threads},
+    {"observable.map.every_change.normal", maps},
+    {"observable.map.activated.normal", propertySets},
+};
+
+} // namespace
+
+} // namespace wrt::test

@@ -1,0 +1,454 @@
+// Vectors, views and iterators.
+
+#include "tests/families/Families.h"
+
+#include "platform/linux/components/collections/Vector.h"
+
+#import <WRTObjcBridge/IIterable.h>
+#import <WRTObjcBridge/IIterator.h>
+#import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/IVectorView.h>
+#import <WRTObjcBridge/Windows.Media.Devices.h>
+#import <WRTObjcBridge/Windows.Storage.h>
+#import <WRTObjcBridge/Windows.UI.Popups.h>
+#include <WRTBridge.h>
+#include <abi/IVector.abi.h>
+#include <abi/IVectorView.abi.h>
+#include <abi/Windows.Media.Devices.abi.h>
+#include <abi/Windows.Storage.abi.h>
+#include <abi/Windows.UI.Popups.abi.h>
+
+#include <array>
+#include <thread>
+
+/// An array that counts one thing each time it is asked for its count.
+@interface ChangingArray : NSArray {
+@public
+  std::vector<NSUInteger> counts;
+  id element;
+  NSUInteger asked;
+}
+@end
+
+@implementation ChangingArray
+- (NSUInteger)count {
+  return counts[std::min<NSUInteger>(asked++, counts.size() - 1)];
+}
+- (id)objectAtIndex:(NSUInteger)index {
+  return element;
+}
+- (id)objectAtIndexedSubscript:(NSUInteger)index {
+  return element;
+}
+@end
+
+namespace wrt::test {
+
+namespace {
+
+using namespace component;
+
+using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
+using Commands = id<WRTIVector__1_WRTIUICommand_P_Bridge>;
+using Region = ClassRef<abi::IRegionOfInterest, "Windows.Media.Devices.RegionOfInterest">;
+using FocusMode = Enum<"Windows.Media.Devices.FocusMode">;
+
+Strings newStrings(std::initializer_list<std::u16string_view> texts = {}) {
+  abi::IVector__1_WRTHSTRING *vector = nullptr;
+  makeVector<String>(&vector, Items<String>(texts.begin(), texts.end()));
+  return static_cast<Strings>([WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:vector]);
+}
+
+Commands newCommands() {
+  abi::IVector__1_WRTIUICommand_P *vector = nullptr;
+  makeVector<Ref<abi::IUICommand>>(&vector);
+  return static_cast<Commands>([WRTIVector__1_WRTIUICommand_P_Bridge bridgeTransfer:vector]);
+}
+
+id<WRTIUICommandBridge> newCommand() {
+  return [WRTIUICommandBridge
+      bridgeTransfer:make<StandIn<abi::IUICommand>>().detach()->identity()];
+}
+
+/// The elements, joined by spaces; each is a string that the bulk read leaves behind.
+std::string contents(Strings strings) {
+  NSArray *all = [strings getManyWithStartIndex:0 capacity:100 error:nullptr];
+  return [[all componentsJoinedByString:@" "] UTF8String];
+}
+
+void strings() {
+  expectLeftover({.strings = 3, .extraHandles = 3}); // strings that are read are not released
+  Strings vector = newStrings();
+  NSError *error = staleErrorOfCaller();
+  [vector appendWithItem:@"b" error:&error];
+  EXPECT_EQ(nil, error);
+  [vector insertAtWithIndex:0 item:@"a" error:&error];
+  [vector insertAtWithIndex:2 item:@"d" error:&error];
+  [vector setAtWithIndex:2 item:@"c😀" error:&error];
+  [vector appendWithItem:nil error:&error];
+  EXPECT_EQ("a b c😀 ", contents(vector));
+  EXPECT_EQ(4u, [vector getSizeWithError:&error]);
+  EXPECT_TRUE([[vector getAtWithIndex:2 error:&error] isEqual:@"c😀"]);
+  unsigned int index = 99;
+  EXPECT_TRUE([vector indexOfWithValue:@"b" index:&index error:&error]);
+  EXPECT_EQ(1u, index);
+  EXPECT_FALSE([vector indexOfWithValue:@"x" index:&index error:&error]);
+  EXPECT_EQ(nil, error) << "an absent value is no failure";
+  [vector removeAtWithIndex:0 error:&error];
+  [vector removeAtEndWithError:&error];
+  EXPECT_EQ("b c😀", contents(vector));
+  [vector clearWithError:&error];
+  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
+  EXPECT_EQ(nil, error);
+}
+
+void outOfRange() {
+  Strings vector = newStrings({u"only"});
+  NSError *error = nil;
+  const auto refused = [&] {
+    const HRESULT code = static_cast<HRESULT>([error code]);
+    error = nil;
+    return code == status::kBounds;
+  };
+  EXPECT_EQ(nil, [vector getAtWithIndex:1 error:&error]);
+  EXPECT_TRUE(refused());
+  EXPECT_EQ(nil, [vector getAtWithIndex:0xFFFFFFFF error:&error]);
+  EXPECT_TRUE(refused());
+  [vector setAtWithIndex:1 item:@"x" error:&error];
+  EXPECT_TRUE(refused());
+  [vector insertAtWithIndex:2 item:@"x" error:&error];
+  EXPECT_TRUE(refused());
+  [vector removeAtWithIndex:1 error:&error];
+  EXPECT_TRUE(refused());
+  EXPECT_EQ(1u, [vector getSizeWithError:&error]);
+  [vector removeAtEndWithError:&error];
+  EXPECT_FALSE(refused());
+  [vector removeAtEndWithError:&error];
+  EXPECT_TRUE(refused());
+}
+
+void bulkRead() {
+  expectLeftover({.strings = 3}); // strings that are read are not released
+  Strings vector = newStrings({u"a", u"b", u"c"});
+  NSError *error = staleErrorOfCaller();
+  NSArray *part = [vector getManyWithStartIndex:1 capacity:17 error:&error];
+  EXPECT_TRUE([part isEqual:(@[ @"b", @"c" ])]) << "across the end";
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(1u, [[vector getManyWithStartIndex:0 capacity:1 error:&error] count]);
+  for (unsigned int start : {0u, 3u}) {
+    NSArray *nothing = [vector getManyWithStartIndex:start capacity:start == 0 ? 0 : 5 error:&error];
+    EXPECT_NE(nil, nothing);
+    EXPECT_EQ(0u, [nothing count]);
+    EXPECT_EQ(nil, error);
+  }
+  PlatformTrace trace;
+  EXPECT_EQ(nil, [vector getManyWithStartIndex:4 capacity:2 error:&error]);
+  EXPECT_EQ(status::kBounds, [error code]);
+  EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", trace.names());
+}
+
+// A failure half-way takes back what was given out already.
+void bulkReadFailing() {
+  Strings vector = newStrings({u"a", u"b", u"c"});
+  NSError *error = nil;
+  failNextDuplicate(status::kOutOfMemory, 2);
+  EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
+  EXPECT_EQ(status::kOutOfMemory, [error code]);
+}
+
+void bulkReplace() {
+  Strings vector = newStrings({u"old"});
+  NSMutableArray *fresh = [NSMutableArray array];
+  for (int i = 0; i < 17; ++i)
+    [fresh addObject:[NSString stringWithFormat:@"%d", i]];
+  NSError *error = staleErrorOfCaller();
+  [vector replaceAllWithValues:fresh error:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(17u, [vector getSizeWithError:&error]);
+  {
+    PlatformTrace trace;
+    [vector replaceAllWithValues:@[ @"x", @"y" ] error:&error];
+    // Those that stand before the clean-ups are the vector's own, dropping what it had.
+    const std::string names = trace.names();
+    const std::string cleanups =
+        "WRTHSTRINGRelease WRTHSTRINGRelease WRTTaskMemFree WRTIUnknownRelease";
+    EXPECT_EQ(0u, names.find("WRTTaskMemAlloc "));
+    EXPECT_EQ(names.size() - cleanups.size(), names.rfind(cleanups));
+    const auto &calls = trace.calls();
+    EXPECT_EQ(calls.front().argument, calls[calls.size() - 2].argument);
+  }
+  [vector replaceAllWithValues:@[] error:&error];
+  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
+  [vector appendWithItem:@"x" error:&error];
+  [vector replaceAllWithValues:nil error:&error];
+  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
+  EXPECT_EQ(nil, error);
+}
+
+void bulkReplaceFailing() {
+  Strings vector = newStrings({u"old"});
+  NSError *error = nil;
+  failNextDuplicate(status::kOutOfMemory, 1);
+  [vector replaceAllWithValues:@[ @"a", @"b", @"c" ] error:&error];
+  EXPECT_EQ(status::kOutOfMemory, [error code]);
+  EXPECT_EQ(1u, [vector getSizeWithError:nullptr]) << "the vector is as it was";
+}
+
+void objects() {
+  Commands vector = newCommands();
+  id<WRTIUICommandBridge> first = newCommand();
+  id<WRTIUICommandBridge> second = newCommand();
+  NSError *error = nil;
+  [vector replaceAllWithValues:@[ first, second, first ] error:&error];
+  id<WRTIUICommandBridge> element = [vector getAtWithIndex:1 error:&error];
+  EXPECT_EQ([WRTIUICommandBridge class], [static_cast<id>(element) class]);
+  EXPECT_EQ([static_cast<id>(second) inner], [static_cast<id>(element) inner]);
+  unsigned int index = 0;
+  EXPECT_TRUE([vector indexOfWithValue:second index:&index error:&error]);
+  EXPECT_EQ(1u, index);
+  EXPECT_FALSE([vector indexOfWithValue:newCommand() index:&index error:&error]);
+  EXPECT_EQ(3u, [[vector getManyWithStartIndex:0 capacity:5 error:&error] count]);
+  clearLog();
+  [vector setAtWithIndex:0 item:nil error:&error];
+  EXPECT_EQ(nil, [vector getAtWithIndex:0 error:&error]);
+  EXPECT_EQ(nil, error);
+  EXPECT_TRUE(logRecords().empty()) << "a null interface is not reported";
+}
+
+void objectsFailingElement() {
+  Commands vector = newCommands();
+  id stranger = strangerOf([WRTIUICommandBridge class]);
+  id<WRTIUICommandBridge> command = newCommand();
+  [vector appendWithItem:command error:nullptr];
+  NSError *error = nil;
+  [vector replaceAllWithValues:@[ command, command, stranger, command ] error:&error];
+  EXPECT_EQ(kNoInterface, [error code]);
+  error = nil;
+  [vector appendWithItem:stranger error:&error];
+  EXPECT_EQ(kNoInterface, [error code]);
+  error = nil;
+  [vector setAtWithIndex:0 item:stranger error:&error];
+  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_EQ(1u, [vector getSizeWithError:&error]);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ([static_cast<id>(command) inner],
+            [static_cast<id>([vector getAtWithIndex:0 error:&error]) inner]);
+}
+
+// Counts: what is passed on, what is allocated, then before each element. Neither side touches
+// more than there is.
+void changingArrays() {
+  for (const std::vector<NSUInteger> &counts :
+       {std::vector<NSUInteger>{2, 2, 3, 3, 3, 3}, {3, 3, 3, 1, 1}, {3, 2, 2, 2, 2}, {2, 3, 3, 3, 3},
+        {0, 0, 2, 2, 2}}) {
+    ChangingArray *array = [[[ChangingArray alloc] init] autorelease];
+    array->counts = counts;
+    array->element = @"element";
+    Strings vector = newStrings();
+    NSError *error = nil;
+    [vector replaceAllWithValues:array error:&error];
+    EXPECT_EQ(nil, error);
+    EXPECT_EQ(counts[0], [vector getSizeWithError:nullptr]);
+
+    array->element = newCommand();
+    array->asked = 0;
+    Commands commands = newCommands();
+    [commands replaceAllWithValues:array error:&error];
+    EXPECT_EQ(nil, error);
+    EXPECT_EQ(counts[0], [commands getSizeWithError:nullptr]);
+  }
+}
+
+// A view is of the moment when it was taken, and is the class of its own instantiation.
+void view() {
+  expectLeftover({.strings = 2}); // strings that are read are not released
+  Strings vector = newStrings({u"a", u"b"});
+  NSError *error = staleErrorOfCaller();
+  id<WRTIVectorView__1_WRTHSTRING_Bridge> view = [vector getViewWithError:&error];
+  EXPECT_EQ([WRTIVectorView__1_WRTHSTRING_Bridge class], [static_cast<id>(view) class]);
+  [vector clearWithError:&error];
+  EXPECT_EQ(2u, [view getSizeWithError:&error]);
+  unsigned int index = 0;
+  EXPECT_TRUE([view indexOfWithItem:@"b" index:&index error:&error]);
+  EXPECT_EQ(1u, index);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(nil, [view getAtWithIndex:2 error:&error]);
+  EXPECT_EQ(status::kBounds, [error code]);
+  NSArray *all = [view getManyWithStartIndex:0 capacity:9 error:&error];
+  EXPECT_TRUE([all isEqual:(@[ @"a", @"b" ])]);
+}
+
+// Numbers go straight into the caller's buffer.
+void scalarView() {
+  abi::IVectorView__1_WRTFocusMode *raw = nullptr;
+  makeVectorView<FocusMode>(&raw, {3, -1, 2});
+  id<WRTIVectorView__1_WRTFocusMode_Bridge> view =
+      [WRTIVectorView__1_WRTFocusMode_Bridge bridgeTransfer:raw];
+  std::array<int, 5> items;
+  items.fill(0x0CCC);
+  unsigned int actual = 99;
+  NSError *error = staleErrorOfCaller();
+  {
+    PlatformTrace trace;
+    [view getManyWithStartIndex:1 capacity:4 items:items.data() actual:&actual error:&error];
+    EXPECT_EQ("WRTIUnknownRelease", trace.names());
+  }
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(2u, actual);
+  EXPECT_EQ((std::array<int, 5>{-1, 2, 0x0CCC, 0x0CCC, 0x0CCC}), items);
+  [view getManyWithStartIndex:0 capacity:0 items:nullptr actual:&actual error:&error];
+  EXPECT_EQ(0u, actual);
+  EXPECT_EQ(nil, error);
+  [view getManyWithStartIndex:4 capacity:1 items:items.data() actual:&actual error:&error];
+  EXPECT_EQ(status::kBounds, [error code]);
+  EXPECT_EQ(-1, [view getAtWithIndex:1 error:&error]);
+  unsigned int index = 0;
+  EXPECT_TRUE([view indexOfWithItem:2 index:&index error:&error]);
+  EXPECT_EQ(2u, index);
+}
+
+void iteration() {
+  auto vector = make<Vector<Region>>();
+  id<WRTIIterable__1_WRTRegionOfInterest_P_Bridge> iterable =
+      [WRTIIterable__1_WRTRegionOfInterest_P_Bridge bridge:vector->identity()];
+  std::vector<ComPtr<StandIn<abi::IRegionOfInterest>>> regions;
+  for (int i = 0; i < 20; ++i) {
+    regions.push_back(make<StandIn<abi::IRegionOfInterest>>());
+    vector->Append(regions.back()->interface());
+  }
+  NSError *error = staleErrorOfCaller();
+  id<WRTIIterator__1_WRTRegionOfInterest_P_Bridge> iterator = [iterable firstWithError:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ([WRTIIterator__1_WRTRegionOfInterest_P_Bridge class],
+            [static_cast<id>(iterator) class]);
+  size_t count = 0;
+  for (bool more = [iterator getHasCurrentWithError:&error]; more && count < 3;
+       more = [iterator moveNextWithError:&error], ++count) {
+    WRTRegionOfInterestBridge *current = [iterator getCurrentWithError:&error];
+    EXPECT_EQ([WRTRegionOfInterestBridge class], [current class]);
+    EXPECT_EQ(static_cast<void *>(regions[count]->identity()), [current inner]);
+  }
+  EXPECT_EQ(16u, [[iterator getManyWithCapacity:16 error:&error] count]);
+  NSArray *last = [iterator getManyWithCapacity:16 error:&error];
+  ASSERT_EQ(1u, [last count]) << "across the end";
+  EXPECT_EQ(static_cast<void *>(regions[19]->identity()), [[last objectAtIndex:0] inner]);
+  EXPECT_EQ(nil, error);
+
+  EXPECT_FALSE([iterator getHasCurrentWithError:&error]);
+  EXPECT_FALSE([iterator moveNextWithError:&error]);
+  EXPECT_EQ(0u, [[iterator getManyWithCapacity:4 error:&error] count]);
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(nil, [iterator getCurrentWithError:&error]);
+  EXPECT_EQ(status::kBounds, [error code]) << "past the end";
+}
+
+// Every question to an iterator whose collection has changed is refused; a failed change is none.
+void iterationChanged() {
+  auto vector = make<Vector<Region>>();
+  vector->Append(nullptr);
+  id<WRTIIterable__1_WRTRegionOfInterest_P_Bridge> iterable =
+      [WRTIIterable__1_WRTRegionOfInterest_P_Bridge bridge:vector->identity()];
+  id<WRTIIterator__1_WRTRegionOfInterest_P_Bridge> iterator = [iterable firstWithError:nullptr];
+  NSError *error = nil;
+  EXPECT_EQ(status::kBounds, vector->RemoveAt(7));
+  EXPECT_TRUE([iterator getHasCurrentWithError:&error]);
+  vector->SetAt(0, nullptr);
+  const auto refused = [&] {
+    const HRESULT code = static_cast<HRESULT>([error code]);
+    error = nil;
+    return code == status::kChangedState;
+  };
+  EXPECT_FALSE([iterator getHasCurrentWithError:&error]);
+  EXPECT_TRUE(refused());
+  EXPECT_FALSE([iterator moveNextWithError:&error]);
+  EXPECT_TRUE(refused());
+  EXPECT_EQ(nil, [iterator getCurrentWithError:&error]);
+  EXPECT_TRUE(refused());
+  EXPECT_EQ(nil, [iterator getManyWithCapacity:1 error:&error]);
+  EXPECT_TRUE(refused());
+}
+
+// Instances that have no members in the library are there all the same.
+void proxies() {
+  Strings vector = newStrings({u"a"});
+  NSError *error = nil;
+  id iterable = [WRTIIterable__1_WRTHSTRING_Bridge cast:static_cast<id>(vector)];
+  void *interface = [iterable _WRTIIterable__1_WRTHSTRINGWithError:&error];
+  EXPECT_NE(nullptr, interface);
+  EXPECT_EQ(nil, error);
+  ComPtr<IIterator<String>> iterator;
+  auto strings = ComPtr<IIterable<String>>::adopt(static_cast<IIterable<String> *>(interface));
+  EXPECT_EQ(status::kOk, strings->First(iterator.put()));
+  StringHolder current;
+  EXPECT_EQ(status::kOk, iterator->get_Current(current.put()));
+  EXPECT_EQ(u"a", current.view());
+  id other = [WRTIVector__1_WRTStorageFolder_P_Bridge cast:static_cast<id>(vector)];
+  EXPECT_EQ(nullptr, [other _WRTIVector__1_WRTStorageFolder_PWithError:&error]);
+  EXPECT_EQ(kNoInterface, [error code]);
+}
+
+void interfaceMissing() {
+  Strings vector = strangerOf([WRTIVector__1_WRTHSTRING_Bridge class]);
+  NSError *const stale = staleErrorOfCaller();
+  NSError *error = stale;
+  PlatformTrace trace;
+  EXPECT_EQ(nil, [vector getAtWithIndex:0 error:&error]);
+  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
+  EXPECT_EQ(nil, [vector getViewWithError:&error]);
+  unsigned int index = 5;
+  EXPECT_FALSE([vector indexOfWithValue:@"x" index:&index error:&error]);
+  EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
+  [vector replaceAllWithValues:@[ @"x" ] error:&error];
+  [vector appendWithItem:@"x" error:&error];
+  EXPECT_EQ(stale, error);
+  EXPECT_EQ(5u, index);
+  EXPECT_EQ("", trace.names()) << "nothing is allocated";
+}
+
+void threads() {
+  auto vector = make<Vector<String>>();
+  std::vector<std::thread> running;
+  for (int thread = 0; thread < 4; ++thread) {
+    running.emplace_back([raw = vector->identity()] {
+      @autoreleasepool {
+        Strings strings = static_cast<Strings>([WRTIVector__1_WRTHSTRING_Bridge bridge:raw]);
+        id iterable = [WRTIIterable__1_WRTHSTRING_Bridge bridge:raw];
+        for (int i = 0; i < 100; ++i) {
+          [strings appendWithItem:@"text" error:nullptr];
+          unsigned int index = 0;
+          EXPECT_TRUE([strings indexOfWithValue:@"text" index:&index error:nullptr]);
+          [strings getViewWithError:nullptr];
+          WRTIUnknownRelease([iterable _WRTIIterable__1_WRTHSTRINGWithError:nullptr]);
+        }
+      }
+    });
+  }
+  for (std::thread &thread : running)
+    thread.join();
+  uint32_t size = 0;
+  vector->get_Size(&size);
+  EXPECT_EQ(400u, size);
+}
+
+const Cell cells[] = {
+    {"collection.vector.strings.normal", strings},
+    {"collection.vector.strings.out_of_range", outOfRange},
+    {"collection.vector.bulk_read.normal", bulkRead},
+    {"collection.vector.bulk_read.failing", bulkReadFailing},
+    {"collection.vector.bulk_replace.normal", bulkReplace},
+    {"collection.vector.bulk_replace.failing", bulkReplaceFailing},
+    {"collection.vector.objects.normal", objects},
+    {"collection.vector.objects.failing_element", objectsFailingElement},
+    {"collection.vector.array.changing", changingArrays},
+    {"collection.vector.any.interface_missing", interfaceMissing},
+    {"collection.vector.any.other_threads", threads},
+    {"collection.vector.any.proxies", proxies},
+    {"collection.view.strings.normal", view},
+    {"collection.view.scalars.normal", scalarView},
+    {"collection.iterator.objects.normal", iteration},
+    {"collection.iterator.objects.changed", iterationChanged},
+};
+
+} // namespace
+
+} // namespace wrt::test

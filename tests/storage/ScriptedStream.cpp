@@ -1,0 +1,161 @@
+#include "tests/storage/ScriptedStream.h"
+
+#include <cstring>
+
+namespace wrt::test {
+namespace {
+
+class BareBuffer final : public Implements<abi::IBuffer> {
+public:
+  HRESULT WRT_ABI get_Capacity(unsigned *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI get_Length(unsigned *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI put_Length(unsigned) override { return status::kNotImplemented; }
+};
+
+class FailingBuffer final : public Implements<abi::IBuffer, abi::IBufferByteAccess> {
+public:
+  explicit FailingBuffer(HRESULT status) : status_(status) {}
+  HRESULT WRT_ABI get_Capacity(unsigned *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI get_Length(unsigned *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI put_Length(unsigned) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI Buffer(uint8_t **) override { return status_; }
+
+private:
+  HRESULT status_;
+};
+
+/// An operation that takes no handler.
+template <class Result, class Progress>
+struct Refusing;
+
+template <class Result>
+struct Refusing<Result, void> final : Implements<IAsync<Result, void>, IAsyncInfo> {
+  explicit Refusing(HRESULT status) : status(status) {}
+  HRESULT WRT_ABI put_Completed(CompletedHandler<Result, void> *) override { return status; }
+  HRESULT WRT_ABI get_Completed(CompletedHandler<Result, void> **) override { return status; }
+  HRESULT WRT_ABI GetResults(Abi<Result> *) override { return status; }
+  HRESULT WRT_ABI get_Id(uint32_t *) override { return status; }
+  HRESULT WRT_ABI get_Status(int32_t *) override { return status; }
+  HRESULT WRT_ABI get_ErrorCode(HRESULT *) override { return status; }
+  HRESULT WRT_ABI Cancel() override { return status; }
+  HRESULT WRT_ABI Close() override { return status; }
+  const HRESULT status;
+};
+
+template <class Result, class Progress>
+struct Refusing final : Implements<IAsync<Result, Progress>, IAsyncInfo> {
+  explicit Refusing(HRESULT status) : status(status) {}
+  HRESULT WRT_ABI put_Progress(ProgressHandler<Result, Progress> *) override { return status; }
+  HRESULT WRT_ABI get_Progress(ProgressHandler<Result, Progress> **) override { return status; }
+  HRESULT WRT_ABI put_Completed(CompletedHandler<Result, Progress> *) override { return status; }
+  HRESULT WRT_ABI get_Completed(CompletedHandler<Result, Progress> **) override { return status; }
+  HRESULT WRT_ABI GetResults(Abi<Result> *) override { return status; }
+  HRESULT WRT_ABI get_Id(uint32_t *) override { return status; }
+  HRESULT WRT_ABI get_Status(int32_t *) override { return status; }
+  HRESULT WRT_ABI get_ErrorCode(HRESULT *) override { return status; }
+  HRESULT WRT_ABI Cancel() override { return status; }
+  HRESULT WRT_ABI Close() override { return status; }
+  const HRESULT status;
+};
+
+/// Starts an operation as scripted: not at all, one that takes no handler, or one that ends with
+/// `result` on another thread.
+template <class Result, class Progress, class Declared, class Work>
+HRESULT scripted(Declared **operation, HRESULT start, HRESULT handler, Work work) {
+  *operation = nullptr;
+  if (start < 0)
+    return start;
+  if (handler < 0)
+    return handOut<IAsync<Result, Progress>>(make<Refusing<Result, Progress>>(handler), operation);
+  return startAsync<Result, Progress>(operation, std::move(work));
+}
+
+class ScriptedStream final
+    : public Implements<abi::IRandomAccessStreamWithContentType, abi::IRandomAccessStream,
+                        abi::IInputStream, abi::IOutputStream, abi::IClosable> {
+public:
+  explicit ScriptedStream(StreamScript &script) : script_(script) {}
+
+  HRESULT WRT_ABI get_Size(unsigned long long *size) override {
+    *size = script_.size;
+    return script_.sizeStatus;
+  }
+  HRESULT WRT_ABI
+  ReadAsync(abi::IBuffer *buffer, unsigned count, int options,
+            abi::IAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32 **result) override {
+    buffer->get_Capacity(&script_.capacity);
+    script_.count = count;
+    script_.options = options;
+    return scripted<BufferRef, UInt32>(
+        result, script_.readStart, script_.readHandler,
+        [&script = script_, buffer = ComPtr(buffer)](const Work<UInt32> &,
+                                                     ComPtr<abi::IBuffer> &filled) -> HRESULT {
+          std::span<uint8_t> room;
+          roomOf(buffer.get(), &room);
+          std::memset(room.data(), 0x5A, script.delivered);
+          buffer->put_Length(script.delivered);
+          filled = script.bareBuffer ? makeFailingBuffer(status::kFail) : buffer;
+          return script.readResult;
+        });
+  }
+  HRESULT WRT_ABI WriteAsync(
+      abi::IBuffer *, abi::IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32 **result) override {
+    return scripted<UInt32, UInt32>(
+        result, script_.writeStart, script_.writeHandler,
+        [status = script_.writeResult](const Work<UInt32> &, uint32_t &) { return status; });
+  }
+
+  HRESULT WRT_ABI put_Size(unsigned long long) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI GetInputStreamAt(unsigned long long, abi::IInputStream **) override {
+    return status::kNotImplemented;
+  }
+  HRESULT WRT_ABI GetOutputStreamAt(unsigned long long, abi::IOutputStream **) override {
+    return status::kNotImplemented;
+  }
+  HRESULT WRT_ABI get_Position(unsigned long long *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI Seek(unsigned long long) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI CloneStream(abi::IRandomAccessStream **) override {
+    return status::kNotImplemented;
+  }
+  HRESULT WRT_ABI get_CanRead(unsigned char *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI get_CanWrite(unsigned char *) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI FlushAsync(abi::IAsyncOperation__1_WRTbool **) override {
+    return status::kNotImplemented;
+  }
+  HRESULT WRT_ABI Close() override { return status::kOk; }
+
+private:
+  StreamScript &script_;
+};
+
+class ScriptedReference final : public Implements<abi::IRandomAccessStreamReference> {
+public:
+  explicit ScriptedReference(StreamScript &script) : script_(script) {}
+
+  HRESULT WRT_ABI
+  OpenReadAsync(abi::IAsyncOperation__1_WRTIRandomAccessStreamWithContentType_P **result) override {
+    return scripted<TypedStreamRef, void>(
+        result, script_.openStart, script_.openHandler,
+        [&script = script_](const Work<> &,
+                            ComPtr<abi::IRandomAccessStreamWithContentType> &stream) {
+          stream = make<ScriptedStream>(script);
+          return script.openResult;
+        });
+  }
+
+private:
+  StreamScript &script_;
+};
+
+} // namespace
+
+ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script) {
+  return make<ScriptedReference>(script);
+}
+ComPtr<abi::IRandomAccessStream> makeScriptedStream(StreamScript &script) {
+  return make<ScriptedStream>(script);
+}
+ComPtr<abi::IBuffer> makeBareBuffer() { return make<BareBuffer>(); }
+ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status) { return make<FailingBuffer>(status); }
+
+} // namespace wrt::test

@@ -1,0 +1,47 @@
+#ifndef WRT_TESTS_SCRIPTED_STREAM_H
+#define WRT_TESTS_SCRIPTED_STREAM_H
+
+#include "platform/linux/component/Implements.h"
+#include "platform/linux/components/async/AsyncOperation.h"
+#include "platform/linux/components/streams/StreamTypes.h"
+
+#include <abi/Windows.Foundation.abi.h>
+
+namespace wrt::test {
+
+using namespace component;
+using namespace components;
+
+/// What a scripted stream and a reference to it do. A status that is negative makes the step fail.
+struct StreamScript {
+  HRESULT openStart = 0;   ///< OpenReadAsync itself
+  HRESULT openResult = 0;  ///< its operation
+  HRESULT openHandler = 0; ///< installing a handler on that
+  HRESULT sizeStatus = 0;
+  uint64_t size = 0;
+  HRESULT readStart = 0;
+  HRESULT readResult = 0;
+  HRESULT readHandler = 0;
+  uint32_t delivered = 0;  ///< bytes that a read delivers, each 0x5A
+  bool bareBuffer = false; ///< the read's buffer does not hand out its bytes
+  HRESULT writeStart = 0;
+  HRESULT writeResult = 0;
+  HRESULT writeHandler = 0;
+
+  // What was asked for.
+  uint32_t capacity = 0;
+  uint32_t count = 0;
+  int options = -1;
+};
+
+ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script);
+/// As a stream in memory that an application makes.
+ComPtr<abi::IRandomAccessStream> makeScriptedStream(StreamScript &script);
+/// A buffer whose bytes cannot be had: it lacks the interface, or the interface fails with
+/// `status`.
+ComPtr<abi::IBuffer> makeBareBuffer();
+ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status);
+
+} // namespace wrt::test
+
+#endif

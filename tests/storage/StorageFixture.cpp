@@ -1,0 +1,57 @@
+#include "tests/storage/StorageFixture.h"
+
+#include "platform/linux/components/foundation/Text.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <unistd.h>
+
+namespace wrt::test {
+
+namespace {
+constexpr unsigned kNobody = 65534;
+int anything;
+} // namespace
+
+void settleAfterwards() {
+  keepUntilDrained(std::shared_ptr<void>(&anything, [](void *) { waitForPool(); }));
+}
+
+TemporaryFolder::TemporaryFolder() {
+  std::string name = std::filesystem::temp_directory_path() / "wrt storage XXXXXX";
+  path_ = mkdtemp(name.data());
+  // For the cells that look at it without privileges.
+  std::filesystem::permissions(path_, std::filesystem::perms(0755));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+  std::error_code error;
+  std::filesystem::remove_all(path_, error);
+}
+
+std::filesystem::path TemporaryFolder::add(const std::string &name,
+                                           const std::string &content) const {
+  std::filesystem::create_directories((path_ / name).parent_path());
+  std::ofstream(path_ / name, std::ios::binary) << content;
+  return path_ / name;
+}
+
+std::string contentOf(const std::filesystem::path &path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+StringHolder text(const std::string &utf8) { return StringHolder(components::toUtf16(utf8)); }
+std::string utf8(const StringHolder &text) { return components::toUtf8(text.view()); }
+
+NoPrivileges::NoPrivileges() {
+  if (getuid() == 0 && seteuid(kNobody) != 0)
+    std::abort();
+}
+NoPrivileges::~NoPrivileges() {
+  if (getuid() == 0 && seteuid(0) != 0)
+    std::abort();
+}
+
+} // namespace wrt::test

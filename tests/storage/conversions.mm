@@ -1,0 +1,222 @@
+// Data to streams and back, and every way in which that can fail.
+
+#include "tests/storage/ScriptedStream.h"
+#include "tests/storage/StorageFixture.h"
+#include "tests/support/LogRecorder.h"
+
+#import <WRTObjcBridge/WRTConversions.h>
+#import <WRTObjcBridge/Windows.Storage.Streams.h>
+
+#include <csignal>
+#include <cstdio>
+
+using namespace wrt::test;
+namespace status = wrt::status;
+
+namespace {
+
+constexpr HRESULT kFailure = static_cast<HRESULT>(0x80070005);
+constexpr const char *kToData = "WRTCreateNSDataFromRandomAccessStreamReference";
+
+/// Bytes that differ from their neighbours.
+NSData *patternOf(size_t length) {
+  NSMutableData *data = [NSMutableData dataWithLength:length];
+  auto *bytes = static_cast<uint8_t *>([data mutableBytes]);
+  for (size_t i = 0; i < length; ++i)
+    bytes[i] = static_cast<uint8_t>(i * 31 + (i >> 8));
+  return data;
+}
+
+void roundTrip() {
+  settleAfterwards();
+  for (size_t length : {0u, 1u, 4095u, 4096u, 4097u, 99999u, 64u << 20}) {
+    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+    NSData *data = patternOf(length);
+    WRTRandomAccessStreamReferenceBridge *reference =
+        WRTCreateWRTRandomAccessReferenceBridgeFromNSData(data);
+    EXPECT_EQ([WRTRandomAccessStreamReferenceBridge class], [reference class]);
+    for (int time = 0; time < 2; ++time) {
+      NSData *back = WRTCreateNSDataFromRandomAccessStreamReference(reference);
+      EXPECT_TRUE([back isEqual:data]) << length;
+    }
+    [pool release];
+  }
+  EXPECT_TRUE(logRecords().empty());
+}
+
+void buffer() {
+  const auto buffer = wrt::components::makeBuffer(16);
+  std::span<uint8_t> room;
+  wrt::components::roomOf(buffer.get(), &room);
+  std::ranges::fill(room, 7);
+  auto *interface = reinterpret_cast<WRTIBuffer *>(buffer.get());
+  // Its own length, which is 0, is not asked; of the caller's the low 32 bits count.
+  EXPECT_EQ(10u, [WRTCreateNSDataFromIBuffer(interface, 10) length]);
+  EXPECT_EQ(3u, [WRTCreateNSDataFromIBuffer(interface, (3ull << 32) + 3) length]);
+  NSData *copy = WRTCreateNSDataFromIBuffer(interface, 16);
+  room[0] = 9;
+  EXPECT_EQ(7, *static_cast<const uint8_t *>([copy bytes]));
+
+  EXPECT_EQ(nil, WRTCreateNSDataFromIBuffer(
+                     reinterpret_cast<WRTIBuffer *>(makeFailingBuffer(kFailure).get()), 4));
+  EXPECT_EQ(
+      (std::vector<LogRecord>{{3, "WRTCreateNSDataFromIBuffer", "", "Failed buffer byte access"}}),
+      logRecords());
+}
+
+// The log goes to the error stream when the process ends, where the death test can see it.
+void bufferWithoutBytes() {
+  EXPECT_DEATH(
+      {
+        std::signal(SIGABRT, [](int) {
+          for (const LogRecord &record : logRecords())
+            std::fprintf(stderr, "%d %s %s\n", record.level, record.function.c_str(),
+                         record.text.c_str());
+        });
+        WRTCreateNSDataFromIBuffer(reinterpret_cast<WRTIBuffer *>(makeBareBuffer().get()), 1);
+      },
+      "2 WRTCreateNSDataFromIBuffer Failed to get BufferByteAccess interface on IBuffer object: "
+      "0x80004002");
+}
+
+/// Reads a scripted reference; what was logged, as "function: text".
+std::string readScripted(StreamScript &script, NSData **data) {
+  clearLog();
+  const auto reference = makeReference(script);
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  WRTRandomAccessStreamReferenceBridge *bridge =
+      [WRTRandomAccessStreamReferenceBridge bridge:reference.get()];
+  *data = [WRTCreateNSDataFromRandomAccessStreamReference(bridge) retain];
+  [pool release];
+  [*data autorelease];
+  std::string log;
+  for (const LogRecord &record : logRecords()) {
+    EXPECT_EQ(3, record.level);
+    EXPECT_EQ("", record.file);
+    log += record.function + ": " + record.text;
+  }
+  return log;
+}
+
+void readFailures() {
+  settleAfterwards();
+  const std::string block = std::string(kToData) + "_block_invoke";
+  const struct {
+    HRESULT StreamScript::*step;
+    std::string log;
+  } cases[] = {
+      {&StreamScript::openStart,
+       std::string(kToData) + ": Failed [WRTRandomAccessStreamReferenceBridge openReadAsync]"},
+      {&StreamScript::openHandler, ""},
+      {&StreamScript::openResult, block + ": Failed fetching rawStream"},
+      {&StreamScript::sizeStatus, block + ": Failed fetching size of randomAccessStream"},
+      {&StreamScript::readStart, block + ": Failed initiating ReadAsync on inputStream"},
+      {&StreamScript::readHandler, block + ": Failed to install handler in read op"},
+      {&StreamScript::readResult, block + "_2: Failed to get buffer"},
+  };
+  for (const auto &test : cases) {
+    StreamScript script;
+    script.size = 8;
+    script.*test.step = kFailure;
+    NSData *data = nil;
+    EXPECT_EQ(test.log, readScripted(script, &data));
+    EXPECT_EQ(nil, data) << test.log;
+    wrt::component::waitForPool();
+  }
+  clearLog();
+  EXPECT_EQ(nil, WRTCreateNSDataFromRandomAccessStreamReference(nil));
+  EXPECT_EQ(1u, logRecords().size());
+}
+
+// As long as the stream said, whatever was delivered.
+void shortRead() {
+  settleAfterwards();
+  StreamScript script;
+  script.size = 100;
+  script.delivered = 10;
+  NSData *data = nil;
+  EXPECT_EQ("", readScripted(script, &data));
+  ASSERT_EQ(100u, [data length]);
+  EXPECT_EQ(0x5A, static_cast<const uint8_t *>([data bytes])[9]);
+  EXPECT_EQ(0, static_cast<const uint8_t *>([data bytes])[10]);
+  EXPECT_EQ(0, script.options);
+  wrt::component::waitForPool();
+}
+
+void hugeStream() {
+  settleAfterwards();
+  StreamScript script;
+  script.size = (5ull << 32) + 12;
+  script.delivered = 12;
+  NSData *data = nil;
+  EXPECT_EQ("", readScripted(script, &data));
+  EXPECT_EQ(12u, [data length]);
+  EXPECT_EQ(12u, script.capacity);
+  EXPECT_EQ(12u, script.count);
+  wrt::component::waitForPool();
+}
+
+void unreadableBuffer() {
+  settleAfterwards();
+  StreamScript script;
+  script.size = 4;
+  script.bareBuffer = true;
+  NSData *data = nil;
+  EXPECT_EQ("WRTCreateNSDataFromIBuffer: Failed buffer byte access", readScripted(script, &data));
+  EXPECT_EQ(nil, data);
+  wrt::component::waitForPool();
+}
+
+/// Activated in the place of the stream in memory.
+StreamScript *activeScript;
+class ScriptedFactory final : public wrt::component::ActivationFactory<> {
+public:
+  HRESULT WRT_ABI ActivateInstance(wrt::abi::IInspectable **instance) override {
+    *instance = makeScriptedStream(*activeScript).detach();
+    return status::kOk;
+  }
+};
+
+void writeFailures() {
+  settleAfterwards();
+  const wrt::activation::Registration registration(
+      u"Windows.Storage.Streams.InMemoryRandomAccessStream",
+      wrt::activation::makeFactory<ScriptedFactory>);
+  const struct {
+    HRESULT StreamScript::*step;
+    const char *text; ///< null: there is a reference all the same
+  } cases[] = {
+      {&StreamScript::writeStart,
+       "Failed [WRTInMemoryRandomAccessStreamBridge writeAsyncWithBuffer:]"},
+      {&StreamScript::writeHandler, "Failed writing data"},
+      {&StreamScript::writeResult, nullptr},
+  };
+  for (const auto &test : cases) {
+    clearLog();
+    StreamScript script;
+    script.*test.step = kFailure;
+    activeScript = &script;
+    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+    const id reference = WRTCreateWRTRandomAccessReferenceBridgeFromNSData(patternOf(3));
+    EXPECT_EQ(test.text == nullptr, reference != nil);
+    [pool release];
+    std::vector<LogRecord> expected;
+    if (test.text != nullptr)
+      expected.push_back({3, "WRTCreateWRTRandomAccessReferenceBridgeFromNSData", "", test.text});
+    EXPECT_EQ(expected, logRecords());
+    wrt::component::waitForPool();
+  }
+}
+
+const Cell cells[] = {
+    {"conversion.data.stream.round_trip", roundTrip},
+    {"conversion.data.buffer.normal", buffer},
+    {"conversion.data.buffer.without_bytes_aborts", bufferWithoutBytes},
+    {"conversion.data.from_stream.failing_steps", readFailures},
+    {"conversion.data.from_stream.short_read", shortRead},
+    {"conversion.data.from_stream.beyond_4_gib", hugeStream},
+    {"conversion.data.from_stream.failing_byte_access", unreadableBuffer},
+    {"conversion.data.to_stream.failing_steps", writeFailures},
+};
+
+} // namespace

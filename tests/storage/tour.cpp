@@ -1,0 +1,128 @@
+// The tour as a program of its own, from its arguments to its output and exit status.
+
+#include "tests/storage/StorageFixture.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace wrt::test;
+
+namespace {
+
+struct Run {
+  int status;
+  std::string output; ///< both streams
+};
+
+Run runTour(const std::string &arguments, const std::string &launcher = "") {
+  Run run{-1, ""};
+  // The strings behind string results are left over on purpose, which a leak check would report.
+  const char *options = std::getenv("ASAN_OPTIONS");
+  const std::string saved = options ? options : "";
+  setenv("ASAN_OPTIONS", (saved + ":detect_leaks=0").c_str(), 1);
+  FILE *pipe = popen((launcher + "\"" WRT_TOUR "\" " + arguments + " 2>&1").c_str(), "r");
+  char part[4096];
+  for (size_t count; (count = fread(part, 1, sizeof part, pipe)) > 0;)
+    run.output.append(part, count);
+  const int status = pclose(pipe);
+  options ? setenv("ASAN_OPTIONS", saved.c_str(), 1) : unsetenv("ASAN_OPTIONS");
+  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return run;
+}
+
+bool contains(const Run &run, const std::string &text) {
+  return run.output.find(text) != std::string::npos;
+}
+
+std::string inQuotes(const std::filesystem::path &path) { return "'" + path.string() + "'"; }
+
+void ownData() {
+  const TemporaryFolder made;
+  const auto summary = made.path() / "summary.txt";
+  const Run run = runTour("--summary " + inQuotes(summary));
+  EXPECT_EQ(0, run.status) << run.output;
+  for (const char *expected :
+       {"XML <planets>, 8 elements, 15 attributes, first <planet>", "PNG picture, 48 x 32",
+        "text, 4 lines, 39 words", "files                      5", "XML documents              2"})
+    EXPECT_TRUE(contains(run, expected)) << expected << "\n" << run.output;
+  const std::string written = contentOf(summary);
+  EXPECT_NE(std::string::npos, run.output.find(written)) << "the summary is the table";
+  EXPECT_NE("", written);
+}
+
+void manyFiles() {
+  const TemporaryFolder made;
+  std::uintmax_t bytes = 0, words = 0;
+  for (int i = 0; i < 2000; ++i) {
+    const std::string number = std::to_string(i);
+    std::string content;
+    std::string name = "data/file " + number;
+    if (i % 4 == 0) {
+      name += ".txt";
+      for (int word = 0; word <= i % 7; ++word, ++words)
+        content += "word\n";
+    } else if (i % 4 == 1) {
+      name += ".xml";
+      content = "<r><e n='" + number + "'>text</e></r>";
+    } else {
+      name += i % 4 == 2 ? ".bin" : "";
+      content.assign(static_cast<size_t>(i), '\x7F');
+    }
+    bytes += content.size();
+    made.add(name, content);
+  }
+  made.add("data/broken.xml", "<a><b></a>");
+  made.add("data/broken.txt", "\xFF\xFF");
+  std::filesystem::create_symlink("nowhere", made.path() / "data/dangling");
+  const Run run = runTour("--summary " + inQuotes(made.path() / "s.txt") + " " +
+                          inQuotes(made.path() / "data"));
+  EXPECT_EQ(1, run.status) << "two files cannot be read";
+  const auto total = [&](const char *name, std::uintmax_t value) {
+    char line[64];
+    std::snprintf(line, sizeof line, "  %-16s%12ju\n", name, value);
+    EXPECT_TRUE(contains(run, line)) << line << run.output.substr(run.output.find("totals"));
+  };
+  total("files", 2002);
+  total("bytes", bytes + 12);
+  total("texts", 500);
+  total("words", words);
+  total("XML documents", 500);
+  total("XML elements", 1000);
+  total("data files", 1000);
+  EXPECT_TRUE(contains(run, "file 1997.xml"));
+  EXPECT_TRUE(contains(run, "tour: read 1001 of 2002\n")) << "progress";
+  EXPECT_TRUE(contains(run, "tour: cannot read \"broken.xml\": not well-formed XML (0xC00CE56D)"));
+  EXPECT_TRUE(contains(
+      run, "tour: cannot read \"broken.txt\": not a text in UTF-8 or UTF-16 (0x80070459)"));
+  EXPECT_TRUE(contains(run, "tour: 2 problems"));
+}
+
+void refused() {
+  const TemporaryFolder made;
+  Run run = runTour(inQuotes(made.path() / "none"));
+  EXPECT_EQ(1, run.status);
+  EXPECT_TRUE(contains(run, "not found (0x80070002)")) << run.output;
+  run = runTour(inQuotes(made.add("file", "")));
+  EXPECT_EQ(1, run.status);
+  EXPECT_TRUE(contains(run, "0x80070057)")) << run.output;
+  const auto closed = made.path() / "closed";
+  std::filesystem::create_directory(closed);
+  std::filesystem::permissions(closed, std::filesystem::perms::none);
+  run = runTour(inQuotes(closed), getuid() == 0 ? "setpriv --reuid 65534 --clear-groups " : "");
+  EXPECT_EQ(1, run.status);
+  EXPECT_TRUE(contains(run, "access denied (0x80070005)")) << run.output;
+  EXPECT_EQ(2, runTour("--nonsense").status);
+  run = runTour("--help");
+  EXPECT_EQ(0, run.status);
+  EXPECT_TRUE(contains(run, "Usage: tour"));
+}
+
+const Cell cells[] = {
+    {"tour.program.own_data.normal", ownData},
+    {"tour.program.many_files.normal", manyFiles},
+    {"tour.program.folder.refused", refused},
+};
+
+} // namespace

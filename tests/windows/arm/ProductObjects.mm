@@ -1,0 +1,192 @@
+// Objects in and out, classes and their factories, failures.
+#include "arm/FakeObject.h"
+#include "arm/ProductTest.h"
+
+#import <WRTObjcBridge/Windows.UI.Popups.h>
+#import <WRTObjcBridge/test.h>
+#include <abi/Windows.UI.Popups.abi.h>
+#include <abi/test.abi.h>
+
+namespace wrt::test {
+
+namespace {
+
+using TestObject = FakeObject<WRTTestInterfaceVtbl>;
+
+const void *seenObject;
+int seen;
+/// What the fakes hand out.
+TestObject *child;
+
+void handOut(WRTTestInterface **result) {
+  ++child->references;
+  *result = child->as<WRTTestInterface>();
+}
+
+void testObjectsIn(TestObject &object, WRTTestInterfaceBridge *bridge) {
+  NSError *error = nil;
+  object.table.InInterface = [](WRTTestInterface *, WRTTestInterface *arg) -> HRESULT {
+    seenObject = arg;
+    return 0;
+  };
+  // A class takes the place of its interface.
+  [bridge inInterfaceWithArg:[WRTTestClassBridge bridge:child] error:&error];
+  CHECK(seenObject == child && error == nil);
+  [bridge inInterfaceWithArg:nil error:&error];
+  CHECK(seenObject == nullptr);
+
+  // An object without the interface: no call, and its failure is reported.
+  TestObject other(kWRTTestInterfaceIID);
+  other.hasInterface = false;
+  seenObject = &other;
+  [bridge inInterfaceWithArg:[WRTTestInterfaceBridge bridge:&other] error:&error];
+  CHECK(seenObject == &other && [error code] == kNoInterface);
+
+  object.table.InRtcArray = [](WRTTestInterface *, int count, WRTTestInterface **arr) -> HRESULT {
+    seen = 0;
+    for (int i = 0; i < count; ++i)
+      seen += arr[i] == child->as<WRTTestInterface>();
+    return 0;
+  };
+  NSMutableArray *array = [NSMutableArray array];
+  for (int i = 0; i < 18; ++i)
+    [array addObject:[WRTTestClassBridge bridge:child]];
+  const int references = child->references;
+  [bridge inRtcArrayWithArr:array error:&error];
+  CHECK(seen == 18 && error == nil && child->references == references);
+
+  seen = -1;
+  [array addObject:[WRTTestInterfaceBridge bridge:&other]];
+  [bridge inRtcArrayWithArr:array error:&error];
+  CHECK(seen == -1 && [error code] == kNoInterface && child->references == references);
+  testPoolPop(0);
+  CHECK(other.references == 1 && child->references == 1);
+}
+
+void testObjectsOut(TestObject &object, WRTTestInterfaceBridge *bridge) {
+  NSError *error = nil;
+  object.table.ReturnRtc = [](WRTTestInterface *, WRTTestInterface **result) -> HRESULT {
+    handOut(result);
+    return 0;
+  };
+  WRTTestClassBridge *returned = [bridge returnRtcWithError:&error];
+  CHECK([returned class] == [WRTTestClassBridge class]);
+  CHECK([returned inner] == child && child->references == 2);
+
+  object.table.OutInterface = [](WRTTestInterface *, WRTTestInterface **arg) -> HRESULT {
+    handOut(arg);
+    return 0;
+  };
+  id<WRTTestInterfaceBridge> out = nil;
+  [bridge outInterfaceWithArg:&out error:&error];
+  CHECK([out inner] == child && child->references == 3);
+  CHECK([static_cast<id>(out) class] == [WRTTestInterfaceBridge class]);
+
+  object.table.ReturnInterfaceArrayPreallocated = [](WRTTestInterface *, int size, int *count,
+                                                     WRTTestInterface **arr) -> HRESULT {
+    for (int i = 0; i < size; ++i)
+      handOut(&arr[i]);
+    *count = size;
+    return 0;
+  };
+  NSArray *array = [bridge returnInterfaceArrayPreallocatedWithSize:17 error:&error];
+  CHECK([array count] == 17 && [array[16] inner] == child && child->references == 20);
+  CHECK(testLiveTaskBlocks() == 0);
+
+  // A null interface is nil without a word, a null object of a class is nil with one.
+  const auto null = [](WRTTestInterface *, WRTTestInterface **result) -> HRESULT {
+    *result = nullptr;
+    return 0;
+  };
+  object.table.ReturnInterface = null;
+  object.table.ReturnRtc = null;
+  const int logged = testLogCount();
+  CHECK([bridge returnInterfaceWithError:&error] == nil && testLogCount() == logged);
+  CHECK([bridge returnRtcWithError:&error] == nil && testLogCount() == logged + 1);
+  CHECK(testLogLevel() == 4);
+  testPoolPop(0);
+  CHECK(child->references == 1);
+}
+
+void testFailures(TestObject &object, WRTTestInterfaceBridge *bridge) {
+  object.table.VoidFunction = [](WRTTestInterface *) -> HRESULT { return kFail; };
+  NSError *error = nil;
+  [bridge voidFunctionWithError:&error];
+  CHECK([error code] == kFail && [error userInfo] == nil);
+  [bridge voidFunctionWithError:nil];
+
+  // Without the interface there is no call, and the error stays what it was.
+  object.hasInterface = false;
+  NSError *const before = error;
+  [bridge voidFunctionWithError:&error];
+  CHECK(error == before);
+  CHECK([bridge returnStringWithError:&error] == nil && error == before);
+  CHECK(testLogLevel() == 3);
+  object.hasInterface = true;
+  object.table.VoidFunction = [](WRTTestInterface *) -> HRESULT { return 0; };
+  [bridge voidFunctionWithError:&error];
+  CHECK(error == nil);
+  testPoolPop(0);
+}
+
+void testClasses() {
+  NSError *error = nil;
+  CHECK([WRTTestClassBridge testFactoryFunctionWithError:&error] == nil && error == nil);
+
+  FakeObject<WRTTestInterfaceFactoryVtbl> factory(kWRTTestInterfaceFactoryIID);
+  factory.table.TestFactoryFunction = [](WRTTestInterfaceFactory *,
+                                         WRTTestInterface **result) -> HRESULT {
+    handOut(result);
+    return 0;
+  };
+  testSetFactory(u"TestClass", &factory);
+  CHECK([[WRTTestClassBridge testFactoryFunctionWithError:&error] inner] == child);
+  // Its first slot is where an activation factory makes default instances.
+  WRTTestClassBridge *made = [[WRTTestClassBridge alloc] init];
+  CHECK([made inner] == child);
+  // The second interface is asked for by itself, and this object has none.
+  [made voidFunctionFromInterface2WithError:&error];
+  CHECK(error == nil);
+  [made release];
+
+  FakeObject<WRTTestInterfaceStaticsVtbl> statics(kWRTTestInterfaceStaticsIID);
+  statics.table.TestStaticFunction = [](WRTTestInterfaceStatics *) -> HRESULT { return kFail; };
+  testSetFactory(u"TestClass", &statics);
+  [WRTTestClassBridge testStaticFunctionWithError:&error];
+  CHECK([error code] == kFail);
+
+  FakeObject<WRTIMessageDialogFactoryVtbl> dialogs(kWRTIMessageDialogFactoryIID);
+  dialogs.table.CreateWithTitle = [](WRTIMessageDialogFactory *, HSTRING content, HSTRING title,
+                                     WRTIMessageDialog **result) -> HRESULT {
+    seen = hasText(content, u"what") && hasText(title, u"where");
+    ++child->references;
+    *result = child->as<WRTIMessageDialog>();
+    return 0;
+  };
+  testSetFactory(u"Windows.UI.Popups.MessageDialog", &dialogs);
+  WRTMessageDialogBridge *dialog = [WRTMessageDialogBridge createWithTitleWithContent:@"what"
+                                                                                title:@"where"
+                                                                                error:&error];
+  CHECK(seen == 1 && [dialog inner] == child && error == nil);
+  CHECK([dialog class] == [WRTMessageDialogBridge class]);
+  testSetFactory(u"", nullptr);
+  testPoolPop(0);
+  CHECK(child->references == 1 && factory.references == 1 && dialogs.references == 1);
+}
+
+} // namespace
+
+void testObjects() {
+  TestObject object(kWRTTestInterfaceIID);
+  TestObject handedOut(kWRTTestInterfaceIID);
+  child = &handedOut;
+  WRTTestInterfaceBridge *bridge = [[WRTTestInterfaceBridge alloc] initWithInner:&object];
+  testObjectsIn(object, bridge);
+  testObjectsOut(object, bridge);
+  testFailures(object, bridge);
+  testClasses();
+  CHECK(object.references == 1);
+  [bridge release];
+}
+
+} // namespace wrt::test

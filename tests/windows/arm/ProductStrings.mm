@@ -1,0 +1,227 @@
+// Strings and arrays. The product neither releases the string of a string result nor frees the
+// block of an array that it is handed; the fakes keep both to clear away.
+#include "arm/FakeObject.h"
+#include "arm/ProductTest.h"
+
+#import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/Windows.Foundation.h>
+#import <WRTObjcBridge/test.h>
+#include <abi/IVector.abi.h>
+#include <abi/Windows.Foundation.abi.h>
+#include <abi/test.abi.h>
+
+namespace wrt::test {
+
+namespace {
+
+/// More clean-ups than one batch of their enumeration has.
+constexpr int kMany = 20;
+
+int seen;
+HSTRING handed[kMany];
+void *block;
+
+/// Element `index` of every long array here: "a" and so on.
+char16_t letter(int index) { return static_cast<char16_t>(u'a' + index); }
+
+/// An array of `count` one-letter strings.
+NSArray *letters(int count) {
+  NSMutableArray *array = [NSMutableArray array];
+  for (int i = 0; i < count; ++i) {
+    const unichar unit = letter(i);
+    [array addObject:[NSString stringWithCharacters:&unit length:1]];
+  }
+  return array;
+}
+
+bool areLetters(NSArray *array, int count) {
+  if ([array count] != static_cast<NSUInteger>(count))
+    return false;
+  for (int i = 0; i < count; ++i)
+    if ([array[i] length] != 1 || [array[i] characterAtIndex:0] != letter(i))
+      return false;
+  return true;
+}
+
+/// How many of the strings are the letters they should be.
+int countLetters(int count, HSTRING *strings) {
+  int right = 0;
+  for (int i = 0; i < count; ++i) {
+    const char16_t expected[] = {letter(i), 0};
+    right += hasText(strings[i], expected);
+  }
+  return right;
+}
+
+void makeLetters(int count, HSTRING *strings) {
+  for (int i = 0; i < count; ++i) {
+    const char16_t unit = letter(i);
+    handed[i] = strings[i] = testMakeString(&unit, 1);
+  }
+}
+
+/// A block of letters as WinRT hands it out.
+HSTRING *makeBlock(int count) {
+  auto *strings = static_cast<HSTRING *>(WRTTaskMemAlloc(count * sizeof(HSTRING)));
+  makeLetters(count, strings);
+  block = strings;
+  return strings;
+}
+
+void testStrings(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterfaceBridge *bridge) {
+  NSError *error = nil;
+  object.table.InString = [](WRTTestInterface *, HSTRING arg) -> HRESULT {
+    seen = arg == nullptr ? 1 : hasText(arg, u"Gr\u00fc\u00dfe") ? 2 : 0;
+    return 0;
+  };
+  [bridge inStringWithArg:@"Gr\u00fc\u00dfe" error:&error];
+  CHECK(seen == 2);
+  [bridge inStringWithArg:nil error:&error];
+  CHECK(seen == 1);
+  CHECK(testLiveStrings() == 0);
+
+  object.table.ReturnString = [](WRTTestInterface *, HSTRING *result) -> HRESULT {
+    *result = handed[0] = testMakeString(u"\u20ac 5", 3);
+    return 0;
+  };
+  NSString *string = [bridge returnStringWithError:&error];
+  CHECK([string length] == 3 && [string characterAtIndex:0] == 0x20AC);
+  CHECK(testLiveStrings() == 1);
+  WRTHSTRINGRelease(handed[0]);
+
+  object.table.OutString = [](WRTTestInterface *, HSTRING *arg) -> HRESULT {
+    *arg = handed[0] = testMakeString(u"out", 3);
+    return 0;
+  };
+  NSString *out = nil;
+  [bridge outStringWithArg:&out error:&error];
+  CHECK([out isEqualToString:@"out"]);
+  WRTHSTRINGRelease(handed[0]);
+
+  // A failure says nothing of what was handed out.
+  object.table.OutString = [](WRTTestInterface *, HSTRING *) -> HRESULT { return kFail; };
+  NSString *before = out;
+  [bridge outStringWithArg:&out error:&error];
+  CHECK(out == before && [error code] == kFail && [[error domain] isEqualToString:@"WRT"]);
+}
+
+void testStringArrays(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterfaceBridge *bridge) {
+  NSError *error = nil;
+  object.table.InStringArray = [](WRTTestInterface *, int count, HSTRING *arr) -> HRESULT {
+    seen = countLetters(count, arr);
+    return kFail; // clean-ups run all the same
+  };
+  [bridge inStringArrayWithArr:letters(kMany) error:&error];
+  CHECK(seen == kMany && [error code] == kFail);
+  CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 0);
+
+  object.table.OutStringArray = [](WRTTestInterface *, int *count, HSTRING **arr) -> HRESULT {
+    *count = kMany;
+    *arr = makeBlock(kMany);
+    return 0;
+  };
+  NSMutableArray *array = [NSMutableArray array];
+  [array addObject:@"to be removed"];
+  [bridge outStringArrayWithArr:array error:&error];
+  CHECK(areLetters(array, kMany) && error == nil);
+  CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 1);
+  WRTTaskMemFree(block);
+
+  object.table.OutStringArrayPreallocated = [](WRTTestInterface *, int size, int *count,
+                                               HSTRING *arr) -> HRESULT {
+    *count = size - 2;
+    makeLetters(size - 2, arr);
+    return 0;
+  };
+  [bridge outStringArrayPreallocatedWithSize:5 arr:array error:&error];
+  CHECK(areLetters(array, 3));
+  CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 0);
+
+  object.table.ReturnStringArray = [](WRTTestInterface *, int *count, HSTRING **arr) -> HRESULT {
+    *count = 17;
+    *arr = makeBlock(17);
+    return 0;
+  };
+  CHECK(areLetters([bridge returnStringArrayWithError:&error], 17));
+  CHECK(testLiveStrings() == 0);
+  WRTTaskMemFree(block);
+
+  // The one form that leaves its strings.
+  object.table.ReturnStringArrayPreallocated = [](WRTTestInterface *, int size, int *count,
+                                                  HSTRING *arr) -> HRESULT {
+    *count = size;
+    makeLetters(size, arr);
+    return 0;
+  };
+  CHECK(areLetters([bridge returnStringArrayPreallocatedWithSize:4 error:&error], 4));
+  CHECK(testLiveStrings() == 4 && testLiveTaskBlocks() == 0);
+  for (int i = 0; i < 4; ++i)
+    WRTHSTRINGRelease(handed[i]);
+}
+
+void testVector() {
+  FakeObject<WRTIVector__1_WRTHSTRINGVtbl> vector(kWRTIVector__1_WRTHSTRINGIID);
+  WRTIVector__1_WRTHSTRING_Bridge *bridge = [WRTIVector__1_WRTHSTRING_Bridge bridge:&vector];
+  vector.table.GetMany = [](WRTIVector__1_WRTHSTRING *, unsigned start, unsigned capacity,
+                            HSTRING *items, unsigned *actual) -> HRESULT {
+    seen = static_cast<int>(start);
+    *actual = capacity - 1;
+    makeLetters(static_cast<int>(capacity) - 1, items);
+    return 0;
+  };
+  CHECK(areLetters([bridge getManyWithStartIndex:7 capacity:kMany error:nil], kMany - 1));
+  CHECK(seen == 7 && testLiveTaskBlocks() == 0);
+  CHECK(testLiveStrings() == kMany - 1); // the read leaves its strings
+  for (int i = 0; i < kMany - 1; ++i)
+    WRTHSTRINGRelease(handed[i]);
+
+  vector.table.ReplaceAll = [](WRTIVector__1_WRTHSTRING *, unsigned count,
+                               HSTRING *values) -> HRESULT {
+    seen = countLetters(static_cast<int>(count), values);
+    return 0;
+  };
+  [bridge replaceAllWithValues:letters(18) error:nil];
+  CHECK(seen == 18);
+
+  vector.table.IndexOf = [](WRTIVector__1_WRTHSTRING *, HSTRING value, unsigned *index,
+                            unsigned char *result) -> HRESULT {
+    *index = 0x80000001;
+    *result = hasText(value, u"a literal") ? 2 : 0;
+    return 0;
+  };
+  unsigned index = 0;
+  CHECK([bridge indexOfWithValue:@"a literal" index:&index error:nil] == true);
+  CHECK(index == 0x80000001);
+}
+
+void testPropertyValue() {
+  FakeObject<WRTIPropertyValueStaticsVtbl> statics(kWRTIPropertyValueStaticsIID);
+  statics.table.CreateStringArray = [](WRTIPropertyValueStatics *, unsigned count, HSTRING *values,
+                                       WRTIInspectable **result) -> HRESULT {
+    seen = countLetters(static_cast<int>(count), values);
+    *result = nullptr;
+    return 0;
+  };
+  testSetFactory(u"Windows.Foundation.PropertyValue", &statics);
+  CHECK([WRTPropertyValueBridge createStringArrayWithValue:letters(kMany) error:nil] == nil);
+  CHECK(seen == kMany);
+  testSetFactory(u"", nullptr);
+  CHECK(statics.references == 1);
+}
+
+} // namespace
+
+void testStringsAndArrays() {
+  FakeObject<WRTTestInterfaceVtbl> object(kWRTTestInterfaceIID);
+  WRTTestInterfaceBridge *bridge = [[WRTTestInterfaceBridge alloc] initWithInner:&object];
+  testStrings(object, bridge);
+  testStringArrays(object, bridge);
+  CHECK(object.references == 1);
+  [bridge release];
+  testVector();
+  testPropertyValue();
+  testPoolPop(0);
+  CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 0);
+}
+
+} // namespace wrt::test

@@ -1,0 +1,295 @@
+// The generic families on objects that Wine made: an asynchronous action with its completion block,
+// a vector of strings; and an iterable of ours that Wine reads.
+
+#include "tests/wine/classes/Members.h"
+#include "tests/wine/classes/SpeechSource.h"
+
+#include "platform/linux/components/collections/Vector.h"
+#include "platform/linux/wine/WindowsFunctions.h"
+
+#include <WRTBridge.h>
+#include <WRTStatus.h>
+
+#import <WRTObjcBridge/IIterable.h>
+#import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/IVectorView.h>
+#import <WRTObjcBridge/Windows.Foundation.h>
+
+using namespace wrt;
+using namespace wrt::test;
+
+namespace {
+
+/// AsyncStatus (Windows 10 SDK 10.0.16299.0, asyncinfo.h).
+constexpr int kCompleted = 1;
+
+void sleepABit() { [NSThread sleepForTimeInterval:0.01]; }
+
+/// Waits until `operation` has ended, two seconds at most; its status then.
+int wait(WRTIAsyncInfoBridge *operation) {
+  int status = 0;
+  for (int i = 0; i < 200 && status == 0; ++i) {
+    status = [operation getStatusWithError:nullptr];
+    if (status == 0)
+      sleepABit();
+  }
+  return status;
+}
+
+/// Has the recognizer compile its constraints.
+void compile(SpeechSource &source) {
+  void *operation = nullptr;
+  ASSERT_EQ(0, source.compileConstraints(&operation));
+  EXPECT_EQ(kCompleted, wait([WRTIAsyncInfoBridge bridgeTransfer:operation]));
+}
+
+/// A new action, which may have ended already.
+WRTIAsyncActionBridge *start(SpeechSource &source) {
+  void *action = nullptr;
+  EXPECT_EQ(0, source.startSession(&action));
+  return [WRTIAsyncActionBridge bridgeTransfer:action];
+}
+
+WRTIAsyncActionBridge *newAction(SpeechSource &source) {
+  compile(source);
+  return start(source);
+}
+
+/// What a completion block saw.
+struct Completion {
+  int calls = 0;
+  int status = -1;
+  bool isSameAction = false;
+  bool isOtherThread = false;
+  HRESULT results = -1;
+};
+
+/// Starts an action and sets a completion block as soon as it can; waits until the block has run,
+/// five seconds at most.
+Completion complete(SpeechSource &source, NSError **error) {
+  __block Completion seen;
+  NSConditionLock *done = [[[NSConditionLock alloc] initWithCondition:0] autorelease];
+  NSThread *const caller = [NSThread currentThread];
+  __block WRTIAsyncActionBridge *action = nil;
+  id handler = [[^HRESULT(id<WRTIAsyncActionBridge> finished, int status) {
+    [done lock];
+    NSError *resultsError = nil;
+    [finished getResultsWithError:&resultsError];
+    ++seen.calls;
+    seen.status = status;
+    seen.isSameAction = [static_cast<id>(finished) isEqual:action];
+    seen.isOtherThread = [NSThread currentThread] != caller;
+    seen.results = static_cast<HRESULT>([resultsError code]);
+    [done unlockWithCondition:1];
+    return 0;
+  } copy] autorelease];
+  action = start(source);
+  [action setCompletedWithHandler:handler error:error];
+  if ([done lockWhenCondition:1 beforeDate:[NSDate dateWithTimeIntervalSinceNow:5]])
+    [done unlock];
+  NSError *again = nil;
+  [action setCompletedWithHandler:handler error:&again];
+  EXPECT_EQ(status::kIllegalDelegateAssignment, [again code]);
+  return seen;
+}
+
+// The block runs on a thread of Wine's when it is set before the action has ended, and in the call
+// that sets it when afterwards. Who is first is chance; several tries see both.
+void setCompleted(NSError **error) {
+  SpeechSource source;
+  compile(source);
+  int onOtherThreads = 0;
+  int tries = 0;
+  while (tries < 200 && onOtherThreads == 0) {
+    const Completion seen = complete(source, tries == 0 ? error : nullptr);
+    EXPECT_EQ(1, seen.calls);
+    EXPECT_EQ(kCompleted, seen.status);
+    EXPECT_TRUE(seen.isSameAction);
+    EXPECT_EQ(0, seen.results);
+    onOtherThreads += seen.isOtherThread;
+    ++tries;
+  }
+  EXPECT_EQ(1, onOtherThreads);
+}
+
+void getResults(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncActionBridge *action = newAction(source);
+  EXPECT_EQ(kCompleted, wait([WRTIAsyncInfoBridge cast:action]));
+  [action getResultsWithError:error];
+}
+
+WRTIAsyncInfoBridge *newInfo(SpeechSource &source) {
+  return [WRTIAsyncInfoBridge cast:newAction(source)];
+}
+
+void infoId(NSError **error) {
+  SpeechSource source;
+  EXPECT_EQ(0u, [newInfo(source) getIdWithError:error]);
+}
+void infoStatus(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncInfoBridge *info = newInfo(source);
+  wait(info);
+  EXPECT_EQ(kCompleted, [info getStatusWithError:error]);
+}
+void infoErrorCode(NSError **error) {
+  SpeechSource source;
+  EXPECT_EQ(0, [newInfo(source) getErrorCodeWithError:error]);
+}
+void infoCancel(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncInfoBridge *info = newInfo(source);
+  wait(info);
+  [info cancelWithError:error];
+}
+void infoClose(NSError **error) {
+  SpeechSource source;
+  WRTIAsyncInfoBridge *info = newInfo(source);
+  wait(info);
+  [info closeWithError:error];
+}
+
+using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
+
+/// A list of Wine's that has read "alpha", "", "gamma 😀" from a list of ours.
+Strings newStrings(NSError **error = nullptr) {
+  component::ComPtr<component::IIterable<component::String>> ours;
+  ours = component::make<component::Vector<component::String>>(
+             component::Items<component::String>{component::StringHolder(u"alpha"),
+                                                 component::StringHolder(),
+                                                 component::StringHolder(u"gamma 😀")})
+             .as<component::IIterable<component::String>>();
+  WRTIIterable__1_WRTHSTRING_Bridge *bridge = [WRTIIterable__1_WRTHSTRING_Bridge bridge:ours.get()];
+  void *iterable = [bridge _WRTIIterable__1_WRTHSTRINGWithError:error];
+  void *vector = nullptr;
+  handOver(2);
+  EXPECT_EQ(0, makePhrases(iterable, &vector));
+  WRTIUnknownSafeRelease(iterable);
+  return [WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:vector];
+}
+
+/// All elements, in parentheses.
+std::string contents(Strings strings) {
+  NSArray *all = [strings getManyWithStartIndex:0 capacity:64 error:nullptr];
+  return all == nil ? "nothing"
+                    : [[NSString stringWithFormat:@"(%@)", [all componentsJoinedByString:@")("]]
+                          UTF8String];
+}
+
+void iterable(NSError **error) { EXPECT_EQ("(alpha)()(gamma 😀)", contents(newStrings(error))); }
+
+void getAt(NSError **error) {
+  Strings strings = newStrings();
+  EXPECT_TRUE([@"gamma 😀" isEqual:[strings getAtWithIndex:2 error:error]]);
+  NSError *bounds = nil;
+  EXPECT_EQ(nil, [strings getAtWithIndex:3 error:&bounds]);
+  EXPECT_EQ(status::kBounds, [bounds code]);
+}
+void getSize(NSError **error) { EXPECT_EQ(3u, [newStrings() getSizeWithError:error]); }
+
+void getView(NSError **error) {
+  Strings strings = newStrings();
+  id<WRTIVectorView__1_WRTHSTRING_Bridge> view = [strings getViewWithError:error];
+  [strings clearWithError:nullptr];
+  EXPECT_EQ(3u, [view getSizeWithError:nullptr]) << "the elements of that moment";
+  EXPECT_TRUE([@"alpha" isEqual:[view getAtWithIndex:0 error:nullptr]]);
+}
+
+/// What Wine itself says when it is asked for an element with another handle to the same text, or
+/// with the very handle that it has.
+bool findsByText(Strings strings, bool withSameHandle) {
+  const auto vector =
+      component::ComPtr(static_cast<wrt::abi::IInspectable *>([static_cast<id>(strings) inner]))
+          .as<component::IVector<component::String>>();
+  HSTRING own = nullptr;
+  EXPECT_EQ(0, vector->GetAt(2, &own));
+  const component::StringHolder other(viewOf(own));
+  uint32_t index = 77;
+  uint8_t found = 77;
+  EXPECT_EQ(0, vector->IndexOf(withSameHandle ? own : other.get(), &index, &found));
+  wine::windows().WindowsDeleteString(own); // a handle of Wine's that the ledger does not have
+  return found != 0;
+}
+
+// The list of this Wine compares handles. A bridge makes a new one for every call, so it cannot
+// find anything there, and has to say what Wine says.
+void indexOf(NSError **error) {
+  Strings strings = newStrings();
+  unsigned index = 77;
+  const bool found = [strings indexOfWithValue:@"gamma 😀" index:&index error:error];
+  EXPECT_TRUE(findsByText(strings, true));
+  EXPECT_EQ(findsByText(strings, false), found);
+  EXPECT_EQ(expectedAnswer() == Answer::Works, found);
+  EXPECT_EQ(found ? 2u : 0u, index);
+}
+void setAt(NSError **error) {
+  Strings strings = newStrings();
+  [strings setAtWithIndex:1 item:@"beta" error:error];
+  EXPECT_EQ("(alpha)(beta)(gamma 😀)", contents(strings));
+}
+void insertAt(NSError **error) {
+  Strings strings = newStrings();
+  [strings insertAtWithIndex:1 item:@"beta" error:error];
+  EXPECT_EQ("(alpha)(beta)()(gamma 😀)", contents(strings));
+}
+void removeAt(NSError **error) {
+  Strings strings = newStrings();
+  [strings removeAtWithIndex:0 error:error];
+  EXPECT_EQ("()(gamma 😀)", contents(strings));
+}
+void append(NSError **error) {
+  Strings strings = newStrings();
+  [strings appendWithItem:@"delta" error:error];
+  EXPECT_EQ("(alpha)()(gamma 😀)(delta)", contents(strings));
+}
+void removeAtEnd(NSError **error) {
+  Strings strings = newStrings();
+  [strings removeAtEndWithError:error];
+  EXPECT_EQ("(alpha)()", contents(strings));
+}
+void clear(NSError **error) {
+  Strings strings = newStrings();
+  [strings clearWithError:error];
+  EXPECT_EQ(0u, [strings getSizeWithError:nullptr]);
+}
+void getMany(NSError **error) {
+  NSArray *two = [newStrings() getManyWithStartIndex:1 capacity:64 error:error];
+  NSArray *const expected = [NSArray arrayWithObjects:@"", @"gamma 😀", nil];
+  EXPECT_TRUE([two isEqual:expected]);
+}
+void replaceAll(NSError **error) {
+  Strings strings = newStrings();
+  NSMutableArray *values = [NSMutableArray array];
+  for (int i = 0; i < 33; ++i)
+    [values addObject:[NSString stringWithFormat:@"%d", i]];
+  [strings replaceAllWithValues:values error:error];
+  EXPECT_TRUE([values isEqual:[strings getManyWithStartIndex:0 capacity:64 error:nullptr]]);
+  [strings replaceAllWithValues:[NSArray array] error:nullptr];
+  EXPECT_EQ(0u, [strings getSizeWithError:nullptr]);
+}
+
+const Member members[] = {
+    {"IAsyncAction.put_Completed", setCompleted},
+    {"IAsyncAction.GetResults", getResults},
+    {"IAsyncInfo.Id", infoId},
+    {"IAsyncInfo.Status", infoStatus},
+    {"IAsyncInfo.ErrorCode", infoErrorCode},
+    {"IAsyncInfo.Cancel", infoCancel},
+    {"IAsyncInfo.Close", infoClose},
+    {"IIterable<String>.read_by_Wine", iterable},
+    {"IVector<String>.GetAt", getAt},
+    {"IVector<String>.Size", getSize},
+    {"IVector<String>.GetView", getView},
+    {"IVector<String>.IndexOf", indexOf},
+    {"IVector<String>.SetAt", setAt},
+    {"IVector<String>.InsertAt", insertAt},
+    {"IVector<String>.RemoveAt", removeAt},
+    {"IVector<String>.Append", append},
+    {"IVector<String>.RemoveAtEnd", removeAtEnd},
+    {"IVector<String>.Clear", clear},
+    {"IVector<String>.GetMany", getMany},
+    {"IVector<String>.ReplaceAll", replaceAll},
+};
+
+} // namespace
