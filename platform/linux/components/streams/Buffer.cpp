@@ -1,4 +1,5 @@
 #include "platform/linux/activation/ActivationRegistry.h"
+#include "platform/linux/components/streams/ByteBuffer.h"
 #include "platform/linux/components/streams/StreamTypes.h"
 
 #include <abi/Windows.Foundation.abi.h>
@@ -17,44 +18,14 @@ struct Free {
 };
 using Bytes = std::unique_ptr<uint8_t[], Free>;
 
-/// Windows.Storage.Streams.Buffer.
-class ByteBuffer final : public Implements<abi::IBuffer, abi::IBufferByteAccess> {
+/// Windows.Storage.Streams.Buffer, which owns its bytes.
+class OwningBuffer final : public ByteBuffer {
 public:
-  ByteBuffer(Bytes bytes, uint32_t capacity) : bytes_(std::move(bytes)), capacity_(capacity) {}
-
-  HRESULT WRT_ABI get_Capacity(unsigned *capacity) override {
-    if (capacity == nullptr)
-      return status::kPointer;
-    *capacity = capacity_;
-    return status::kOk;
-  }
-  HRESULT WRT_ABI get_Length(unsigned *length) override {
-    if (length == nullptr)
-      return status::kPointer;
-    *length = length_;
-    return status::kOk;
-  }
-  HRESULT WRT_ABI put_Length(unsigned length) override {
-    if (length > capacity_)
-      return status::kInvalidArgument;
-    length_ = length;
-    return status::kOk;
-  }
-  HRESULT WRT_ABI Buffer(uint8_t **bytes) override {
-    if (bytes == nullptr)
-      return status::kPointer;
-    *bytes = bytes_.get();
-    return status::kOk;
-  }
+  OwningBuffer(Bytes bytes, uint32_t capacity)
+      : ByteBuffer(bytes.get(), capacity, 0), bytes_(std::move(bytes)) {}
 
 private:
-  std::u16string_view runtimeClassName() const override {
-    return u"Windows.Storage.Streams.Buffer";
-  }
-
   const Bytes bytes_;
-  const uint32_t capacity_;
-  std::atomic<uint32_t> length_ = 0;
 };
 
 /// How the statics get at the buffer behind a memory buffer; of no use outside of this file.
@@ -170,7 +141,7 @@ ComPtr<abi::IBuffer> makeBuffer(uint32_t capacity) {
   Bytes bytes(static_cast<uint8_t *>(std::calloc(std::max(capacity, 1u), 1)));
   if (bytes == nullptr)
     return nullptr;
-  return make<ByteBuffer>(std::move(bytes), capacity);
+  return make<OwningBuffer>(std::move(bytes), capacity);
 }
 
 } // namespace wrt::components
