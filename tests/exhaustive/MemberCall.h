@@ -53,6 +53,8 @@ private:
   std::vector<Argument> arguments_;
   Outcome outcome_ = Outcome::kSuccess;
   int calls_ = 0;
+  /// The string that was returned; the bridge leaves its handle to WinRT's side.
+  HSTRING returnedString_ = nullptr;
   std::vector<std::string> problems_;
 };
 

@@ -8,6 +8,7 @@
 #import <objc/runtime.h>
 
 #include <cstring>
+#include <utility>
 
 namespace wrt::test {
 
@@ -203,7 +204,8 @@ void MemberCall::checkWord(const Argument &argument, void *place) {
 
 void MemberCall::writeResult(void *place) {
   if (isString(result_)) {
-    makeString(u"crossing", static_cast<HSTRING *>(place));
+    makeString(u"crossing", &returnedString_);
+    write(place, returnedString_);
   } else if (isArray(result_)) {
     // Nothing is delivered: the places stay as the bridge left them.
   } else if (result_.kind == '@') {
@@ -302,6 +304,7 @@ void MemberCall::run(Outcome outcome) {
   object_.forget();
   object_.queryStatus = 0;
   [pool release];
+  WRTHSTRINGRelease(std::exchange(returnedString_, nullptr));
   expect(object_.references == before, "a reference to the object is lost or kept");
   expect(argumentObject_.references == argumentBefore,
          "a reference to an argument or result is lost or kept");
