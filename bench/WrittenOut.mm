@@ -1,5 +1,7 @@
 #include "bench/WrittenOut.h"
 
+#include "bench/Cleanups.h"
+
 #include <ObjCRuntime.h>
 #include <WRTBridge.h>
 #import <WRTObjcBridge/WRTConversions.h>
@@ -9,22 +11,11 @@
 namespace {
 
 using wrt::abi::TestInterface;
+using wrt::bench::addCleanup;
+using wrt::bench::runCleanups;
 
 TestInterface *abi(WRTTestInterface *interface) {
   return reinterpret_cast<TestInterface *>(interface);
-}
-
-void addCleanup(NSMutableArray *cleanups, void (^cleanup)(void)) {
-  id copy = objc_retainBlock(cleanup);
-  [cleanups addObject:copy];
-  objc_release(copy);
-}
-
-void runCleanups(NSMutableArray *cleanups) {
-  NSEnumerator *enumerator = objc_retain([cleanups reverseObjectEnumerator]);
-  for (void (^cleanup)(void) in enumerator)
-    cleanup();
-  objc_release(enumerator);
 }
 
 } // namespace

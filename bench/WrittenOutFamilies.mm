@@ -1,5 +1,7 @@
 #include "bench/WrittenOutFamilies.h"
 
+#include "bench/Cleanups.h"
+
 #include <ObjCRuntime.h>
 #include <WRTBridge.h>
 #import <WRTObjcBridge/IVector.h>
@@ -17,21 +19,10 @@
 #include <platform/Windows.Foundation.platform.h>
 
 using namespace wrt;
+using bench::addCleanup;
+using bench::runCleanups;
 
 namespace {
-
-void addCleanup(NSMutableArray *cleanups, void (^cleanup)(void)) {
-  id copy = objc_retainBlock(cleanup);
-  [cleanups addObject:copy];
-  objc_release(copy);
-}
-
-void runCleanups(NSMutableArray *cleanups) {
-  NSEnumerator *enumerator = objc_retain([cleanups reverseObjectEnumerator]);
-  for (void (^cleanup)(void) in enumerator)
-    cleanup();
-  objc_release(enumerator);
-}
 
 /// The end of every member: what was held goes, the caller learns of the failure.
 void finish(void *interface, HRESULT status, NSError **error) {
