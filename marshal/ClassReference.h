@@ -7,13 +7,14 @@
 /// symbol's name belongs to the runtime, and only the preprocessor can put it together. May be
 /// repeated.
 #if defined(__NEXT_RUNTIME__)
+#define WRT_CLASS_SYMBOL "OBJC_CLASS_$_"
 // Marked for export like the class itself: the compiler takes the symbol as it is declared first.
 #define WRT_CLASS_REFERENCE(name)                                                                  \
-  extern "C" WRT_BRIDGE_API const wrt::ClassStructure k##name##Class __asm__(                      \
-      "OBJC_CLASS_$_" #name)
+  extern "C" WRT_BRIDGE_API const wrt::ClassStructure k##name##Class __asm__(WRT_CLASS_SYMBOL #name)
 #else
+#define WRT_CLASS_SYMBOL "_OBJC_CLASS_"
 #define WRT_CLASS_REFERENCE(name)                                                                  \
-  extern "C" const wrt::ClassStructure k##name##Class __asm__("_OBJC_CLASS_" #name)
+  extern "C" const wrt::ClassStructure k##name##Class __asm__(WRT_CLASS_SYMBOL #name)
 #endif
 
 #endif

@@ -62,20 +62,22 @@ int main(void) {
   printOutcome(error);
 
   printStep("A block as a delegate");
-  [object inDelegateWithArg:^HRESULT(int x, NSString *s, id<WRTTestInterfaceBridge> i,
-                                     WRTTestClassBridge *c) {
-    printf("    block got       %d, \"%s\", %s, %s\n", x, [s UTF8String],
-           [NSStringFromClass([(id)i class]) UTF8String],
-           [NSStringFromClass([c class]) UTF8String]);
-    return 0;
-  }
-                      error:&error];
+  [object
+      inDelegateWithArg:^HRESULT(int x, NSString *s, id<WRTTestInterfaceBridge> i,
+                                 WRTTestClassBridge *c) {
+        printf("    block got       %d, \"%s\", %s, %s\n", x, [s UTF8String],
+               [NSStringFromClass([(id)i class]) UTF8String],
+               [NSStringFromClass([c class]) UTF8String]);
+        return 0;
+      }
+                  error:&error];
   printOutcome(error);
-  [object inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
-    *result = @"an answer";
-    return 0;
-  }
-                                  error:&error];
+  [object
+      inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+        *result = @"an answer";
+        return 0;
+      }
+                              error:&error];
   printOutcome(error);
 
   printStep("Factory and statics");

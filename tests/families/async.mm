@@ -6,8 +6,8 @@
 #import <WRTObjcBridge/IAsyncOperation.h>
 #import <WRTObjcBridge/IAsyncOperationWithProgress.h>
 #import <WRTObjcBridge/Windows.Foundation.h>
-#import <WRTObjcBridge/Windows.Storage.h>
 #import <WRTObjcBridge/Windows.Storage.Streams.h>
+#import <WRTObjcBridge/Windows.Storage.h>
 #include <abi/IAsyncOperation.abi.h>
 #include <abi/Windows.Storage.Streams.abi.h>
 #include <abi/Windows.Storage.abi.h>
@@ -58,15 +58,16 @@ void handlerBefore() {
   UIntOperation operation = waitingFor(gate);
   void *const object = [static_cast<id>(operation) inner];
   NSError *error = staleErrorOfCaller();
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-    EXPECT_EQ([UIntBridge class], [static_cast<id>(done) class]);
-    EXPECT_EQ(object, [static_cast<id>(done) inner]);
-    EXPECT_EQ(kCompleted, asyncStatus);
-    EXPECT_EQ(17u, [done getResultsWithError:nullptr]);
-    calledGate->open();
-    return 0;
-  }
-                               error:&error];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
+        EXPECT_EQ([UIntBridge class], [static_cast<id>(done) class]);
+        EXPECT_EQ(object, [static_cast<id>(done) inner]);
+        EXPECT_EQ(kCompleted, asyncStatus);
+        EXPECT_EQ(17u, [done getResultsWithError:nullptr]);
+        calledGate->open();
+        return 0;
+      }
+                        error:&error];
   EXPECT_EQ(nil, error);
   EXPECT_EQ(kStarted, [infoOf(operation) getStatusWithError:nullptr]);
   gate->open();
@@ -122,12 +123,13 @@ void handlerKeepsBridge() {
   UIntOperation operation = waitingFor(gate);
   id kept = nil;
   id *const place = &kept;
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation done, int) {
-    EXPECT_EQ([static_cast<id>(operation) inner], [static_cast<id>(done) inner]);
-    *place = [static_cast<id>(done) retain];
-    return 0;
-  }
-                               error:nullptr];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation done, int) {
+        EXPECT_EQ([static_cast<id>(operation) inner], [static_cast<id>(done) inner]);
+        *place = [static_cast<id>(done) retain];
+        return 0;
+      }
+                        error:nullptr];
   gate->open();
   waitForPool();
   EXPECT_EQ(17u, [static_cast<UIntOperation>(kept) getResultsWithError:nullptr]);
@@ -145,16 +147,18 @@ void handlerRaces() {
       @autoreleasepool {
         for (int i = thread; i < kOperations; i += 4) {
           std::atomic<int> *const counter = &calls[static_cast<size_t>(i)];
-          UIntOperation operation = startedOperation<UInt32>(
-              [UIntBridge class], [i](const Work<> &, uint32_t &result) {
+          UIntOperation operation =
+              startedOperation<UInt32>([UIntBridge class], [i](const Work<> &, uint32_t &result) {
                 result = static_cast<uint32_t>(i);
                 return status::kOk;
               });
-          [operation setCompletedWithHandler:^HRESULT(UIntOperation done, int) {
-            *counter += static_cast<uint32_t>(i) == [done getResultsWithError:nullptr] ? 1 : 100;
-            return 0;
-          }
-                                       error:nullptr];
+          [operation
+              setCompletedWithHandler:^HRESULT(UIntOperation done, int) {
+                *counter +=
+                    static_cast<uint32_t>(i) == [done getResultsWithError:nullptr] ? 1 : 100;
+                return 0;
+              }
+                                error:nullptr];
         }
       }
     });
@@ -171,10 +175,11 @@ void handlerResult() {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   UIntOperation operation = waitingFor(gate);
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation, int asyncStatus) {
-    return asyncStatus == 42 ? static_cast<HRESULT>(0x80071234) : 0;
-  }
-                               error:nullptr];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation, int asyncStatus) {
+        return asyncStatus == 42 ? static_cast<HRESULT>(0x80071234) : 0;
+      }
+                        error:nullptr];
   auto *raw = static_cast<abi::IAsyncOperation__1_WRTUINT32 *>([static_cast<id>(operation) inner]);
   auto *typed = interfaceCast<IAsyncOperation<UInt32>>(raw);
   ComPtr<CompletedHandler<UInt32, void>> delegate;
@@ -205,9 +210,8 @@ void resultsByKind() {
       [WRTIAsyncOperation__1_WRTHSTRING_Bridge class], status::kOk, StringHolder(u"Grüße"));
   EXPECT_TRUE([[text getResultsWithError:&error] isEqual:@"Grüße"]);
   for (int byte : {0, 1, 2, 0x80, 0xCC}) {
-    id<WRTIAsyncOperation__1_WRTbool_Bridge> yes =
-        ended<Boolean>([WRTIAsyncOperation__1_WRTbool_Bridge class], status::kOk,
-                       static_cast<uint8_t>(byte));
+    id<WRTIAsyncOperation__1_WRTbool_Bridge> yes = ended<Boolean>(
+        [WRTIAsyncOperation__1_WRTbool_Bridge class], status::kOk, static_cast<uint8_t>(byte));
     EXPECT_EQ(byte ? 1 : 0, static_cast<int>([yes getResultsWithError:&error]));
   }
   id<WRTIAsyncOperation__1_WRTStartupTaskState_Bridge> state =
@@ -245,11 +249,12 @@ void resultsNull() {
 void resultsFailing() {
   UIntOperation operation = ended<UInt32>([UIntBridge class], status::kBounds);
   __block int seen = -1;
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation, int asyncStatus) {
-    seen = asyncStatus;
-    return 0;
-  }
-                               error:nullptr];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation, int asyncStatus) {
+        seen = asyncStatus;
+        return 0;
+      }
+                        error:nullptr];
   EXPECT_EQ(kError, seen);
   NSError *error = nil;
   EXPECT_EQ(0u, [operation getResultsWithError:&error]);
@@ -284,21 +289,22 @@ void cancelRunning() {
         std::unique_lock lock(mutex);
         started->open();
         std::condition_variable_any never;
-        EXPECT_FALSE(never.wait_for(lock, work.token(), std::chrono::seconds(30),
-                                    [] { return false; }));
+        EXPECT_FALSE(
+            never.wait_for(lock, work.token(), std::chrono::seconds(30), [] { return false; }));
         EXPECT_TRUE(work.isCanceled());
         result = 5;
         return status::kOk;
       });
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-    EXPECT_EQ(kCanceled, asyncStatus);
-    NSError *error = nil;
-    EXPECT_EQ(0u, [done getResultsWithError:&error]);
-    EXPECT_EQ(status::kAbort, [error code]);
-    calledGate->open();
-    return 0;
-  }
-                               error:nullptr];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
+        EXPECT_EQ(kCanceled, asyncStatus);
+        NSError *error = nil;
+        EXPECT_EQ(0u, [done getResultsWithError:&error]);
+        EXPECT_EQ(status::kAbort, [error code]);
+        calledGate->open();
+        return 0;
+      }
+                        error:nullptr];
   started->wait();
   NSError *error = staleErrorOfCaller();
   [infoOf(operation) cancelWithError:&error];
@@ -336,15 +342,16 @@ void cancelRaces() {
           [info cancelWithError:nullptr];
         }
       });
-      [operation setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-        NSError *error = nil;
-        const unsigned int result = [done getResultsWithError:&error];
-        EXPECT_TRUE(asyncStatus == kCompleted ? result == 17 && !error
-                                              : asyncStatus == kCanceled && error);
-        ++*counter;
-        return 0;
-      }
-                                   error:nullptr];
+      [operation
+          setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
+            NSError *error = nil;
+            const unsigned int result = [done getResultsWithError:&error];
+            EXPECT_TRUE(asyncStatus == kCompleted ? result == 17 && !error
+                                                  : asyncStatus == kCanceled && error);
+            ++*counter;
+            return 0;
+          }
+                            error:nullptr];
       canceling.join();
     }
   }
@@ -374,11 +381,12 @@ void closed() {
   EXPECT_EQ(0u, [operation getResultsWithError:&error]);
   EXPECT_EQ(status::kIllegalMethodCall, [error code]);
   __block int calls = 0;
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation, int) {
-    ++calls;
-    return 0;
-  }
-                               error:&error];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation, int) {
+        ++calls;
+        return 0;
+      }
+                        error:&error];
   EXPECT_EQ(status::kIllegalMethodCall, [error code]);
   EXPECT_EQ(0, calls);
 }
@@ -400,25 +408,28 @@ void progress() {
       });
   void *const object = [static_cast<id>(operation) inner];
   NSError *error = staleErrorOfCaller();
-  [operation setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
-    ADD_FAILURE() << "this handler is replaced";
-    return 0;
-  }
-                              error:&error];
+  [operation
+      setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
+        ADD_FAILURE() << "this handler is replaced";
+        return 0;
+      }
+                       error:&error];
   EXPECT_EQ(nil, error);
-  [operation setProgressWithHandler:^HRESULT(ProgressOperation running, unsigned int done) {
-    EXPECT_EQ([ProgressBridge class], [static_cast<id>(running) class]);
-    EXPECT_EQ(object, [static_cast<id>(running) inner]);
-    seen->push_back(done);
-    return 0;
-  }
-                              error:&error];
-  [operation setCompletedWithHandler:^HRESULT(ProgressOperation done, int) {
-    EXPECT_EQ(9u, [done getResultsWithError:nullptr]);
-    calledGate->open();
-    return 0;
-  }
-                               error:&error];
+  [operation
+      setProgressWithHandler:^HRESULT(ProgressOperation running, unsigned int done) {
+        EXPECT_EQ([ProgressBridge class], [static_cast<id>(running) class]);
+        EXPECT_EQ(object, [static_cast<id>(running) inner]);
+        seen->push_back(done);
+        return 0;
+      }
+                       error:&error];
+  [operation
+      setCompletedWithHandler:^HRESULT(ProgressOperation done, int) {
+        EXPECT_EQ(9u, [done getResultsWithError:nullptr]);
+        calledGate->open();
+        return 0;
+      }
+                        error:&error];
   gate->open();
   called.wait();
   EXPECT_EQ((std::vector<unsigned>{0, 50, 0xFFFFFFFF}), reports);
@@ -432,11 +443,12 @@ void progressAfterEnd() {
       [ProgressBridge class], [](const Work<UInt32> &, uint32_t &) { return status::kOk; });
   waitForPool();
   NSError *error = nil;
-  [operation setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
-    [operation getResultsWithError:nullptr];
-    return 0;
-  }
-                              error:&error];
+  [operation
+      setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
+        [operation getResultsWithError:nullptr];
+        return 0;
+      }
+                       error:&error];
   EXPECT_EQ(nil, error);
 }
 
@@ -453,14 +465,15 @@ void action() {
   EXPECT_EQ(status::kIllegalMethodCall, [error code]);
   std::atomic<int> calls = 0;
   std::atomic<int> *const counter = &calls;
-  [operation setCompletedWithHandler:^HRESULT(id<WRTIAsyncActionBridge> done, int asyncStatus) {
-    EXPECT_EQ([WRTIAsyncActionBridge class], [static_cast<id>(done) class]);
-    EXPECT_EQ(kCompleted, asyncStatus);
-    [done getResultsWithError:nullptr];
-    ++*counter;
-    return 0;
-  }
-                               error:&error];
+  [operation
+      setCompletedWithHandler:^HRESULT(id<WRTIAsyncActionBridge> done, int asyncStatus) {
+        EXPECT_EQ([WRTIAsyncActionBridge class], [static_cast<id>(done) class]);
+        EXPECT_EQ(kCompleted, asyncStatus);
+        [done getResultsWithError:nullptr];
+        ++*counter;
+        return 0;
+      }
+                        error:&error];
   gate->open();
   waitForPool();
   EXPECT_EQ(1, calls);
@@ -474,11 +487,12 @@ void interfaceMissing() {
   NSError *const stale = staleErrorOfCaller();
   NSError *error = stale;
   EXPECT_EQ(0u, [operation getResultsWithError:&error]);
-  [operation setCompletedWithHandler:^HRESULT(UIntOperation, int) {
-    ADD_FAILURE() << "nothing is installed";
-    return 0;
-  }
-                               error:&error];
+  [operation
+      setCompletedWithHandler:^HRESULT(UIntOperation, int) {
+        ADD_FAILURE() << "nothing is installed";
+        return 0;
+      }
+                        error:&error];
   EXPECT_EQ(stale, error);
 }
 
@@ -495,18 +509,20 @@ void thousands() {
             result = i;
             return i % 7 == 0 ? status::kFail : status::kOk;
           });
-      [operation setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
-        return 0;
-      }
-                                  error:nullptr];
-      [operation setCompletedWithHandler:^HRESULT(ProgressOperation done, int asyncStatus) {
-        NSError *error = nil;
-        const unsigned int result = [done getResultsWithError:&error];
-        EXPECT_EQ(asyncStatus == kError, error != nil);
-        *total += 1'000'000 + result;
-        return 0;
-      }
-                                   error:nullptr];
+      [operation
+          setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
+            return 0;
+          }
+                           error:nullptr];
+      [operation
+          setCompletedWithHandler:^HRESULT(ProgressOperation done, int asyncStatus) {
+            NSError *error = nil;
+            const unsigned int result = [done getResultsWithError:&error];
+            EXPECT_EQ(asyncStatus == kError, error != nil);
+            *total += 1'000'000 + result;
+            return 0;
+          }
+                            error:nullptr];
     }
   }
   waitForPool();

@@ -5,12 +5,12 @@
 #include "platform/linux/components/values/NumericConversion.h"
 #include "platform/linux/components/values/Reference.h"
 
+#include <WRTBridge.h>
 #import <WRTObjcBridge/IReference.h>
 #import <WRTObjcBridge/WRTIInspectableBridge.h>
 #import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/Windows.UI.Xaml.h>
 #import <WRTObjcBridge/Windows.UI.h>
-#include <WRTBridge.h>
 #include <abi/IReference.abi.h>
 
 #include <array>
@@ -224,8 +224,7 @@ void conversions() {
   EXPECT_FALSE(overflow());
   [minusOne getUInt64WithError:&error];
   EXPECT_TRUE(overflow());
-  WRTIPropertyValueBridge *most =
-      valueOf([Values createUInt64WithValue:UINT64_MAX error:nullptr]);
+  WRTIPropertyValueBridge *most = valueOf([Values createUInt64WithValue:UINT64_MAX error:nullptr]);
   [most getInt64WithError:&error];
   EXPECT_TRUE(overflow());
   EXPECT_EQ(0x1p64f, [most getSingleWithError:&error]);
@@ -287,20 +286,22 @@ void arrays() {
   arrayRoundTrip<unsigned char>(
       1035, {0, 1},
       [](auto n, auto v, auto e) {
-        return [Values createBooleanArrayWithValueSize:n
-                                                    value:reinterpret_cast<bool *>(v)
-                                                    error:e];
+        return [Values createBooleanArrayWithValueSize:n value:reinterpret_cast<bool *>(v) error:e];
       },
-      [](auto b, auto n, auto v, auto e) { 
+      [](auto b, auto n, auto v, auto e) {
         [b getBooleanArrayWithValueSize:n value:reinterpret_cast<bool **>(v) error:e];
-       });
+      });
   arrayRoundTrip<GUID>(
       1040, {abi::IUnknown::kIid, abi::IInspectable::kIid},
-      [](auto n, auto v, auto e) { return [Values createGuidArrayWithValueSize:n value:v error:e]; },
+      [](auto n, auto v, auto e) {
+        return [Values createGuidArrayWithValueSize:n value:v error:e];
+      },
       [](auto b, auto n, auto v, auto e) { [b getGuidArrayWithValueSize:n value:v error:e]; });
   arrayRoundTrip<WRTRect>(
       1043, {{1, 2, 3, 4}, {5, 6, 7, 8}},
-      [](auto n, auto v, auto e) { return [Values createRectArrayWithValueSize:n value:v error:e]; },
+      [](auto n, auto v, auto e) {
+        return [Values createRectArrayWithValueSize:n value:v error:e];
+      },
       [](auto b, auto n, auto v, auto e) { [b getRectArrayWithValueSize:n value:v error:e]; });
 }
 
@@ -366,10 +367,11 @@ void references() {
   boxed = [Values createUInt32WithValue:0xFFFFFFFF error:&error];
   EXPECT_EQ(0xFFFFFFFF, [[WRTIReference__1_WRTUINT32_Bridge cast:boxed] getValueWithError:&error]);
   boxed = [Values createDateTimeWithValue:WRTDateTime{7} error:&error];
-  EXPECT_EQ(7, [[WRTIReference__1_WRTDateTime_Bridge cast:boxed] getValueWithError:&error]
-                   .UniversalTime);
+  EXPECT_EQ(
+      7, [[WRTIReference__1_WRTDateTime_Bridge cast:boxed] getValueWithError:&error].UniversalTime);
   boxed = [Values createTimeSpanWithValue:WRTTimeSpan{8} error:&error];
-  EXPECT_EQ(8, [[WRTIReference__1_WRTTimeSpan_Bridge cast:boxed] getValueWithError:&error].Duration);
+  EXPECT_EQ(8,
+            [[WRTIReference__1_WRTTimeSpan_Bridge cast:boxed] getValueWithError:&error].Duration);
 
   using Color = Struct<WRTColor, "Windows.UI.Color", UInt8, UInt8, UInt8, UInt8>;
   abi::IReference__1_WRTColor *color = nullptr;
@@ -377,10 +379,11 @@ void references() {
   id<WRTIReference__1_WRTColor_Bridge> colorBridge =
       [WRTIReference__1_WRTColor_Bridge bridgeTransfer:color];
   EXPECT_TRUE(same(WRTColor{1, 2, 3, 4}, [colorBridge getValueWithError:&error]));
-  EXPECT_EQ(20, [[WRTIPropertyValueBridge cast:static_cast<id>(colorBridge)]
-                    getTypeWithError:&error]);
+  EXPECT_EQ(20,
+            [[WRTIPropertyValueBridge cast:static_cast<id>(colorBridge)] getTypeWithError:&error]);
 
-  using Thickness = Struct<WRTThickness, "Windows.UI.Xaml.Thickness", Double, Double, Double, Double>;
+  using Thickness =
+      Struct<WRTThickness, "Windows.UI.Xaml.Thickness", Double, Double, Double, Double>;
   abi::IReference__1_WRTThickness *thickness = nullptr;
   makeReference<Thickness>(&thickness, WRTThickness{1, 2, 3, 4});
   id<WRTIReference__1_WRTThickness_Bridge> thicknessBridge =
@@ -389,8 +392,8 @@ void references() {
   EXPECT_EQ(nil, error);
 
   boxed = [Values createDoubleWithValue:2.5 error:&error];
-  WRTIUnknownRelease([[WRTIReference__1_WRTDOUBLE_Bridge cast:boxed]
-      _WRTIReference__1_WRTDOUBLEWithError:&error]);
+  WRTIUnknownRelease(
+      [[WRTIReference__1_WRTDOUBLE_Bridge cast:boxed] _WRTIReference__1_WRTDOUBLEWithError:&error]);
   boxed = [Values createBooleanWithValue:true error:&error];
   WRTIUnknownRelease([[WRTIReference__1_WRTboolean_Bridge cast:boxed]
       _WRTIReference__1_WRTbooleanWithError:&error]);

@@ -5,11 +5,11 @@
 #include "platform/linux/components/collections/ObservableMap.h"
 #include "platform/linux/components/collections/Vector.h"
 
+#include <WRTBridge.h>
 #import <WRTObjcBridge/IMap.h>
 #import <WRTObjcBridge/IMapView.h>
 #import <WRTObjcBridge/IVector.h>
 #import <WRTObjcBridge/WRTIInspectableBridge.h>
-#include <WRTBridge.h>
 #include <abi/IMap.abi.h>
 
 namespace wrt::test {
@@ -37,8 +37,8 @@ Objects newObjects() {
 }
 
 id<WRTIVector__1_WRTHSTRING_Bridge> newList() {
-  return [WRTIVector__1_WRTHSTRING_Bridge
-      bridgeTransfer:make<Vector<String>>().detach()->identity()];
+  return
+      [WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:make<Vector<String>>().detach()->identity()];
 }
 
 id<WRTIInspectableBridge> newObject() {

@@ -5,11 +5,11 @@
 #include "platform/linux/components/collections/ObservableMap.h"
 #include "platform/linux/components/collections/ObservableVector.h"
 
+#include <WRTBridge.h>
 #import <WRTObjcBridge/IObservableVector.h>
 #import <WRTObjcBridge/IVector.h>
 #import <WRTObjcBridge/Windows.Foundation.Collections.h>
 #import <WRTObjcBridge/Windows.Storage.h>
-#include <WRTBridge.h>
 #include <abi/IObservableVector.abi.h>
 #include <abi/Windows.Storage.abi.h>
 
@@ -34,7 +34,8 @@ ObservableFolders newFolders() {
 
 /// The same object as the vector that changes it.
 Folders vectorOf(ObservableFolders folders) {
-  return static_cast<Folders>([WRTIVector__1_WRTStorageFolder_P_Bridge cast:static_cast<id>(folders)]);
+  return static_cast<Folders>(
+      [WRTIVector__1_WRTStorageFolder_P_Bridge cast:static_cast<id>(folders)]);
 }
 
 // Sender and arguments; the arguments answer their accessor.
@@ -42,9 +43,9 @@ void handler() {
   ObservableFolders folders = newFolders();
   __block int calls = 0;
   NSError *error = staleErrorOfCaller();
-  const WRTEventRegistrationToken token =
-      [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders sender,
-                                                    id<WRTIVectorChangedEventArgsBridge> event) {
+  const WRTEventRegistrationToken token = [folders
+      addVectorChangedWithHandler:^HRESULT(ObservableFolders sender,
+                                           id<WRTIVectorChangedEventArgsBridge> event) {
         EXPECT_EQ([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class],
                   [static_cast<id>(sender) class]);
         EXPECT_EQ([static_cast<id>(folders) inner], [static_cast<id>(sender) inner]);
@@ -63,7 +64,7 @@ void handler() {
         ++calls;
         return 0;
       }
-                                     error:&error];
+                            error:&error];
   EXPECT_EQ(nil, error);
   EXPECT_GT(token.value, 0xFFFFFFFFll) << "beyond 32 bits";
   [vectorOf(folders) appendWithItem:nil error:nullptr];
@@ -82,11 +83,11 @@ void everyChange() {
       [WRTIObservableVector__1_WRTStorageFolder_P_Bridge bridge:vector->identity()]);
   std::string changes;
   std::string *const seen = &changes;
-  const WRTEventRegistrationToken token =
-      [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders,
-                                                    id<WRTIVectorChangedEventArgsBridge> event) {
-        auto change = ComPtr<IVectorChangedEventArgs>::adopt(
-            reinterpret_cast<IVectorChangedEventArgs *>(
+  const WRTEventRegistrationToken token = [folders
+      addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                           id<WRTIVectorChangedEventArgsBridge> event) {
+        auto change =
+            ComPtr<IVectorChangedEventArgs>::adopt(reinterpret_cast<IVectorChangedEventArgs *>(
                 [event _WRTIVectorChangedEventArgsWithError:nullptr]));
         int32_t kind = 0;
         uint32_t index = 0;
@@ -95,7 +96,7 @@ void everyChange() {
         *seen += std::to_string(kind) + "@" + std::to_string(index) + " ";
         return 0;
       }
-                                     error:nullptr];
+                            error:nullptr];
   Folders changed = vectorOf(folders);
   [changed appendWithItem:nil error:nullptr];
   [changed appendWithItem:nil error:nullptr];
@@ -136,13 +137,14 @@ void hundredHandlers() {
   ObservableFolders folders = newFolders();
   __block int calls = 0;
   for (int i = 0; i < 100; ++i) {
-    [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders,
-                                                  id<WRTIVectorChangedEventArgsBridge>) {
-      EXPECT_EQ(i, calls % 100) << "in the order of subscription";
-      ++calls;
-      return i == 17 ? status::kFail : status::kOk;
-    }
-                                   error:nullptr];
+    [folders
+        addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                             id<WRTIVectorChangedEventArgsBridge>) {
+          EXPECT_EQ(i, calls % 100) << "in the order of subscription";
+          ++calls;
+          return i == 17 ? status::kFail : status::kOk;
+        }
+                              error:nullptr];
   }
   [vectorOf(folders) appendWithItem:nil error:nullptr];
   [vectorOf(folders) clearWithError:nullptr];
@@ -150,16 +152,15 @@ void hundredHandlers() {
 }
 
 void interfaceMissing() {
-  ObservableFolders folders =
-      strangerOf([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class]);
+  ObservableFolders folders = strangerOf([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class]);
   NSError *const stale = staleErrorOfCaller();
   NSError *error = stale;
-  const WRTEventRegistrationToken token =
-      [folders addVectorChangedWithHandler:^HRESULT(ObservableFolders,
-                                                    id<WRTIVectorChangedEventArgsBridge>) {
+  const WRTEventRegistrationToken token = [folders
+      addVectorChangedWithHandler:^HRESULT(ObservableFolders,
+                                           id<WRTIVectorChangedEventArgsBridge>) {
         return 0;
       }
-                                     error:&error];
+                            error:&error];
   [folders removeVectorChangedWithToken:token error:&error];
   EXPECT_EQ(stale, error);
 }
@@ -236,19 +237,18 @@ void maps() {
 
 // The property sets can be activated by name.
 void propertySets() {
-  for (const char16_t *name :
-       {u"Windows.Foundation.Collections.PropertySet", u"Windows.Foundation.Collections.ValueSet"}) {
+  for (const char16_t *name : {u"Windows.Foundation.Collections.PropertySet",
+                               u"Windows.Foundation.Collections.ValueSet"}) {
     id set = [WRTValueSetBridge bridgeTransfer:WRTActivateInstance(name)];
     NSError *error = nil;
-    auto map = ComPtr<IMap<String, Inspectable>>::adopt(
-        reinterpret_cast<IMap<String, Inspectable> *>(
+    auto map =
+        ComPtr<IMap<String, Inspectable>>::adopt(reinterpret_cast<IMap<String, Inspectable> *>(
             [set _WRTIMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]));
     ASSERT_EQ(nil, error);
     uint8_t replaced = 1;
     EXPECT_EQ(status::kOk, map->Insert(nullptr, map.get(), &replaced));
     map->Clear();
-    WRTIUnknownRelease(
-        [set _WRTIObservableMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]);
+    WRTIUnknownRelease([set _WRTIObservableMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]);
     WRTIUnknownRelease([set _WRTIPropertySetWithError:&error]);
     EXPECT_EQ(nil, error);
   }

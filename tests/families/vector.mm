@@ -4,6 +4,7 @@
 
 #include "platform/linux/components/collections/Vector.h"
 
+#include <WRTBridge.h>
 #import <WRTObjcBridge/IIterable.h>
 #import <WRTObjcBridge/IIterator.h>
 #import <WRTObjcBridge/IVector.h>
@@ -11,7 +12,6 @@
 #import <WRTObjcBridge/Windows.Media.Devices.h>
 #import <WRTObjcBridge/Windows.Storage.h>
 #import <WRTObjcBridge/Windows.UI.Popups.h>
-#include <WRTBridge.h>
 #include <abi/IVector.abi.h>
 #include <abi/IVectorView.abi.h>
 #include <abi/Windows.Media.Devices.abi.h>
@@ -66,8 +66,7 @@ Commands newCommands() {
 }
 
 id<WRTIUICommandBridge> newCommand() {
-  return [WRTIUICommandBridge
-      bridgeTransfer:make<StandIn<abi::IUICommand>>().detach()->identity()];
+  return [WRTIUICommandBridge bridgeTransfer:make<StandIn<abi::IUICommand>>().detach()->identity()];
 }
 
 /// The elements, joined by spaces; each is a string that the bulk read leaves behind.
@@ -136,7 +135,9 @@ void bulkRead() {
   EXPECT_EQ(nil, error);
   EXPECT_EQ(1u, [[vector getManyWithStartIndex:0 capacity:1 error:&error] count]);
   for (unsigned int start : {0u, 3u}) {
-    NSArray *nothing = [vector getManyWithStartIndex:start capacity:start == 0 ? 0 : 5 error:&error];
+    NSArray *nothing = [vector getManyWithStartIndex:start
+                                            capacity:start == 0 ? 0 : 5
+                                               error:&error];
     EXPECT_NE(nil, nothing);
     EXPECT_EQ(0u, [nothing count]);
     EXPECT_EQ(nil, error);
@@ -238,9 +239,11 @@ void objectsFailingElement() {
 // Counts: what is passed on, what is allocated, then before each element. Neither side touches
 // more than there is.
 void changingArrays() {
-  for (const std::vector<NSUInteger> &counts :
-       {std::vector<NSUInteger>{2, 2, 3, 3, 3, 3}, {3, 3, 3, 1, 1}, {3, 2, 2, 2, 2}, {2, 3, 3, 3, 3},
-        {0, 0, 2, 2, 2}}) {
+  for (const std::vector<NSUInteger> &counts : {std::vector<NSUInteger>{2, 2, 3, 3, 3, 3},
+                                                {3, 3, 3, 1, 1},
+                                                {3, 2, 2, 2, 2},
+                                                {2, 3, 3, 3, 3},
+                                                {0, 0, 2, 2, 2}}) {
     ChangingArray *array = [[[ChangingArray alloc] init] autorelease];
     array->counts = counts;
     array->element = @"element";

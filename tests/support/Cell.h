@@ -14,8 +14,8 @@ struct Cell {
   Cell(const char *name, void (*body)());
 };
 
-/// What the running cell leaves behind because the library keeps it on purpose. To be announced before
-/// it is made.
+/// What the running cell leaves behind because the library keeps it on purpose. To be announced
+/// before it is made.
 struct Leftover {
   int strings = 0;
   int extraHandles = 0; ///< handles beyond one for each string

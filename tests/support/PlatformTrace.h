@@ -15,7 +15,8 @@ struct PlatformCall {
   size_t size = 0;
 };
 
-/// Makes the `WRTHSTRINGDuplicate` of this thread that comes after `after` others fail with `status`.
+/// Makes the `WRTHSTRINGDuplicate` of this thread that comes after `after` others fail with
+/// `status`.
 void failNextDuplicate(HRESULT status, int after = 0);
 
 /// Records the calls of allocation and release functions that this thread makes while it lives. The

@@ -1,5 +1,5 @@
-// An application of the installed library. Its argument is a library with a component, the class behind
-// WRTTestClassBridge, which no installation has.
+// An application of the installed library. Its argument is a library with a component, the class
+// behind WRTTestClassBridge, which no installation has.
 #if defined(AS_MODULE)
 @import WRTObjcBridge;
 #else
@@ -22,10 +22,12 @@ static void expect(BOOL holds, const char *what) {
 
 int main(int count, char **arguments) {
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-  expect([[[WRTTestClassBridge alloc] init] autorelease] == nil, "a class without a component is activated");
+  expect([[[WRTTestClassBridge alloc] init] autorelease] == nil,
+         "a class without a component is activated");
 
   if (count != 2 || !dlopen(arguments[1], RTLD_NOW)) {
-    fprintf(stderr, "application: no component: %s\n", count == 2 ? dlerror() : "one argument is wanted");
+    fprintf(stderr, "application: no component: %s\n",
+            count == 2 ? dlerror() : "one argument is wanted");
     return 2;
   }
   NSError *error = nil;
@@ -38,17 +40,19 @@ int main(int count, char **arguments) {
   expect([strings count] != 0 && !error, "no strings come back");
 
   __block int calls = 0;
-  [object inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
-    ++calls;
-    *result = @"an answer";
-    return 0;
-  }
-                                  error:&error];
+  [object
+      inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
+        ++calls;
+        *result = @"an answer";
+        return 0;
+      }
+                              error:&error];
   expect(calls == 1 && !error, "the block is not called");
 
   NSString *text = @"Grüße 😀";
   WRTHSTRINGBridge *held = [WRTHSTRINGBridge createWithString:text];
-  expect([[[WRTHSTRINGBridge bridge:[held hstring]] string] isEqual:text], "a string is not the same");
+  expect([[[WRTHSTRINGBridge bridge:[held hstring]] string] isEqual:text],
+         "a string is not the same");
   expect([WRTCreateNSErrorFromHRESULT((HRESULT)0x80004005) code] == (HRESULT)0x80004005,
          "an error has another code");
 

@@ -32,7 +32,7 @@
 
 FOUNDATION_CLASS
 __attribute__((objc_root_class))
-@interface NSObject <NSObject> {
+@interface NSObject<NSObject> {
   Class isa;
 }
 + (instancetype)alloc;
