@@ -23,7 +23,7 @@ namespace wrt::bench {
 
 namespace {
 
-using namespace component;
+using namespace implement;
 
 using Region = ClassRef<abi::IRegionOfInterest, "Windows.Media.Devices.RegionOfInterest">;
 using Operation = IAsyncOperation<UInt32>;

@@ -1,7 +1,7 @@
 #ifndef WRT_BENCH_QUIET_COMPONENT_H
 #define WRT_BENCH_QUIET_COMPONENT_H
 
-#include "platform/linux/component/EventSource.h"
+#include "platform/linux/implement/EventSource.h"
 #include "tests/component/TestObject.h"
 
 #include <WRTBridge.h>

@@ -13,12 +13,12 @@ namespace wrt::bench {
 
 namespace {
 
-using component::ComPtr;
+using implement::ComPtr;
 
 /// What all rows work on; lives to the end of the process.
 struct Fixture {
-  ComPtr<QuietObject> object = component::make<QuietObject>();
-  ComPtr<QuietObject> failing = component::make<QuietObject>();
+  ComPtr<QuietObject> object = implement::make<QuietObject>();
+  ComPtr<QuietObject> failing = implement::make<QuietObject>();
   void *identity = object->identity();
   WRTTestInterfaceBridge *bridge = retained([WRTTestInterfaceBridge bridge:identity]);
   WrittenOut *written = retained([WrittenOut bridge:identity]);

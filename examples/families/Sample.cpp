@@ -7,7 +7,7 @@
 #include <chrono>
 #include <thread>
 
-using namespace wrt::component;
+using namespace wrt::implement;
 namespace status = wrt::status;
 
 void *SampleAddUp(unsigned int count) {

@@ -1,6 +1,6 @@
 #include "tests/component/TestObject.h"
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/string/HString.h"
 
 #include <WRTBridge.h>
@@ -10,7 +10,7 @@
 
 namespace wrt::test {
 
-using component::ComPtr;
+using implement::ComPtr;
 
 namespace {
 
@@ -33,7 +33,7 @@ HSTRING makeElement(int32_t index, HSTRING *) {
 }
 
 abi::TestInterface *makeElement(int32_t, abi::TestInterface **) {
-  return script().nullObjects ? nullptr : component::make<TestObject>().detach();
+  return script().nullObjects ? nullptr : implement::make<TestObject>().detach();
 }
 
 template <class T>
@@ -157,7 +157,7 @@ HRESULT TestObject::InDelegate(abi::TestDelegate *arg) {
   recordCrossing("InDelegate");
   if (script().status >= 0) {
     for (int i = 0; i < script().invocations; ++i) {
-      const component::StringHolder text(u"text");
+      const implement::StringHolder text(u"text");
       abi::TestInterface *object = script().nullObjects ? nullptr : this;
       recordCrossing("Invoke " + hex(arg->Invoke(i, text.get(), object, object)));
     }

@@ -2,7 +2,7 @@
 #define WRT_TESTS_TEST_OBJECT_H
 
 #include "platform/linux/activation/ActivationRegistry.h"
-#include "platform/linux/component/Implements.h"
+#include "platform/linux/implement/Implements.h"
 #include "tests/component/Script.h"
 
 #include <abi/test.abi.h>
@@ -11,7 +11,7 @@ namespace wrt::test {
 
 /// The component behind the test interfaces: records what reaches it and hands out what the script
 /// says.
-class TestObject : public component::Implements<abi::TestInterface, abi::TestInterface2> {
+class TestObject : public implement::Implements<abi::TestInterface, abi::TestInterface2> {
 public:
   HRESULT WRT_ABI VoidFunction() override;
   HRESULT WRT_ABI InPrimitive(int32_t x) override;
@@ -74,7 +74,7 @@ public:
 
 /// The statics and the factory of the test class.
 class TestFactory
-    : public component::DefaultActivationFactory<TestObject, abi::TestInterfaceStatics,
+    : public implement::DefaultActivationFactory<TestObject, abi::TestInterfaceStatics,
                                                  abi::TestInterfaceFactory> {
 public:
   HRESULT WRT_ABI TestStaticFunction() override;
@@ -82,7 +82,7 @@ public:
 };
 
 /// The delegate that `InDelegate` kept last, or null.
-component::ComPtr<abi::TestDelegate> keptDelegate();
+implement::ComPtr<abi::TestDelegate> keptDelegate();
 void dropKeptDelegate();
 
 } // namespace wrt::test

@@ -1,6 +1,6 @@
 // The string bridge and the exported string conversions.
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "tests/support/Cell.h"
 #include "tests/support/LogRecorder.h"
 #include "tests/support/PlatformTrace.h"
@@ -19,11 +19,11 @@ void roundTrip() {
   const std::u16string texts[] = {u"a",      std::u16string(u"a\0b", 3), u"\xD800x",
                                   u"\xDC00", u"\xD83D\xDE00 emoji",      million};
   for (const std::u16string &text : texts) {
-    const wrt::component::StringHolder original(text);
+    const wrt::implement::StringHolder original(text);
     NSString *string = WRTCreateNSStringFromHSTRING(original.get());
     ASSERT_EQ(text.size(), [string length]);
     EXPECT_EQ(text.back(), [string characterAtIndex:text.size() - 1]);
-    const auto copy = wrt::component::StringHolder::adopt(WRTCreateHSTRINGFromNSString(string));
+    const auto copy = wrt::implement::StringHolder::adopt(WRTCreateHSTRINGFromNSString(string));
     EXPECT_EQ(text, copy.view());
   }
 }

@@ -1,6 +1,6 @@
 #include "tests/exhaustive/MemberCall.h"
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <WRTBridge.h>
 #import <WRTObjcBridge/WRTUnknownBridge.h>

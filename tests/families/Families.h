@@ -2,8 +2,8 @@
 #ifndef WRT_TESTS_FAMILIES_H
 #define WRT_TESTS_FAMILIES_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/async/AsyncOperation.h"
+#include "platform/linux/implement/Implements.h"
 #include "tests/support/Cell.h"
 #include "tests/support/LogRecorder.h"
 #include "tests/support/PlatformTrace.h"
@@ -41,7 +41,7 @@ private:
 
 /// Waits at the end of a cell until the pool has dropped what the cell's operations own.
 struct PoolDrained {
-  ~PoolDrained() { component::waitForPool(); }
+  ~PoolDrained() { implement::waitForPool(); }
 };
 
 /// An error variable that holds something, as a caller's may from an earlier call.
@@ -57,11 +57,11 @@ struct Memberless : abi::IInspectable {
 
 /// An object that says it has `Interface`.
 template <class Interface>
-class StandIn final : public component::Implements<Memberless<Interface>> {
+class StandIn final : public implement::Implements<Memberless<Interface>> {
 public:
   /// Borrowed.
   Interface *interface() {
-    return component::interfaceCast<Interface>(static_cast<Memberless<Interface> *>(this));
+    return implement::interfaceCast<Interface>(static_cast<Memberless<Interface> *>(this));
   }
 };
 
@@ -75,8 +75,8 @@ inline id strangerOf(Class type) {
 /// A bridge of `type`, autoreleased, for the operation that runs `work`.
 template <class Result = void, class Progress = void, class Lambda>
 id startedOperation(Class type, Lambda work) {
-  component::IAsync<Result, Progress> *operation = nullptr;
-  EXPECT_EQ(status::kOk, (component::startAsync<Result, Progress>(&operation, std::move(work))));
+  implement::IAsync<Result, Progress> *operation = nullptr;
+  EXPECT_EQ(status::kOk, (implement::startAsync<Result, Progress>(&operation, std::move(work))));
   return [type bridgeTransfer:operation];
 }
 

@@ -7,7 +7,7 @@
 
 namespace wrt::test {
 
-using namespace component;
+using namespace implement;
 
 IAsyncOperation<UInt32> *startThrowing(bool outOfMemory) {
   IAsyncOperation<UInt32> *operation = nullptr;

@@ -7,7 +7,7 @@ namespace wrt::test {
 
 /// An operation (+1) whose work throws: out of memory, or something else. Apart from the cells,
 /// since Objective-C++ code cannot catch C++ exceptions with this runtime.
-component::IAsyncOperation<component::UInt32> *startThrowing(bool outOfMemory);
+implement::IAsyncOperation<implement::UInt32> *startThrowing(bool outOfMemory);
 
 } // namespace wrt::test
 

@@ -19,7 +19,7 @@ namespace wrt::test {
 
 namespace {
 
-using namespace component;
+using namespace implement;
 
 using UIntBridge = WRTIAsyncOperation__1_WRTUINT32_Bridge;
 using UIntOperation = id<WRTIAsyncOperation__1_WRTUINT32_Bridge>;

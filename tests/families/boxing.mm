@@ -23,7 +23,7 @@ namespace wrt::test {
 
 namespace {
 
-using namespace component;
+using namespace implement;
 
 using Boxed = id<WRTIInspectableBridge>;
 using Values = WRTPropertyValueBridge;

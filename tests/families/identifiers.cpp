@@ -25,7 +25,7 @@
 #include <abi/Windows.Storage.Streams.abi.h>
 #include <abi/Windows.Storage.abi.h>
 
-namespace wrt::component {
+namespace wrt::implement {
 namespace {
 
 template <class Declared, class Own>
@@ -85,4 +85,4 @@ static_assert(areOne<abi::IReference__1_WRTColor,
                      IReference<Struct<WRTColor, "Windows.UI.Color", UInt8, UInt8, UInt8, UInt8>>>);
 
 } // namespace
-} // namespace wrt::component
+} // namespace wrt::implement

@@ -16,7 +16,7 @@ namespace wrt::test {
 
 namespace {
 
-using namespace component;
+using namespace implement;
 
 using Lists = id<WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge>;
 using Objects = id<WRTIMap__2_WRTIInspectable_P_WRTIInspectable_P_Bridge>;

@@ -19,7 +19,7 @@ namespace wrt::test {
 
 namespace {
 
-using namespace component;
+using namespace implement;
 
 using Folder = ClassRef<abi::IStorageFolder, "Windows.Storage.StorageFolder">;
 using Folders = id<WRTIVector__1_WRTStorageFolder_P_Bridge>;

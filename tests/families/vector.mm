@@ -46,7 +46,7 @@ namespace wrt::test {
 
 namespace {
 
-using namespace component;
+using namespace implement;
 
 using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
 using Commands = id<WRTIVector__1_WRTIUICommand_P_Bridge>;

@@ -7,10 +7,10 @@ namespace wrt::test {
 namespace {
 
 /// Keeps the test class from being found, or its factory from having the interfaces.
-component::ComPtr<abi::IActivationFactory> bareFactory() {
-  return component::make<component::ActivationFactory<>>();
+implement::ComPtr<abi::IActivationFactory> bareFactory() {
+  return implement::make<implement::ActivationFactory<>>();
 }
-component::ComPtr<abi::IActivationFactory> noFactory() { return nullptr; }
+implement::ComPtr<abi::IActivationFactory> noFactory() { return nullptr; }
 
 void defaultConstruction() {
   resetScript();

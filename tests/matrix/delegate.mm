@@ -147,7 +147,7 @@ void delegateOnThreads() {
       [token release];
       [pool release];
     }
-    const auto object = component::make<TestObject>();
+    const auto object = implement::make<TestObject>();
     std::vector<Thread> threads;
     for (int i = 0; i < 4; ++i) {
       // Each thread has a reference of its own; the last to end frees the block.

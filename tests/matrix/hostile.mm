@@ -10,7 +10,7 @@ namespace {
 WRTTestClassBridge *hostileBridge() {
   resetScript();
   clearCrossings();
-  return [WRTTestClassBridge bridgeTransfer:component::make<HostileObject>().detach()->identity()];
+  return [WRTTestClassBridge bridgeTransfer:implement::make<HostileObject>().detach()->identity()];
 }
 
 void otherSuccessCodes() {

@@ -1,6 +1,6 @@
 // Strings, single and in arrays.
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "tests/matrix/Fixture.h"
 
 #import <WRTObjcBridge/WRTConversions.h>
@@ -11,7 +11,7 @@ namespace {
 
 void stringIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    const component::StringHolder lone(u"a\xD800");
+    const implement::StringHolder lone(u"a\xD800");
     NSString *odd = WRTCreateNSStringFromHSTRING(lone.get());
     NSMutableString *mutableString = [NSMutableString stringWithString:@"mutable"];
     for (NSString *string in @[ @"plain", @"naïve 😀", odd, mutableString, @"" ])

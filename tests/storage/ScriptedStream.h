@@ -1,15 +1,15 @@
 #ifndef WRT_TESTS_SCRIPTED_STREAM_H
 #define WRT_TESTS_SCRIPTED_STREAM_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/async/AsyncOperation.h"
 #include "platform/linux/components/streams/StreamTypes.h"
+#include "platform/linux/implement/Implements.h"
 
 #include <abi/Windows.Foundation.abi.h>
 
 namespace wrt::test {
 
-using namespace component;
+using namespace implement;
 using namespace components;
 
 /// What a scripted stream and a reference to it do. A status that is negative makes the step fail.

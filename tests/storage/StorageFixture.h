@@ -2,8 +2,8 @@
 #define WRT_TESTS_STORAGE_FIXTURE_H
 
 #include "platform/linux/activation/ActivationRegistry.h"
-#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/components/async/ThreadPool.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "tests/support/Cell.h"
 
 #include <filesystem>
@@ -11,7 +11,7 @@
 
 namespace wrt::test {
 
-using namespace component;
+using namespace implement;
 
 /// Lets the pool's threads drop what they hold before the running cell's ledger is compared.
 void settleAfterwards();

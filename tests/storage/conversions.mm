@@ -121,7 +121,7 @@ void readFailures() {
     NSData *data = nil;
     EXPECT_EQ(test.log, readScripted(script, &data));
     EXPECT_EQ(nil, data) << test.log;
-    wrt::component::waitForPool();
+    wrt::implement::waitForPool();
   }
   clearLog();
   EXPECT_EQ(nil, WRTCreateNSDataFromRandomAccessStreamReference(nil));
@@ -140,7 +140,7 @@ void shortRead() {
   EXPECT_EQ(0x5A, static_cast<const uint8_t *>([data bytes])[9]);
   EXPECT_EQ(0, static_cast<const uint8_t *>([data bytes])[10]);
   EXPECT_EQ(0, script.options);
-  wrt::component::waitForPool();
+  wrt::implement::waitForPool();
 }
 
 void hugeStream() {
@@ -153,7 +153,7 @@ void hugeStream() {
   EXPECT_EQ(12u, [data length]);
   EXPECT_EQ(12u, script.capacity);
   EXPECT_EQ(12u, script.count);
-  wrt::component::waitForPool();
+  wrt::implement::waitForPool();
 }
 
 void unreadableBuffer() {
@@ -164,12 +164,12 @@ void unreadableBuffer() {
   NSData *data = nil;
   EXPECT_EQ("WRTCreateNSDataFromIBuffer: Failed buffer byte access", readScripted(script, &data));
   EXPECT_EQ(nil, data);
-  wrt::component::waitForPool();
+  wrt::implement::waitForPool();
 }
 
 /// Activated in the place of the stream in memory.
 StreamScript *activeScript;
-class ScriptedFactory final : public wrt::component::ActivationFactory<> {
+class ScriptedFactory final : public wrt::implement::ActivationFactory<> {
 public:
   HRESULT WRT_ABI ActivateInstance(wrt::abi::IInspectable **instance) override {
     *instance = makeScriptedStream(*activeScript).detach();
@@ -204,7 +204,7 @@ void writeFailures() {
     if (test.text != nullptr)
       expected.push_back({3, "WRTCreateWRTRandomAccessReferenceBridgeFromNSData", "", test.text});
     EXPECT_EQ(expected, logRecords());
-    wrt::component::waitForPool();
+    wrt::implement::waitForPool();
   }
 }
 

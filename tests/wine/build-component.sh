@@ -9,7 +9,7 @@ mkdir -p build/wine
 # The threads of winpthreads come with the DLL, as does everything else of the compiler's.
 x86_64-w64-mingw32-g++-posix -std=c++20 -g -O1 -Wall -Wextra -Werror -fno-exceptions -fno-rtti \
   -I. -Iplatform/include -Ibuild/linux/include -Ibuild/linux \
-  platform/linux/activation/ActivationRegistry.cpp platform/linux/component/Object.cpp \
+  platform/linux/activation/ActivationRegistry.cpp platform/linux/implement/Object.cpp \
   tests/component/TestObject.cpp tests/component/Narrow.cpp \
   tests/wine/component/*.cpp \
   -shared -static -o build/wine/testcomponent.dll -lruntimeobject -lole32

@@ -64,7 +64,7 @@ Registration::Registration(std::u16string_view className, FactoryMaker maker)
 
 Registration::~Registration() { registry().remove(className_, this); }
 
-component::ComPtr<abi::IActivationFactory> findFactory(std::u16string_view className) {
+implement::ComPtr<abi::IActivationFactory> findFactory(std::u16string_view className) {
   const auto maker = registry().find(className);
   return maker == nullptr ? nullptr : (*maker)();
 }

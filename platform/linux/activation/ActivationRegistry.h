@@ -2,7 +2,7 @@
 #ifndef WRT_ACTIVATION_REGISTRY_H
 #define WRT_ACTIVATION_REGISTRY_H
 
-#include "platform/linux/component/ActivationFactory.h"
+#include "platform/linux/implement/ActivationFactory.h"
 
 #include <functional>
 #include <string>
@@ -12,7 +12,7 @@ namespace wrt::activation {
 
 /// Makes a class's activation factory, anew or the one it keeps. Called on any thread, once per
 /// request, without a lock held.
-using FactoryMaker = std::function<component::ComPtr<abi::IActivationFactory>()>;
+using FactoryMaker = std::function<implement::ComPtr<abi::IActivationFactory>()>;
 
 /// A runtime class that can be activated as long as this object lives. Component libraries keep one
 /// in static storage, tests on the stack; the latest registration of a name counts and gives way to
@@ -32,12 +32,12 @@ private:
 
 /// The maker of factories that keep nothing between calls.
 template <class Factory>
-component::ComPtr<abi::IActivationFactory> makeFactory() {
-  return component::make<Factory>();
+implement::ComPtr<abi::IActivationFactory> makeFactory() {
+  return implement::make<Factory>();
 }
 
 /// The factory of a class, or null when it is not registered.
-WRT_DLLEXPORT component::ComPtr<abi::IActivationFactory> findFactory(std::u16string_view className);
+WRT_DLLEXPORT implement::ComPtr<abi::IActivationFactory> findFactory(std::u16string_view className);
 
 } // namespace wrt::activation
 

@@ -9,7 +9,7 @@ WRT_DLLEXPORT void *WRTActivateInstance(const char16_t *className) {
   if (className == nullptr)
     return nullptr;
   const auto factory = activation::findFactory(className);
-  component::ComPtr<wrt::abi::IInspectable> instance;
+  implement::ComPtr<wrt::abi::IInspectable> instance;
   if (!factory || factory->ActivateInstance(instance.put()) < 0)
     return nullptr;
   return instance.detach();

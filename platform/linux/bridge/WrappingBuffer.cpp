@@ -7,7 +7,7 @@ using namespace wrt;
 WRT_DLLEXPORT void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
   // All of the bytes are content at first.
   abi::IBuffer *buffer =
-      component::make<components::ByteBuffer>(static_cast<uint8_t *>(bytes), length, length)
+      implement::make<components::ByteBuffer>(static_cast<uint8_t *>(bytes), length, length)
           .detach();
   return buffer;
 }

@@ -1,5 +1,5 @@
 #include "platform/linux/activation/ActivationRegistry.h"
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/tests/LedgerTest.h"
 #include "platform/linux/tests/TestInterfaces.h"
 #include "platform/linux/tests/Threads.h"
@@ -10,7 +10,7 @@
 namespace wrt::test {
 namespace {
 
-using namespace component;
+using namespace implement;
 using activation::makeFactory;
 using activation::Registration;
 

@@ -1,5 +1,5 @@
-#include "platform/linux/component/Implements.h"
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/Implements.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/tests/LedgerTest.h"
 #include "platform/linux/tests/TestInterfaces.h"
 #include "platform/linux/tests/Threads.h"
@@ -11,7 +11,7 @@
 namespace wrt::test {
 namespace {
 
-using namespace component;
+using namespace implement;
 
 class Thing final : public Implements<INamed, IScaled, abi::IBufferByteAccess> {
 public:

@@ -1,7 +1,7 @@
 #import <Foundation/Foundation.h>
 
 #include "platform/linux/bridge/Delegate.h"
-#include "platform/linux/component/ComPtr.h"
+#include "platform/linux/implement/ComPtr.h"
 #include "platform/linux/tests/LedgerTest.h"
 #include "platform/linux/tests/TestInterfaces.h"
 #include "platform/linux/tests/Threads.h"
@@ -32,7 +32,7 @@ std::atomic<int> liveAutoreleased;
 namespace wrt::test {
 namespace {
 
-using component::ComPtr;
+using implement::ComPtr;
 
 using HandlerBlock = HRESULT (^)(void *, int32_t);
 

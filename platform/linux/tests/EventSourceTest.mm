@@ -1,4 +1,4 @@
-#include "platform/linux/component/EventSource.h"
+#include "platform/linux/implement/EventSource.h"
 
 #include "platform/linux/bridge/Delegate.h"
 #include "platform/linux/tests/LedgerTest.h"
@@ -12,7 +12,7 @@
 namespace wrt::test {
 namespace {
 
-using namespace component;
+using namespace implement;
 
 class Events : public LedgerTest {
 protected:

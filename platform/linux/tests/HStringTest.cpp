@@ -1,4 +1,4 @@
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/tests/LedgerTest.h"
 #include "platform/linux/tests/Threads.h"
 
@@ -7,7 +7,7 @@
 namespace wrt::test {
 namespace {
 
-using component::StringHolder;
+using implement::StringHolder;
 
 class HString : public LedgerTest {};
 

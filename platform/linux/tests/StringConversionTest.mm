@@ -1,6 +1,6 @@
 #import <Foundation/Foundation.h>
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/tests/LedgerTest.h"
 
 #include <WRTBridgeUtil.h>
@@ -9,7 +9,7 @@
 namespace wrt::test {
 namespace {
 
-using component::StringHolder;
+using implement::StringHolder;
 
 /// What an `NSString` of these units becomes on its way into a handle and back.
 std::u16string unitsOf(NSString *string) {

@@ -154,12 +154,12 @@ using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
 
 /// A list of Wine's that has read "alpha", "", "gamma 😀" from a list of ours.
 Strings newStrings(NSError **error = nullptr) {
-  component::ComPtr<component::IIterable<component::String>> ours;
-  ours = component::make<component::Vector<component::String>>(
-             component::Items<component::String>{component::StringHolder(u"alpha"),
-                                                 component::StringHolder(),
-                                                 component::StringHolder(u"gamma 😀")})
-             .as<component::IIterable<component::String>>();
+  implement::ComPtr<implement::IIterable<implement::String>> ours;
+  ours = implement::make<implement::Vector<implement::String>>(
+             implement::Items<implement::String>{implement::StringHolder(u"alpha"),
+                                                 implement::StringHolder(),
+                                                 implement::StringHolder(u"gamma 😀")})
+             .as<implement::IIterable<implement::String>>();
   WRTIIterable__1_WRTHSTRING_Bridge *bridge = [WRTIIterable__1_WRTHSTRING_Bridge bridge:ours.get()];
   void *iterable = [bridge _WRTIIterable__1_WRTHSTRINGWithError:error];
   void *vector = nullptr;
@@ -200,11 +200,11 @@ void getView(NSError **error) {
 /// with the very handle that it has.
 bool findsByText(Strings strings, bool withSameHandle) {
   const auto vector =
-      component::ComPtr(static_cast<wrt::abi::IInspectable *>([static_cast<id>(strings) inner]))
-          .as<component::IVector<component::String>>();
+      implement::ComPtr(static_cast<wrt::abi::IInspectable *>([static_cast<id>(strings) inner]))
+          .as<implement::IVector<implement::String>>();
   HSTRING own = nullptr;
   EXPECT_EQ(0, vector->GetAt(2, &own));
-  const component::StringHolder other(viewOf(own));
+  const implement::StringHolder other(viewOf(own));
   uint32_t index = 77;
   uint8_t found = 77;
   EXPECT_EQ(0, vector->IndexOf(withSameHandle ? own : other.get(), &index, &found));

@@ -1,7 +1,7 @@
 #include "tests/wine/classes/SpeechSource.h"
 
-#include "platform/linux/component/ComPtr.h"
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/ComPtr.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <WRTAbi.h>
 #include <WRTBridge.h>
@@ -66,8 +66,8 @@ protected:
 
 /// An interface of the recognizer, or null.
 template <class Interface>
-component::ComPtr<Interface> ask(void *object) {
-  return component::ComPtr(static_cast<abi::IInspectable *>(object)).as<Interface>();
+implement::ComPtr<Interface> ask(void *object) {
+  return implement::ComPtr(static_cast<abi::IInspectable *>(object)).as<Interface>();
 }
 
 } // namespace
@@ -88,20 +88,20 @@ HRESULT SpeechSource::startSession(void **action) {
   const auto recognizer = ask<ISpeechRecognizer2>(recognizer_);
   if (!recognizer)
     return status::kNoInterface;
-  component::ComPtr<ISpeechContinuousRecognitionSession> session;
+  implement::ComPtr<ISpeechContinuousRecognitionSession> session;
   const HRESULT result = recognizer->get_ContinuousRecognitionSession(session.put());
   return result < 0 ? result : session->StartAsync(action);
 }
 
 HRESULT makePhrases(void *iterable, void **vector) {
   *vector = nullptr;
-  const component::StringHolder name(
+  const implement::StringHolder name(
       u"Windows.Media.SpeechRecognition.SpeechRecognitionListConstraint");
-  const component::StringHolder tag(u"tag");
-  component::ComPtr<ISpeechRecognitionListConstraintFactory> factory;
+  const implement::StringHolder tag(u"tag");
+  implement::ComPtr<ISpeechRecognitionListConstraintFactory> factory;
   HRESULT result = WRTGetActivationFactory(
       name.get(), &ISpeechRecognitionListConstraintFactory::kIid, factory.putVoid());
-  component::ComPtr<ISpeechRecognitionListConstraint> constraint;
+  implement::ComPtr<ISpeechRecognitionListConstraint> constraint;
   if (result >= 0)
     result = factory->CreateWithTag(iterable, tag.get(), constraint.put());
   return result < 0 ? result : constraint->get_Commands(vector);

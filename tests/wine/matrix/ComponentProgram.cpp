@@ -76,8 +76,8 @@ bool isComponentForeign() {
 }
 
 // In front of those of the component in this process.
-component::ComPtr<abi::TestDelegate> keptDelegate() {
-  return component::ComPtr<abi::TestDelegate>::adopt(static_cast<abi::TestDelegate *>(kept()));
+implement::ComPtr<abi::TestDelegate> keptDelegate() {
+  return implement::ComPtr<abi::TestDelegate>::adopt(static_cast<abi::TestDelegate *>(kept()));
 }
 void dropKeptDelegate() { dropKept(); }
 

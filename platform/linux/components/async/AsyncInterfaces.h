@@ -8,7 +8,7 @@
 #include <abi/Windows.Foundation.abi.h>
 #include <type_traits>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// `AsyncStatus`.
 inline constexpr int32_t kStarted = 0;
@@ -154,6 +154,6 @@ using IAsyncOperationWithProgress = IAsync<Result, Progress>;
 static_assert(IAsyncOperation<String>::kIid ==
               GUID{0x3E1FE603, 0xF897, 0x5263, {0xB3, 0x28, 0x08, 0x06, 0x42, 0x6B, 0x8A, 0x79}});
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

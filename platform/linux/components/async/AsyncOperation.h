@@ -36,16 +36,16 @@
 #ifndef WRT_COMPONENTS_ASYNC_OPERATION_H
 #define WRT_COMPONENTS_ASYNC_OPERATION_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/async/AsyncState.h"
 #include "platform/linux/components/async/ThreadPool.h"
 #include "platform/linux/components/generic/InterfaceCast.h"
+#include "platform/linux/implement/Implements.h"
 
 #include <functional>
 #include <new>
 #include <optional>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// What an operation's work sees of it; valid while the work runs.
 template <class Progress = void>
@@ -267,6 +267,6 @@ HRESULT failedAsync(Declared **operation, HRESULT failure) {
   return handOut<IAsync<Result, Progress>>(object, operation);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

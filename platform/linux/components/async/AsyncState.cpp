@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-namespace wrt::component {
+namespace wrt::implement {
 namespace {
 
 uint32_t nextId() {
@@ -115,4 +115,4 @@ void AsyncState::tell(void *operation, const ComPtr<Handler> &handler, int32_t s
     handler->Invoke(static_cast<IAsyncAction *>(operation), status);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement

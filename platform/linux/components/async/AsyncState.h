@@ -1,14 +1,14 @@
 #ifndef WRT_COMPONENTS_ASYNC_STATE_H
 #define WRT_COMPONENTS_ASYNC_STATE_H
 
-#include "platform/linux/component/ComPtr.h"
 #include "platform/linux/components/async/AsyncInterfaces.h"
+#include "platform/linux/implement/ComPtr.h"
 
 #include <mutex>
 #include <stop_token>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The life of an operation, whatever its result: it starts, ends once (completed, failed, or
 /// canceled on request), tells its completion handler once, and may then be closed. After that
@@ -93,6 +93,6 @@ private:
   std::stop_source stop_;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

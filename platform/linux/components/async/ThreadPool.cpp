@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 namespace {
 
 constexpr size_t kMaximumThreads = 32;
@@ -70,4 +70,4 @@ void runOnPool(std::function<void()> work) { pool().run(std::move(work)); }
 
 void waitForPool() { pool().wait(); }
 
-} // namespace wrt::component
+} // namespace wrt::implement

@@ -4,7 +4,7 @@
 #include <WRTObjcBridge/WRTTypes.h>
 #include <functional>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// Runs `work` on a thread of the process's pool, first come first served. The pool grows while all
 /// of its threads are busy, up to 32; work that waits for other work must not be more than that.
@@ -15,6 +15,6 @@ WRT_DLLEXPORT void runOnPool(std::function<void()> work);
 /// pool's own threads.
 WRT_DLLEXPORT void waitForPool();
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -5,7 +5,7 @@
 
 #include "platform/linux/components/generic/Types.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// `IIterator<T>`. Objects and strings that are given out are +1, here and in all collections.
 template <class T>
@@ -131,6 +131,6 @@ protected:
   ~IMap() = default;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

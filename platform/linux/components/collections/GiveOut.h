@@ -3,7 +3,7 @@
 
 #include "platform/linux/components/generic/Types.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// Answers a bulk read: `give(place)` fills one element after the other, `count` of them. All or
 /// nothing: when one fails, those before it are taken back.
@@ -29,6 +29,6 @@ HRESULT giveOutMany(size_t count, Abi<T> *items, uint32_t *actual, Give give) {
   return status::kOk;
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -1,14 +1,14 @@
 #ifndef WRT_COMPONENTS_ITERATOR_H
 #define WRT_COMPONENTS_ITERATOR_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/collections/CollectionInterfaces.h"
 #include "platform/linux/components/collections/Store.h"
+#include "platform/linux/implement/Implements.h"
 
 #include <iterator>
 #include <memory>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// An iterator over what a collection keeps, from the first element on. `giveOut` answers an
 /// element as `T::giveOut` does. When the collection has changed since, every question is
@@ -69,6 +69,6 @@ private:
   typename Store<Items>::Position position_;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -10,7 +10,7 @@
 #include "platform/linux/components/collections/MapView.h"
 #include "platform/linux/components/collections/ObservableInterfaces.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// A map that can be changed from any thread. `GetView` gives the entries of that moment.
 template <class K, class V, class... Others>
@@ -95,6 +95,6 @@ HRESULT makeMap(Declared **map, Entries<K, V> entries = {}) {
   return handOut<IMap<K, V>>(make<Map<K, V>>(std::move(entries)), map);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

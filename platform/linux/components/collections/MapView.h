@@ -7,7 +7,7 @@
 
 #include <map>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The order of a map's keys: strings by their UTF-16 units, objects by identity.
 template <class K>
@@ -151,6 +151,6 @@ HRESULT makeMapView(Declared **view, Entries<K, V> entries) {
   return handOut<IMapView<K, V>>(make<MapView<K, V>>(std::move(entries)), view);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -5,7 +5,7 @@
 
 #include "platform/linux/components/generic/Types.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// `CollectionChange`.
 inline constexpr int32_t kReset = 0;
@@ -103,6 +103,6 @@ protected:
   ~IObservableMap() = default;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -2,10 +2,10 @@
 #ifndef WRT_COMPONENTS_OBSERVABLE_MAP_H
 #define WRT_COMPONENTS_OBSERVABLE_MAP_H
 
-#include "platform/linux/component/EventSource.h"
 #include "platform/linux/components/collections/Map.h"
+#include "platform/linux/implement/EventSource.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The arguments of one change.
 template <class K>
@@ -63,6 +63,6 @@ HRESULT makeObservableMap(Declared **map, Entries<K, V> entries = {}) {
   return handOut<IObservableMap<K, V>>(make<ObservableMap<K, V>>(std::move(entries)), map);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -2,10 +2,10 @@
 #ifndef WRT_COMPONENTS_OBSERVABLE_VECTOR_H
 #define WRT_COMPONENTS_OBSERVABLE_VECTOR_H
 
-#include "platform/linux/component/EventSource.h"
 #include "platform/linux/components/collections/Vector.h"
+#include "platform/linux/implement/EventSource.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The arguments of one change.
 class VectorChange final : public Implements<IVectorChangedEventArgs> {
@@ -63,6 +63,6 @@ HRESULT makeObservableVector(Declared **vector, Items<T> items = {}) {
   return handOut<IObservableVector<T>>(make<ObservableVector<T>>(std::move(items)), vector);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -5,7 +5,7 @@
 
 #include <abi/Windows.Foundation.Collections.abi.h>
 
-namespace wrt::component {
+namespace wrt::implement {
 namespace {
 
 constexpr char16_t kPropertySet[] = u"Windows.Foundation.Collections.PropertySet";
@@ -31,4 +31,4 @@ const activation::Registration valueSet(kValueSet,
 const activation::Registration stringMap(kStringMap, activation::makeFactory<Factory<StringMap>>);
 
 } // namespace
-} // namespace wrt::component
+} // namespace wrt::implement

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// What a collection keeps: a standard container and how often it has changed. Shared by the
 /// collection, which may change it, and its iterators. Any thread; functions that are passed in run
@@ -68,6 +68,6 @@ private:
   uint64_t version_ = 0;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

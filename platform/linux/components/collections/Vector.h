@@ -11,7 +11,7 @@
 #include "platform/linux/components/collections/ObservableInterfaces.h"
 #include "platform/linux/components/collections/VectorView.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// A list that can be changed from any thread. `GetView` gives the elements of that moment.
 template <class T, class... Others>
@@ -144,6 +144,6 @@ HRESULT makeVector(Declared **vector, Items<T> items = {}) {
   return handOut<IVector<T>>(make<Vector<T>>(std::move(items)), vector);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The elements of a list, first to last.
 template <class T>
@@ -125,6 +125,6 @@ HRESULT makeVectorView(Declared **view, Items<T> items) {
   return handOut<IVectorView<T>>(make<VectorView<T>>(std::move(items)), view);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

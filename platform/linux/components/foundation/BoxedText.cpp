@@ -1,13 +1,13 @@
 #include "platform/linux/components/foundation/BoxedText.h"
 
 #include "platform/linux/activation/ActivationRegistry.h"
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <abi/Windows.Foundation.abi.h>
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 ComPtr<abi::IInspectable> boxText(std::u16string_view text) {
   ComPtr<abi::IInspectable> value;

@@ -1,7 +1,7 @@
 #ifndef WRT_BOXED_TEXT_H
 #define WRT_BOXED_TEXT_H
 
-#include "platform/linux/component/ComPtr.h"
+#include "platform/linux/implement/ComPtr.h"
 
 #include <optional>
 #include <string>
@@ -10,7 +10,7 @@
 namespace wrt::components {
 
 /// The text as an `IPropertyValue`; null when there is no such class.
-component::ComPtr<abi::IInspectable> boxText(std::u16string_view text);
+implement::ComPtr<abi::IInspectable> boxText(std::u16string_view text);
 /// The text in a boxed string (borrowed); nothing for null and for anything else.
 std::optional<std::u16string> unboxText(abi::IInspectable *value);
 

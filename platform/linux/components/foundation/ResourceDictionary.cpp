@@ -6,7 +6,7 @@
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// Text of a fixed length (in bytes, without a terminator) that constants and template arguments
 /// are made of.
@@ -35,6 +35,6 @@ constexpr FixedText<left + right> operator+(const FixedText<left> &a, const Fixe
   return sum;
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -1,9 +1,9 @@
 #ifndef WRT_COMPONENTS_INTERFACE_CAST_H
 #define WRT_COMPONENTS_INTERFACE_CAST_H
 
-#include "platform/linux/component/ComPtr.h"
+#include "platform/linux/implement/ComPtr.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The same interface under another declaration of it. Components declare parameterised interfaces
 /// once, as templates; the generated headers declare each instance anew, proxies without members.
@@ -25,6 +25,6 @@ HRESULT handOut(ComPtr<Object> object, Declared **out) {
   return status::kOk;
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

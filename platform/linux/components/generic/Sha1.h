@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// SHA-1 (RFC 3174) of a message that comes byte by byte, at compile time as well.
 class Sha1 {
@@ -75,6 +75,6 @@ private:
   uint64_t length_ = 0;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

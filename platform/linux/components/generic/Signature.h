@@ -7,7 +7,7 @@
 
 #include <WRTAbi.h>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// An identifier as signatures spell it: braces, lower-case digits.
 constexpr FixedText<38> spelled(const GUID &iid) {
@@ -77,6 +77,6 @@ constexpr auto instanceSignature(const GUID &generic) {
          (... + (FixedText(";") + Arguments::kSignature)) + FixedText(")");
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace wrt::component {
+namespace wrt::implement {
 namespace {
 
 /// The pointer that stands for the object, borrowed; what an object answers for `IUnknown` never
@@ -22,4 +22,4 @@ bool isObjectBefore(abi::IUnknown *left, abi::IUnknown *right) {
   return left != right && std::less<>()(identityOf(left), identityOf(right));
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement

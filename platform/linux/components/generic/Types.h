@@ -8,13 +8,13 @@
 #ifndef WRT_COMPONENTS_TYPES_H
 #define WRT_COMPONENTS_TYPES_H
 
-#include "platform/linux/component/ComPtr.h"
-#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/components/generic/Signature.h"
+#include "platform/linux/implement/ComPtr.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <cstring>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// Strings. `Abi` values given out are +1.
 struct String {
@@ -154,6 +154,6 @@ using Stored = typename Type::Stored;
 template <class Type>
 using Abi = typename Type::Abi;
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

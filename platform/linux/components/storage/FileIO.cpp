@@ -1,8 +1,8 @@
 #include "platform/linux/activation/ActivationRegistry.h"
-#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/components/collections/Vector.h"
 #include "platform/linux/components/storage/StorageTypes.h"
 #include "platform/linux/components/storage/TextFile.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <abi/IIterable.abi.h>
 

@@ -1,7 +1,7 @@
 #include "platform/linux/activation/ActivationRegistry.h"
-#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/components/collections/Vector.h"
 #include "platform/linux/components/storage/FileQuery.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <abi/IIterable.abi.h>
 #include <abi/IVector.abi.h>

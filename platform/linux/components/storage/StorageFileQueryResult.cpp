@@ -1,5 +1,5 @@
-#include "platform/linux/component/EventSource.h"
 #include "platform/linux/components/storage/FileQuery.h"
+#include "platform/linux/implement/EventSource.h"
 
 #include <abi/TypedEventHandler.abi.h>
 

@@ -1,8 +1,8 @@
 #ifndef WRT_STORAGE_ITEM_H
 #define WRT_STORAGE_ITEM_H
 
-#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/components/storage/StorageTypes.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <algorithm>
 

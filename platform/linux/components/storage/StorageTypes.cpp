@@ -1,6 +1,6 @@
 #include "platform/linux/components/storage/StorageTypes.h"
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <algorithm>
 

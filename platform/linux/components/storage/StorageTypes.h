@@ -2,13 +2,13 @@
 #ifndef WRT_STORAGE_TYPES_H
 #define WRT_STORAGE_TYPES_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/async/AsyncOperation.h"
 #include "platform/linux/components/collections/VectorView.h"
 #include "platform/linux/components/foundation/Text.h"
 #include "platform/linux/components/storage/FileStatus.h"
 #include "platform/linux/components/storage/FileSystem.h"
 #include "platform/linux/components/streams/StreamTypes.h"
+#include "platform/linux/implement/Implements.h"
 
 #include <abi/IVectorView.abi.h>
 #include <abi/Windows.Foundation.abi.h>
@@ -57,7 +57,7 @@ ComPtr<IVectorView<T>> makeList(const std::vector<Listed> &listed, uint32_t star
   Items<T> items;
   for (size_t i = start; i < listed.size() && items.size() < count; ++i)
     items.push_back(make(listed[i]));
-  return component::make<VectorView<T>>(std::move(items));
+  return implement::make<VectorView<T>>(std::move(items));
 }
 
 } // namespace wrt::components

@@ -1,7 +1,7 @@
 #ifndef WRT_BYTE_BUFFER_H
 #define WRT_BYTE_BUFFER_H
 
-#include "platform/linux/component/Implements.h"
+#include "platform/linux/implement/Implements.h"
 
 #include <abi/Windows.Storage.Streams.abi.h>
 #include <atomic>
@@ -9,7 +9,7 @@
 namespace wrt::components {
 
 /// A buffer over bytes that somebody else owns, and that must outlive it.
-class ByteBuffer : public component::Implements<abi::IBuffer, abi::IBufferByteAccess> {
+class ByteBuffer : public implement::Implements<abi::IBuffer, abi::IBufferByteAccess> {
 public:
   ByteBuffer(uint8_t *bytes, uint32_t capacity, uint32_t length)
       : bytes_(bytes), capacity_(capacity), length_(length) {}

@@ -1,9 +1,9 @@
 #ifndef WRT_RANDOM_ACCESS_STREAM_H
 #define WRT_RANDOM_ACCESS_STREAM_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/streams/ByteStore.h"
 #include "platform/linux/components/streams/StreamTypes.h"
+#include "platform/linux/implement/Implements.h"
 
 #include <abi/Windows.Foundation.abi.h>
 

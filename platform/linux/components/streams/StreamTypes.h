@@ -2,8 +2,8 @@
 #ifndef WRT_STREAM_TYPES_H
 #define WRT_STREAM_TYPES_H
 
-#include "platform/linux/component/ComPtr.h"
 #include "platform/linux/components/generic/Types.h"
+#include "platform/linux/implement/ComPtr.h"
 
 #include <abi/IAsyncOperation.abi.h>
 #include <abi/IAsyncOperationWithProgress.abi.h>
@@ -14,7 +14,7 @@
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 using BufferRef = Ref<abi::IBuffer>;
 using StreamRef = Ref<abi::IRandomAccessStream>;

@@ -1,6 +1,6 @@
 #include "platform/linux/components/streams/RandomAccessStream.h"
 
-#include "platform/linux/component/StringHolder.h"
+#include "platform/linux/implement/StringHolder.h"
 
 namespace wrt::components {
 namespace {

@@ -10,7 +10,7 @@
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 namespace {
 

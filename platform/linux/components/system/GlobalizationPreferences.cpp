@@ -12,7 +12,7 @@
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 namespace {
 

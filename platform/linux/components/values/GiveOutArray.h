@@ -6,7 +6,7 @@
 #include <WRTBridge.h>
 #include <vector>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// Answers an array that the caller gets to own: `*values` is task memory with `*count` elements,
 /// null for an empty array.
@@ -47,6 +47,6 @@ HRESULT storeArray(uint32_t count, const Abi<T> *values, std::vector<Stored<T>> 
   return status::kOk;
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

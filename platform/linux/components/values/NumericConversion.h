@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// DISP_E_OVERFLOW: a number is beyond the type that is asked for (Windows 10 SDK 10.0.16299.0,
 /// winerror.h).
@@ -42,6 +42,6 @@ HRESULT convertNumber(From from, To *to) {
   return status::kOk;
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 using DateTime = Struct<WRTDateTime, "Windows.Foundation.DateTime", Int64>;
 using TimeSpan = Struct<WRTTimeSpan, "Windows.Foundation.TimeSpan", Int64>;
@@ -70,6 +70,6 @@ template <class T>
 inline constexpr bool kIsPropertyType =
     detail::isAmong<Scalar<T>>(static_cast<const PropertyContent *>(nullptr));
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -3,7 +3,7 @@
 #include "platform/linux/activation/ActivationRegistry.h"
 #include "platform/linux/components/values/Reference.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 namespace {
 
 /// A new property value (+1) of a borrowed value.
@@ -175,4 +175,4 @@ const activation::Registration registration(u"Windows.Foundation.PropertyValue",
                                             activation::makeFactory<PropertyValueStatics>);
 
 } // namespace
-} // namespace wrt::component
+} // namespace wrt::implement

@@ -3,7 +3,7 @@
 #include "platform/linux/components/values/GiveOutArray.h"
 #include "platform/linux/components/values/NumericConversion.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 template <class T>
 HRESULT PropertyValueMembers::scalar(Abi<T> *value) const {
@@ -129,4 +129,4 @@ HRESULT PropertyValueMembers::GetRectArray(unsigned int *count, Abi<Rect> **valu
   return array<Rect>(count, values);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement

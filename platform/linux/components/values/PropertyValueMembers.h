@@ -3,7 +3,7 @@
 
 #include "platform/linux/components/values/PropertyTypes.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The members of `IPropertyValue`, whatever the value. A getter of another type answers
 /// `TYPE_E_TYPEMISMATCH`, except that numbers are converted, or `DISP_E_OVERFLOW`.
@@ -61,6 +61,6 @@ private:
   HRESULT array(unsigned int *count, Abi<T> **values) const;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -9,13 +9,13 @@
 #ifndef WRT_COMPONENTS_REFERENCE_H
 #define WRT_COMPONENTS_REFERENCE_H
 
-#include "platform/linux/component/Implements.h"
 #include "platform/linux/components/generic/InterfaceCast.h"
 #include "platform/linux/components/values/GiveOutArray.h"
 #include "platform/linux/components/values/PropertyValueMembers.h"
 #include "platform/linux/components/values/ReferenceInterfaces.h"
+#include "platform/linux/implement/Implements.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// A value of one of the property types.
 template <class T>
@@ -75,6 +75,6 @@ HRESULT makeReference(Declared **reference, Stored<T> value) {
     return handOut<IReference<T>>(std::move(box), reference);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

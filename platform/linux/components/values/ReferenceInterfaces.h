@@ -5,7 +5,7 @@
 
 #include "platform/linux/components/generic/Types.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// `IReference<T>`.
 template <class T>
@@ -34,6 +34,6 @@ protected:
   ~IReferenceArray() = default;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -3,11 +3,11 @@
 #ifndef WRT_XML_NODE_OBJECT_H
 #define WRT_XML_NODE_OBJECT_H
 
-#include "platform/linux/component/Implements.h"
-#include "platform/linux/component/StringHolder.h"
 #include "platform/linux/components/foundation/BoxedText.h"
 #include "platform/linux/components/foundation/Text.h"
 #include "platform/linux/components/xml/XmlTree.h"
+#include "platform/linux/implement/Implements.h"
+#include "platform/linux/implement/StringHolder.h"
 
 #include <abi/Windows.Data.Xml.Dom.abi.h>
 
@@ -15,7 +15,7 @@
 
 namespace wrt::components {
 
-using namespace component;
+using namespace implement;
 
 /// A node with the tree that keeps it alive.
 struct NodeRef {

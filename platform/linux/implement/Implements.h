@@ -1,14 +1,14 @@
 #ifndef WRT_IMPLEMENTS_H
 #define WRT_IMPLEMENTS_H
 
-#include "platform/linux/component/ComPtr.h"
-#include "platform/linux/component/Object.h"
+#include "platform/linux/implement/ComPtr.h"
+#include "platform/linux/implement/Object.h"
 
 #include <concepts>
 #include <type_traits>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The base of a component's class: everything that an object with these interfaces has to answer
 /// apart from their own members. Objects are agile. Interfaces that are no WinRT interfaces, such
@@ -82,6 +82,6 @@ HRESULT makeInto(Interface **out, Arguments &&...arguments) {
   return status::kOk;
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

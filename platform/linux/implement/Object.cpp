@@ -1,4 +1,4 @@
-#include "platform/linux/component/Object.h"
+#include "platform/linux/implement/Object.h"
 
 #include "platform/linux/ledger/WRTLedger.h"
 #include "platform/linux/string/HString.h"
@@ -6,7 +6,7 @@
 #include <WRTBridge.h>
 #include <WRTStatus.h>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 Object::Object() { WRTLedgerAdd(kWRTLedgerObjects, 1); }
 
@@ -41,4 +41,4 @@ HRESULT Object::copyRuntimeClassName(HSTRING *name) const {
   return makeString(runtimeClassName(), name);
 }
 
-} // namespace wrt::component
+} // namespace wrt::implement

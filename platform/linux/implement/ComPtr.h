@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// A reference to an object through one of its interfaces (or through its own class), dropped at
 /// the end of the scope.
@@ -90,6 +90,6 @@ private:
   T *object_ = nullptr;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -1,12 +1,12 @@
-#ifndef WRT_COMPONENT_OBJECT_H
-#define WRT_COMPONENT_OBJECT_H
+#ifndef WRT_IMPLEMENT_OBJECT_H
+#define WRT_IMPLEMENT_OBJECT_H
 
 #include <WRTAbi.h>
 #include <atomic>
 #include <initializer_list>
 #include <string_view>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// What objects of components share whatever their interfaces are: the count of references, which
 /// starts at 1, and their place in the ledger.
@@ -39,6 +39,6 @@ private:
   std::atomic<uint32_t> references_{1};
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// A handle to a string, given up at the end of the scope. Copies share the text.
 class StringHolder {
@@ -59,6 +59,6 @@ private:
   HSTRING string_ = nullptr;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

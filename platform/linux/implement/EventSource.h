@@ -1,7 +1,7 @@
 #ifndef WRT_EVENT_SOURCE_H
 #define WRT_EVENT_SOURCE_H
 
-#include "platform/linux/component/ComPtr.h"
+#include "platform/linux/implement/ComPtr.h"
 
 #include <algorithm>
 #include <memory>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// A token that no event source of this process has given out before. Tokens start beyond 32 bits,
 /// so that a caller who cuts them off is found out.
@@ -93,6 +93,6 @@ private:
   std::shared_ptr<const Handlers> handlers_;
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif

@@ -1,9 +1,9 @@
 #ifndef WRT_ACTIVATION_FACTORY_H
 #define WRT_ACTIVATION_FACTORY_H
 
-#include "platform/linux/component/Implements.h"
+#include "platform/linux/implement/Implements.h"
 
-namespace wrt::component {
+namespace wrt::implement {
 
 /// The base of a runtime class's activation factory with the class's statics and factory
 /// interfaces. The class has no default instances.
@@ -30,6 +30,6 @@ public:
   }
 };
 
-} // namespace wrt::component
+} // namespace wrt::implement
 
 #endif
