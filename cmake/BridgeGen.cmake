@@ -6,9 +6,8 @@
 #   WRT_CLASS_SOURCES               classes/*.mm, to be compiled into the library
 #   WRT_CATALOGUE, WRT_SURFACE_DIGEST   the tables of all methods and of all classes
 #   WRT_BRIDGE_EXPORTS              the names that WRTBridge_zorvex.dll has for the bridges
-#
-# The delegate factories and activation names go to the embedded platform through the global property
-# WRT_GENERATED_PLATFORM_SOURCES.
+#   WRT_PLATFORM_SOURCES        delegate factories and activation names, for the embedded platform
+#   WRT_GENERATED_OUTPUTS       all that is made
 
 file(GLOB WRT_DECLARATIONS CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/marshal/test/*.idl
@@ -24,11 +23,11 @@ endif()
 
 set(outputs "")
 set(WRT_CLASS_SOURCES "")
-set(platform_sources "")
+set(WRT_PLATFORM_SOURCES "")
 foreach(file IN LISTS WRT_DECLARATIONS)
   get_filename_component(unit ${file} NAME_WLE)
   list(APPEND WRT_CLASS_SOURCES ${PROJECT_BINARY_DIR}/classes/${unit}.mm)
-  list(APPEND platform_sources
+  list(APPEND WRT_PLATFORM_SOURCES
     ${PROJECT_BINARY_DIR}/platform/${unit}.delegates.mm
     ${PROJECT_BINARY_DIR}/platform/${unit}.names.cpp)
   list(APPEND outputs
@@ -41,12 +40,10 @@ endforeach()
 set(WRT_CATALOGUE ${PROJECT_BINARY_DIR}/catalogue.tsv)
 set(WRT_SURFACE_DIGEST ${PROJECT_BINARY_DIR}/surface.digest)
 set(WRT_BRIDGE_EXPORTS ${PROJECT_BINARY_DIR}/platform/bridge.exports)
-list(APPEND outputs ${WRT_CLASS_SOURCES} ${platform_sources} ${WRT_CATALOGUE} ${WRT_SURFACE_DIGEST}
+list(APPEND outputs ${WRT_CLASS_SOURCES} ${WRT_PLATFORM_SOURCES} ${WRT_CATALOGUE} ${WRT_SURFACE_DIGEST}
   ${WRT_BRIDGE_EXPORTS} ${PROJECT_BINARY_DIR}/include/WRTObjcBridge/WRTObjcBridge.h)
 
-# For the test that compares this list with bridgegen's own.
-set_property(GLOBAL PROPERTY WRT_GENERATED_OUTPUTS ${outputs})
-set_property(GLOBAL PROPERTY WRT_DECLARATIONS ${WRT_DECLARATIONS})
+set(WRT_GENERATED_OUTPUTS ${outputs})
 
 # bridgegen leaves alone what would not change, and Ninja looks again at the times afterwards, so only
 # what depends on a changed output is built.
@@ -62,9 +59,3 @@ target_include_directories(wrt_generated_abi INTERFACE ${PROJECT_BINARY_DIR})
 add_dependencies(wrt_generated_abi bridges)
 add_library(wrt_generated INTERFACE)
 target_link_libraries(wrt_generated INTERFACE wrt_generated_abi)
-
-set_property(GLOBAL APPEND PROPERTY WRT_GENERATED_PLATFORM_SOURCES ${platform_sources})
-if(TARGET WRTBridge_zorvex)
-  target_link_libraries(WRTBridge_zorvex PRIVATE wrt_generated_abi)
-  add_dependencies(WRTBridge_zorvex bridges)
-endif()

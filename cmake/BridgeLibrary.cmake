@@ -13,8 +13,9 @@ else()
   set_target_properties(WRTObjcBridge PROPERTIES
     OUTPUT_NAME WRTObjcBridge_zorvex LINKER_LANGUAGE OBJCXX)
   # What uses the library finds its headers beside it.
-  target_include_directories(WRTObjcBridge INTERFACE ${PROJECT_BINARY_DIR}/include)
+  target_include_directories(WRTObjcBridge INTERFACE $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>)
   target_link_libraries(WRTObjcBridge
-    PUBLIC wrt_objc WRTBridge_zorvex WRTBridgeUtil_zorvex CrossPortability_zorvex)
+    PUBLIC $<BUILD_INTERFACE:wrt_objc>
+    PRIVATE WRTBridge_zorvex WRTBridgeUtil_zorvex CrossPortability_zorvex)
   add_dependencies(WRTObjcBridge bridges)
 endif()

@@ -22,11 +22,12 @@ if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
   endforeach()
 endif()
 
+include(Warnings)
 set(WRT_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
 
 add_library(wrt_options INTERFACE)
 target_compile_features(wrt_options INTERFACE cxx_std_20)
-target_compile_options(wrt_options INTERFACE -Wall -Wextra -Werror)
+target_compile_options(wrt_options INTERFACE ${WRT_WARNINGS})
 # The newer format is more than Debian's valgrind can read.
 target_compile_options(wrt_options INTERFACE -gdwarf-4)
 target_include_directories(wrt_options INTERFACE

@@ -1,11 +1,12 @@
-# Installs the library into a folder of its own, moves that elsewhere, and builds and runs an
-# application against it in every way that the installation offers. A script: BUILD, SOURCE, COMPILER,
-# PKG_CONFIG and COMPONENT come from the command line.
+# Installs the library into a folder of its own, moves that elsewhere, and builds and runs applications
+# against it in every way that the installation offers. A script: BUILD, SOURCE, COMPILER, PKG_CONFIG
+# and COMPONENT come from the command line. What has been installed stays for the test `docs`.
 
-set(here ${CMAKE_CURRENT_LIST_DIR})
+set(application ${CMAKE_CURRENT_LIST_DIR}/application)
 set(work ${BUILD}/install-test)
-set(prefix ${work}/moved)
+set(prefix "${work}/moved to here")
 file(REMOVE_RECURSE ${work})
+unset(ENV{LD_LIBRARY_PATH})
 
 function(run title)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -13,11 +14,6 @@ function(run title)
     message(FATAL_ERROR "${title} fails (${status}):\n${output}")
   endif()
   message(STATUS "${title}: as it should be")
-endfunction()
-
-# The component's own library path names the build; the installed libraries have to come first.
-function(run_application title program)
-  run("${title}" ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/lib ${program} ${COMPONENT})
 endfunction()
 
 run("cmake --install" ${CMAKE_COMMAND} --install ${BUILD} --prefix ${work}/first --strip)
@@ -31,7 +27,7 @@ if(count LESS 100)
   message(FATAL_ERROR "only ${count} files are installed")
 endif()
 foreach(file IN LISTS installed)
-  if(file MATCHES "\\.so$")
+  if(file MATCHES "\\.so[.0-9]*$")
     execute_process(COMMAND readelf -d ${file} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
   else()
     file(READ ${file} text)
@@ -45,19 +41,33 @@ foreach(file IN LISTS installed)
 endforeach()
 message(STATUS "${count} files are installed, and none leads to where they were built")
 
-run("find_package: configuring" ${CMAKE_COMMAND} -G Ninja -S ${here}/application -B ${work}/package
-  -DCMAKE_OBJC_COMPILER=${COMPILER} -DCMAKE_C_COMPILER=${COMPILER} -DCMAKE_PREFIX_PATH=${prefix})
+set(configure ${CMAKE_COMMAND} -G Ninja -S ${application} -DCMAKE_PREFIX_PATH=${prefix})
+run("find_package: configuring" ${configure} -B ${work}/package -DCMAKE_C_COMPILER=${COMPILER}
+  -DCMAKE_OBJC_COMPILER=${COMPILER} -DCMAKE_CXX_COMPILER=${COMPILER_CXX}
+  -DCMAKE_OBJCXX_COMPILER=${COMPILER_CXX})
 run("find_package: building" ${CMAKE_COMMAND} --build ${work}/package)
-run_application("find_package: running" ${work}/package/application)
+foreach(source IN ITEMS application.m application.mm linked.cpp)
+  run("find_package: running ${source}" ${work}/package/${source}.run ${COMPONENT})
+endforeach()
+
+execute_process(COMMAND ${configure} -B ${work}/gcc -DCMAKE_C_COMPILER=gcc
+  RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE output)
+string(REGEX REPLACE "[ \n]+" " " output "${output}")
+if(status EQUAL 0 OR NOT output MATCHES "WRTObjcBridge needs clang \\(its headers use blocks\\)")
+  message(FATAL_ERROR "find_package with gcc (${status}):\n${output}")
+endif()
+message(STATUS "find_package with gcc: refused as it should be")
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
 execute_process(COMMAND ${PKG_CONFIG} --cflags --libs wrtobjcbridge
   OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(flags UNIX_COMMAND "${flags}")
-run("pkg-config: building" ${COMPILER} ${here}/application/application.m -Wall -Wextra -Werror
-  ${flags} -ldl -o ${work}/application)
-run_application("pkg-config: running" ${work}/application)
+foreach(source IN ITEMS application.m application.mm linked.cpp)
+  run("pkg-config: building ${source}" ${COMPILER_CXX} -x none ${application}/${source} -Wall -Wextra
+    -Werror ${flags} -ldl -o ${work}/${source}.run)
+  run("pkg-config: running ${source}" ${work}/${source}.run ${COMPONENT})
+endforeach()
 
-run("@import: building" ${COMPILER} ${here}/application/application.m -DAS_MODULE -fmodules
+run("@import: building" ${COMPILER} ${application}/application.m -DAS_MODULE -fmodules
   -fmodules-cache-path=${work}/modules ${flags} -ldl -o ${work}/application-of-module)
-run_application("@import: running" ${work}/application-of-module)
+run("@import: running" ${work}/application-of-module ${COMPONENT})

@@ -61,7 +61,7 @@ add_custom_command(OUTPUT ${factories}
   COMMAND ${CMAKE_COMMAND} -DEXPORTS=${WRT_BRIDGE_EXPORTS} -DRESULT=${factories}
           -P ${CMAKE_CURRENT_SOURCE_DIR}/doubles/generated/Factories.cmake
   DEPENDS ${WRT_BRIDGE_EXPORTS} doubles/generated/Factories.cmake VERBATIM)
-get_property(names GLOBAL PROPERTY WRT_GENERATED_PLATFORM_SOURCES)
+set(names ${WRT_PLATFORM_SOURCES})
 list(FILTER names INCLUDE REGEX "\\.names\\.cpp$")
 add_library(class_names OBJECT ${names})
 target_link_libraries(class_names PRIVATE wrt_options wrt_generated_abi)

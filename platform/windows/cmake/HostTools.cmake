@@ -17,6 +17,7 @@ function(wrt_add_host_tools target folder)
     CMAKE_GENERATOR Ninja
     CMAKE_ARGS -DCMAKE_C_COMPILER=clang-19 -DCMAKE_CXX_COMPILER=clang++-19
                -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${binaries}
+               -DWRT_WARNINGS_AS_ERRORS=${WRT_WARNINGS_AS_ERRORS}
     BUILD_COMMAND ${CMAKE_COMMAND} --build "${binaries}" --target ${ARGN}
     BUILD_ALWAYS ON
     BUILD_BYPRODUCTS ${programs}

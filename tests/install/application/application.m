@@ -56,6 +56,14 @@ int main(int count, char **arguments) {
   expect([WRTCreateNSErrorFromHRESULT((HRESULT)0x80004005) code] == (HRESULT)0x80004005,
          "an error has another code");
 
+  BOOL caught = NO;
+  @try {
+    [[NSArray array] objectAtIndex:1];
+  } @catch (NSException *exception) {
+    caught = [[exception name] isEqual:NSRangeException];
+  }
+  expect(caught, "an exception is not caught");
+
   printf("application: %d failures\n", failures);
   [pool release];
   return failures != 0;

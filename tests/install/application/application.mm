@@ -1,0 +1,2 @@
+// The same application in Objective-C++.
+#import "application.m"
