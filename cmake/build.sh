@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Configures a preset and builds it; prints the build's output only when it fails.
+# Configures a preset and builds it; prints the build's output only when it fails. On a terminal one
+# line shows how far it is.
 # Usage: cmake/build.sh PRESET [TARGET...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -8,10 +9,32 @@ preset=$1
 shift
 targets=()
 [[ $# -gt 0 ]] && targets=(--target "$@")
-mkdir -p "build/$preset"
 log=build/$preset/build.log
-printf 'Building %s ...\n' "$preset" >&2
-if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "${targets[@]}"; } > "$log" 2>&1; then
+if ! { mkdir -p "build/$preset" && : > "$log"; }; then
+  printf 'build: cannot write %s/%s\n' "$PWD" "$log" >&2
+  exit 1
+fi
+
+# Ninja begins its lines with "[steps done/steps]".
+show_progress() {
+  local line
+  while IFS= read -r line; do
+    [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] &&
+      printf '\r\033[KBuilding %s: %d of %d' "$preset" "${BASH_REMATCH[1]}" "${BASH_REMATCH[2]}" >&2
+  done
+  printf '\r\033[K' >&2
+}
+
+printf 'Building %s ...' "$preset" >&2
+if [[ -t 2 ]]; then
+  progress=show_progress
+else
+  printf '\n' >&2
+  progress='cat > /dev/null'
+fi
+if ! { cmake --preset "$preset" && cmake --build --preset "$preset" "${targets[@]}"; } 2>&1 |
+  tee "$log" | eval "$progress"; then
   cat "$log" >&2
+  printf 'build: %s cannot be built; see above, and %s/%s\n' "$preset" "$PWD" "$log" >&2
   exit 1
 fi

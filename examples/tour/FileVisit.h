@@ -4,4 +4,5 @@
 @class WRTStorageFileBridge;
 
 /// Learns what it can about one file, all of it through the bridges, and adds it to the findings.
-void visitFile(WRTStorageFileBridge *file, Findings *findings);
+/// The folder, empty or with a slash at its end, goes before the file's name.
+void visitFile(WRTStorageFileBridge *file, NSString *folder, Findings *findings);

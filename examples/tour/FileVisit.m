@@ -1,6 +1,7 @@
 #import "FileVisit.h"
 
 #import "Findings.h"
+#import "Names.h"
 #import "Waiting.h"
 
 #import <WRTObjcBridge/IAsyncOperation.h>
@@ -73,6 +74,10 @@ static NSString *visitText(WRTStorageFileBridge *file, BOOL isXml, Findings *fin
   return [NSString stringWithFormat:@"text, %u lines, %u words", lines, words];
 }
 
+static unsigned bigEndian(const unsigned char *bytes) {
+  return (unsigned)bytes[0] << 24 | bytes[1] << 16 | bytes[2] << 8 | bytes[3];
+}
+
 /// Reads the file as data, makes a stream of it and reads that again.
 static NSString *visitData(WRTStorageFileBridge *file, Findings *findings, NSError **error) {
   WRTRandomAccessStreamReferenceBridge *reference =
@@ -90,17 +95,19 @@ static NSString *visitData(WRTStorageFileBridge *file, Findings *findings, NSErr
   [findings add:1 to:@"data files"];
   [findings add:[data length] to:@"data bytes"];
   const unsigned char *bytes = [data bytes];
-  if ([data length] >= 24 && memcmp(bytes, "\x89PNG\r\n\x1A\n", 8) == 0) {
-    const unsigned width = (unsigned)bytes[18] << 8 | bytes[19];
-    const unsigned height = (unsigned)bytes[22] << 8 | bytes[23];
-    return [NSString stringWithFormat:@"PNG picture, %u x %u", width, height];
+  // The picture's first chunk, of 13 bytes, begins with its width and height.
+  static const char start[] = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR";
+  if ([data length] >= 29 && memcmp(bytes, start, 16) == 0) {
+    return [NSString
+        stringWithFormat:@"PNG picture, %u x %u", bigEndian(bytes + 16), bigEndian(bytes + 20)];
   }
   return @"data, the same after a stream";
 }
 
-void visitFile(WRTStorageFileBridge *file, Findings *findings) {
+void visitFile(WRTStorageFileBridge *file, NSString *folder, Findings *findings) {
   NSError *error = nil;
-  NSString *name = [file getNameWithError:&error];
+  NSString *own = [file getNameWithError:&error];
+  NSString *name = joined(folder, own ? own : @"(a file)");
   id<WRTIAsyncOperation__1_WRTBasicProperties_P_Bridge> asking =
       waitFor([file getBasicPropertiesAsyncWithError:&error], &error);
   WRTBasicPropertiesBridge *properties = [asking getResultsWithError:&error];
@@ -126,5 +133,6 @@ void visitFile(WRTStorageFileBridge *file, Findings *findings) {
     learnt = [NSString stringWithFormat:@"- %@", describeError(error)];
   }
   NSString *date = describeDate([properties getDateModifiedWithError:NULL]);
-  [findings addRow:[NSArray arrayWithObjects:name, describeSize(size), date, learnt, nil]];
+  [findings
+      addRow:[NSArray arrayWithObjects:shownName(name), describeSize(size), date, learnt, nil]];
 }

@@ -19,8 +19,9 @@
 - (unsigned long long)total:(NSString *)name;
 /// Tells on the error stream what could not be done, and with which file.
 - (void)report:(NSString *)what on:(NSString *)name error:(NSError *)error;
-/// The table of all rows with the totals below it.
-- (NSString *)table;
+/// The table of all rows with the totals below it. Long names are shortened if the rows would not
+/// fit into so many columns otherwise; 0 for no limit.
+- (NSString *)tableWithin:(NSUInteger)columns;
 @end
 
 /// "access denied (0x80070005)".

@@ -1,5 +1,7 @@
 #import "Findings.h"
 
+#import "Names.h"
+
 #import <WRTObjcBridge/IMap.h>
 #import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/Windows.UI.Xaml.h>
@@ -54,14 +56,17 @@ enum { kColumns = 4 };
 
 - (void)report:(NSString *)what on:(NSString *)name error:(NSError *)error {
   ++_problems;
-  fprintf(stderr, "tour: cannot %s \"%s\": %s\n", [what UTF8String], [name UTF8String],
+  fprintf(stderr, "tour: cannot %s \"%s\": %s\n", [what UTF8String], [shownName(name) UTF8String],
           [describeError(error) UTF8String]);
 }
 
 static void appendRow(NSMutableString *text, NSArray *cells, const NSUInteger *widths) {
   for (NSUInteger i = 0; i < kColumns; ++i) {
     NSString *cell = [cells objectAtIndex:i];
-    NSUInteger gap = widths[i] > [cell length] ? widths[i] - [cell length] : 0;
+    if (i == 0)
+      cell = shortenedTo(cell, widths[i]);
+    NSUInteger columns = columnsOf(cell);
+    NSUInteger gap = widths[i] > columns ? widths[i] - columns : 0;
     NSString *space = [@"" stringByPaddingToLength:gap withString:@" " startingAtIndex:0];
     BOOL isNumber = i == 1;
     BOOL isLast = i == kColumns - 1;
@@ -72,13 +77,17 @@ static void appendRow(NSMutableString *text, NSArray *cells, const NSUInteger *w
   }
 }
 
-- (NSString *)table {
+- (NSString *)tableWithin:(NSUInteger)columns {
   NSArray *heading = [NSArray arrayWithObjects:@"file", @"size", @"modified", @"what it is", nil];
   NSUInteger widths[kColumns] = {0};
   for (NSArray *cells in [_rows arrayByAddingObject:heading]) {
     for (NSUInteger i = 0; i < kColumns; ++i)
-      widths[i] = MAX(widths[i], [[cells objectAtIndex:i] length]);
+      widths[i] = MAX(widths[i], columnsOf([cells objectAtIndex:i]));
   }
+  enum { kGaps = 6, kLeastName = 20 };
+  const NSUInteger others = widths[1] + widths[2] + widths[3] + kGaps;
+  if (columns > 0 && widths[0] + others > columns)
+    widths[0] = MIN(widths[0], MAX(kLeastName, columns > others ? columns - others : 0));
   NSMutableString *text = [NSMutableString string];
   appendRow(text, heading, widths);
   for (NSArray *cells in _rows)

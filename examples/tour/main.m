@@ -2,15 +2,19 @@
 
 #import "FileVisit.h"
 #import "Findings.h"
+#import "Names.h"
+#import "Output.h"
+#import "Summary.h"
 #import "Waiting.h"
 
 #import <WRTObjcBridge/IAsyncOperation.h>
 #import <WRTObjcBridge/IVectorView.h>
-#import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/Windows.Storage.Search.h>
 #import <WRTObjcBridge/Windows.Storage.h>
 
+#include <locale.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 #include <unistd.h>
 
@@ -18,35 +22,70 @@ static const char kUsage[] =
     "Usage: tour [--deep] [--summary FILE] [FOLDER]\n"
     "  Lists the files of FOLDER, reads them and prints what it found; without FOLDER those of\n"
     "  the examples' own data. Nothing in FOLDER is changed.\n"
-    "  --deep          also the files of the folders below\n"
-    "  --summary FILE  writes what it found into FILE too, replacing it; otherwise into a new "
-    "file\n"
-    "                  in the folder for temporary files\n"
+    "  --deep          also the files of the folders below, links to folders left aside\n"
+    "  --summary FILE  writes what it found into FILE too, replacing it; otherwise into a new\n"
+    "                  file in the folder for temporary files (TMPDIR)\n"
     "Exit status: 0 if all went well, 1 if anything failed, 2 for wrong usage.\n";
 
-static NSString *absolutePath(NSString *path) {
-  if ([path isAbsolutePath])
-    return path;
-  NSString *here = [[NSFileManager defaultManager] currentDirectoryPath];
-  return [[here stringByAppendingPathComponent:path] stringByStandardizingPath];
+/// The path from the root on, "." and ".." left for the system; to be freed.
+static char *absolutePath(const char *path) {
+  char *whole = NULL;
+  char *here = path[0] == '/' ? NULL : getcwd(NULL, 0);
+  if (asprintf(&whole, "%s%s%s", here ? here : "", here ? "/" : "", path) < 0)
+    abort();
+  free(here);
+  return whole;
 }
 
-static WRTStorageFolderBridge *openFolder(NSString *path, NSError **error) {
-  id<WRTIAsyncOperation__1_WRTStorageFolder_P_Bridge> opening =
-      waitFor([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:error], error);
-  return [opening getResultsWithError:error];
+/// A folder of the tour with its files.
+@interface Stop : NSObject {
+@public
+  NSString *name; ///< as seen from where the tour began, with a slash at its end; empty there
+  id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files;
 }
+@end
 
-/// A vector view of the files that a query over the folder yields.
-static id<WRTIVectorView__1_WRTStorageFile_P_Bridge> listFiles(WRTStorageFolderBridge *folder,
-                                                               BOOL deep, NSError **error) {
-  WRTQueryOptionsBridge *options = [[[WRTQueryOptionsBridge alloc] init] autorelease];
-  [options setFolderDepthWithValue:deep ? WRTFolderDepthDeep : WRTFolderDepthShallow error:error];
-  WRTStorageFileQueryResultBridge *query =
-      [folder createFileQueryWithOptionsWithQueryOptions:options error:error];
+@implementation Stop
+- (void)dealloc {
+  [name release];
+  [(id)files release];
+  [super dealloc];
+}
+@end
+
+/// Adds the folder and, if `deep`, those below it. A folder that cannot be read is reported, and
+/// the others are added all the same. NO if this one cannot be.
+static BOOL plan(WRTStorageFolderBridge *folder, NSString *name, BOOL deep, NSMutableArray *stops,
+                 Findings *findings) {
+  NSError *error = nil;
+  WRTStorageFileQueryResultBridge *query = [folder
+      createFileQueryWithOptionsWithQueryOptions:[[[WRTQueryOptionsBridge alloc] init] autorelease]
+                                           error:&error];
   id<WRTIAsyncOperation__1_WRTIVectorView__1_WRTStorageFile_P_P_Bridge> listing =
-      waitFor([query getFilesAsyncDefaultStartAndCountWithError:error], error);
-  return [listing getResultsWithError:error];
+      waitFor([query getFilesAsyncDefaultStartAndCountWithError:&error], &error);
+  Stop *stop = [[[Stop alloc] init] autorelease];
+  stop->name = [name retain];
+  stop->files = [(id)[listing getResultsWithError:&error] retain];
+  if (!stop->files) {
+    [findings report:@"read the folder"
+                  on:[name length] ? name : [folder getPathWithError:NULL]
+               error:error];
+    return NO;
+  }
+  [stops addObject:stop];
+  if (!deep)
+    return YES;
+  for (NSString *own in foldersIn([folder getPathWithError:NULL])) {
+    NSString *belowName = joined(name, joined(own, @"/"));
+    id<WRTIAsyncOperation__1_WRTStorageFolder_P_Bridge> opening =
+        waitFor([folder getFolderAsyncWithName:own error:&error], &error);
+    WRTStorageFolderBridge *below = [opening getResultsWithError:&error];
+    if (below)
+      plan(below, belowName, YES, stops, findings);
+    else
+      [findings report:@"open the folder" on:belowName error:error];
+  }
+  return YES;
 }
 
 /// On a terminal one line that is written over, elsewhere a line for each tenth.
@@ -57,98 +96,98 @@ static void showProgress(unsigned done, unsigned count) {
     fprintf(stderr, "tour: read %u of %u\n", done + 1, count);
 }
 
-static void visitAll(id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files, Findings *findings) {
+static void visitAll(NSArray *stops, unsigned count, Findings *findings) {
   enum { kBatch = 64 };
-  const unsigned count = [files getSizeWithError:NULL];
-  for (unsigned start = 0; start < count; start += kBatch) {
-    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-    NSError *error = nil;
-    NSArray *batch = [files getManyWithStartIndex:start capacity:kBatch error:&error];
-    if (!batch)
-      [findings report:@"list" on:[NSString stringWithFormat:@"from %u on", start] error:error];
-    unsigned done = start;
-    for (WRTStorageFileBridge *file in batch) {
-      showProgress(done++, count);
-      visitFile(file, findings);
+  unsigned done = 0;
+  for (Stop *stop in stops) {
+    const unsigned size = [stop->files getSizeWithError:NULL];
+    for (unsigned start = 0; start < size; start += kBatch) {
+      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+      NSError *error = nil;
+      NSArray *batch = [stop->files getManyWithStartIndex:start capacity:kBatch error:&error];
+      if (!batch)
+        [findings report:@"list" on:[NSString stringWithFormat:@"from %u on", start] error:error];
+      for (WRTStorageFileBridge *file in batch) {
+        showProgress(done++, count);
+        visitFile(file, stop->name, findings);
+      }
+      [pool release];
     }
-    [pool release];
   }
   if (isatty(STDERR_FILENO))
     showProgress(count, count);
 }
 
-/// Writes the text into a file; its path, or nil with an error.
-static NSString *writeSummary(NSString *text, NSString *path, NSError **error) {
-  NSString *place = path ? [path stringByDeletingLastPathComponent] : NSTemporaryDirectory();
-  NSString *name = path ? [path lastPathComponent] : @"tour-summary.txt";
-  const int option = path ? WRTCreationCollisionOptionReplaceExisting
-                          : WRTCreationCollisionOptionGenerateUniqueName;
-  WRTStorageFolderBridge *folder = openFolder(place, error);
-  id<WRTIAsyncOperation__1_WRTStorageFile_P_Bridge> creating =
-      waitFor([folder createFileAsyncWithDesiredName:name options:option error:error], error);
-  WRTStorageFileBridge *file = [creating getResultsWithError:error];
-  id<WRTIAsyncActionBridge> writing =
-      waitFor([WRTFileIOBridge writeTextAsyncWithFile:(id)file contents:text error:error], error);
-  NSError *problem = nil;
-  [writing getResultsWithError:&problem];
-  if (!writing || problem) {
-    if (problem)
-      *error = problem;
-    return nil;
-  }
-  return [file getPathWithError:error];
-}
-
-static int tour(NSString *path, NSString *summary, BOOL deep) {
+/// How many problems there were.
+static unsigned tour(const char *folderPath, const char *summary, BOOL deep) {
   Findings *findings = [[[Findings alloc] init] autorelease];
+  NSString *title = nameOfBytes(folderPath);
   NSError *error = nil;
-  WRTStorageFolderBridge *folder = openFolder(path, &error);
-  id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files =
-      folder ? listFiles(folder, deep, &error) : nil;
-  if (!files) {
-    [findings report:@"open the folder" on:path error:error];
+  char *whole = absolutePath(folderPath);
+  WRTStorageFolderBridge *folder = openFolder(nameOfBytes(whole), &error);
+  free(whole);
+  NSMutableArray *stops = [NSMutableArray array];
+  if (!folder) {
+    [findings report:@"open the folder" on:title error:error];
     return 1;
   }
-  printf("%s: %u files\n\n", [path UTF8String], [files getSizeWithError:NULL]);
-  visitAll(files, findings);
-  NSString *table = [findings table];
-  fputs([table UTF8String], stdout);
+  if (!plan(folder, @"", deep, stops, findings))
+    return 1;
+  unsigned count = 0;
+  for (Stop *stop in stops)
+    count += [stop->files getSizeWithError:NULL];
+  print([NSString stringWithFormat:@"%@: %u files\n\n", shownName(title), count]);
+  visitAll(stops, count, findings);
+  print([findings tableWithin:outputColumns()]);
 
-  NSString *written = writeSummary(table, summary, &error);
-  if (written)
-    printf("\nThe summary is in %s\n", [written UTF8String]);
+  char *place = summary ? absolutePath(summary) : NULL;
+  NSString *written = nil;
+  error = writeSummary([findings tableWithin:0], place, &written);
+  free(place);
+  if (error)
+    [findings report:@"write the summary" on:written error:error];
   else
-    [findings report:@"write the summary"
-                  on:summary ? summary : NSTemporaryDirectory()
-               error:error];
+    print([NSString stringWithFormat:@"\nThe summary is in %@\n", shownName(written)]);
   if ([findings problems])
     fprintf(stderr, "tour: %u problems\n", [findings problems]);
-  return [findings problems] ? 1 : 0;
+  return [findings problems];
+}
+
+static int wrong(const char *what, const char *argument) {
+  fprintf(stderr, "tour: %s \"%s\"\n%s", what, [shownName(nameOfBytes(argument)) UTF8String],
+          kUsage);
+  return 2;
 }
 
 int main(int argc, char **argv) {
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  setlocale(LC_CTYPE, "C.UTF-8"); // names are UTF-8, whatever the environment says
+  if (!openOutput())
+    return 1;
   const char *folder = NULL, *summary = NULL;
-  BOOL deep = NO;
+  BOOL deep = NO, help = NO;
   for (int i = 1; i < argc; ++i) {
-    if (strcmp(argv[i], "--help") == 0 || strcmp(argv[i], "-h") == 0) {
-      fputs(kUsage, stdout);
-      return 0;
-    }
-    if (strcmp(argv[i], "--deep") == 0) {
+    const char *argument = argv[i];
+    if (strcmp(argument, "--help") == 0 || strcmp(argument, "-h") == 0) {
+      help = YES;
+    } else if (strcmp(argument, "--deep") == 0) {
       deep = YES;
-    } else if (strcmp(argv[i], "--summary") == 0 && i + 1 < argc) {
-      summary = argv[++i];
-    } else if (argv[i][0] != '-' && !folder) {
-      folder = argv[i];
+    } else if (strcmp(argument, "--summary") == 0) {
+      if (i + 1 == argc || !argv[++i][0])
+        return wrong("a file name is missing behind", argument);
+      summary = argv[i];
+    } else if (!argument[0] || argument[0] == '-' || folder) {
+      return wrong("unexpected argument", argument);
     } else {
-      fprintf(stderr, "tour: unexpected argument \"%s\"\n%s", argv[i], kUsage);
-      return 2;
+      folder = argument;
     }
   }
-  NSString *path = [NSString stringWithUTF8String:folder ? folder : TOUR_DATA];
-  NSString *summaryPath = summary ? [NSString stringWithUTF8String:summary] : nil;
-  const int status = tour(absolutePath(path), summaryPath ? absolutePath(summaryPath) : nil, deep);
+  unsigned problems = 0;
+  if (help)
+    print([NSString stringWithUTF8String:kUsage]);
+  else
+    problems = tour(folder ? folder : TOUR_DATA, summary, deep);
+  const BOOL complete = closeOutput();
   [pool release];
-  return status;
+  return problems || !complete ? 1 : 0;
 }

@@ -1,0 +1,116 @@
+# Reads the includes of sources against the table in docs/architecture.md whose heading is
+# "| folder | may use |". In its first column, names in backticks are rooms: folders, or the beginnings of
+# file names; the longest that fits a path is its room. The second column names rooms, "public headers",
+# "generated ABI headers" or "everything".
+#
+# Usage: awk -f arrows.awk docs/architecture.md LIST SOURCE...
+# LIST names all files of the repository, a line each. A room may use itself and what it is in. Exit
+# status 1 with a line for each include that the table does not allow.
+
+FNR == 1 { ++input }
+
+input == 1 && /^\| folder \| may use \|/ { inTable = 1; next }
+input == 1 && inTable && !/^\|/ { inTable = 0 }
+input == 1 && inTable && /`/ {
+  split($0, column, "|")
+  count = names(column[2], row)
+  for (i = 1; i <= count; ++i) {
+    rooms[row[i]] = FNR
+    mayUse[row[i]] = column[3]
+  }
+}
+input == 1 { next }
+
+input == 2 {
+  known[$0] = 1
+  name = $0
+  sub(/.*\//, "", name)
+  places[name] = places[name] "\n" $0
+  next
+}
+
+FNR == 1 { from = roomOf(FILENAME) }
+/^[ \t]*#[ \t]*(include|import)/ && match($0, /["<][^">]*[">]/) {
+  what = substr($0, RSTART + 1, RLENGTH - 2)
+  to = target(what)
+  if (from != "" && to != "" && !allowed(from, to)) {
+    printf "%s:%d: %s may not use %s: %s\n", FILENAME, FNR, from, to, what
+    failed = 1
+  }
+}
+
+END {
+  if (input < 3 || length(rooms) < 5) {
+    print "arrows: there is no table of rooms, or no source"
+    failed = 1
+  }
+  exit failed
+}
+
+# The names in backticks, without a slash at their end, into `result`; how many.
+function names(text, result,    parts, i, count) {
+  count = split(text, parts, "`")
+  for (i = 2; i <= count; i += 2) {
+    sub(/\/$/, "", parts[i])
+    result[i / 2] = parts[i]
+  }
+  return int(count / 2)
+}
+
+function isIn(path, room,    next_) {
+  if (substr(path, 1, length(room)) != room)
+    return 0
+  next_ = substr(path, length(room) + 1, 1)
+  return next_ == "" || next_ == "/" || next_ == "."
+}
+
+function roomOf(path,    room, best) {
+  best = ""
+  for (room in rooms)
+    if (isIn(path, room) && length(room) > length(best))
+      best = room
+  return best
+}
+
+# The room of an include; "" for what is not ours.
+function target(what,    folder, list, i, count, room, own) {
+  if (what ~ /^abi\// || what ~ /^platform\/[^\/]*\.platform\.h$/)
+    return "generated ABI headers"
+  if (what ~ /^WRTObjcBridge\//) {
+    sub(/^WRTObjcBridge\//, "", what)
+    return ("core/" what) in known ? "core" : ("platform/include/" what) in known ? "platform/include" : "public headers"
+  }
+  if (what ~ /^members\//)
+    return "generated members and classes"
+  folder = FILENAME
+  sub(/[^\/]*$/, "", folder)
+  if ((folder what) in known)
+    return roomOf(folder what)
+  if (what in known)
+    return roomOf(what)
+  if (what ~ /\// || !(what in places))
+    return ""
+  # Found in a folder that the compiler was told: in the room itself if one has it.
+  count = split(substr(places[what], 2), list, "\n")
+  room = roomOf(list[1])
+  for (i = 1; i <= count; ++i) {
+    own = roomOf(list[i])
+    if (own == from)
+      room = own
+  }
+  return room
+}
+
+function allowed(from, to,    list, i, count) {
+  if (isIn(from, to) || mayUse[from] ~ /everything/)
+    return 1
+  if (mayUse[from] ~ /public headers/ && (to == "public headers" || to == "core" || to == "platform/include") && what ~ /^WRTObjcBridge\//)
+    return 1
+  if (to ~ /^generated/ && index(mayUse[from], to))
+    return 1
+  count = names(mayUse[from], list)
+  for (i = 1; i <= count; ++i)
+    if (isIn(to, list[i]))
+      return 1
+  return 0
+}
