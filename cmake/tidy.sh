@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 commands=build/linux/compile_commands.json
-cmake/build.sh linux
+cmake/build.sh linux bridges # the generated headers
 # What is compiled and is not generated, by its path in the repository.
 mapfile -t sources < <(sed -n 's|^ *"file": "\(.*\)".*|\1|p' "$commands" |
   sed -n "s|^$PWD/||p" | grep -v '^build/' | sort -u)

@@ -10,6 +10,7 @@ namespace bridgegen {
 std::optional<OutputSet> generate(const std::deque<Source> &sources, const Source *handWritten,
                                   Diagnostics &diagnostics) {
   std::vector<syntax::Unit> units;
+  units.reserve(sources.size());
   for (const Source &source : sources)
     units.push_back(parse(source, diagnostics));
   std::vector<HandWrittenClass> others;

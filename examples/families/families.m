@@ -125,8 +125,7 @@ static void boxValues(void) {
   printf("    Int32           %d, property type %d\n", [value getInt32WithError:&error],
          [value getTypeWithError:&error]);
   printf("    as a reference  %d\n",
-         [(WRTIReference__1_WRTINT32_Bridge *)[WRTIReference__1_WRTINT32_Bridge cast:boxed]
-             getValueWithError:&error]);
+         [[WRTIReference__1_WRTINT32_Bridge cast:boxed] getValueWithError:&error]);
   printf("    as a Double     %g\n", [value getDoubleWithError:&error]);
   [value getUInt8WithError:&error];
   printError("as a UInt8", error);

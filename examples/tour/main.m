@@ -30,7 +30,7 @@ static const char kUsage[] =
 /// The path from the root on, "." and ".." left for the system; to be freed.
 static char *absolutePath(const char *path) {
   char *whole = NULL;
-  char *here = path[0] == '/' ? NULL : getcwd(NULL, 0);
+  char *here = path[0] == '/' ? NULL : get_current_dir_name();
   if (asprintf(&whole, "%s%s%s", here ? here : "", here ? "/" : "", path) < 0)
     abort();
   free(here);
@@ -173,9 +173,9 @@ int main(int argc, char **argv) {
     } else if (strcmp(argument, "--deep") == 0) {
       deep = YES;
     } else if (strcmp(argument, "--summary") == 0) {
-      if (i + 1 == argc || !argv[++i][0])
+      summary = ++i < argc ? argv[i] : "";
+      if (!summary[0])
         return wrong("a file name is missing behind", argument);
-      summary = argv[i];
     } else if (!argument[0] || argument[0] == '-' || folder) {
       return wrong("unexpected argument", argument);
     } else {

@@ -1,4 +1,4 @@
-# Adds the test `install`. What is built with sanitizers is not for others.
+# Adds the tests `install`, and `docs`, which uses what has been installed. What is built with sanitizers is not for others.
 if(NOT WRT_SANITIZE)
   find_program(WRT_PKG_CONFIG NAMES pkg-config pkgconf REQUIRED)
   add_test(NAME install
@@ -8,4 +8,7 @@ if(NOT WRT_SANITIZE)
       -D PKG_CONFIG=${WRT_PKG_CONFIG} -D COMPONENT=$<TARGET_FILE:test_component>
       -P ${CMAKE_CURRENT_LIST_DIR}/RunInstallTest.cmake)
   set_tests_properties(install PROPERTIES FIXTURES_SETUP installed)
+  add_test(NAME docs COMMAND ${PROJECT_SOURCE_DIR}/tests/docs/run.sh ${PROJECT_SOURCE_DIR}
+    ${PROJECT_BINARY_DIR} "${PROJECT_BINARY_DIR}/install-test/moved to here")
+  set_tests_properties(docs PROPERTIES FIXTURES_REQUIRED installed)
 endif()

@@ -2,6 +2,7 @@
 
 #include "tests/storage/StorageFixture.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <sys/wait.h>
@@ -22,7 +23,9 @@ Run runTour(const std::string &arguments, const std::string &launcher = "") {
   const char *options = std::getenv("ASAN_OPTIONS");
   const std::string saved = options ? options : "";
   setenv("ASAN_OPTIONS", (saved + ":detect_leaks=0").c_str(), 1);
-  FILE *pipe = popen((launcher + "\"" WRT_TOUR "\" " + arguments + " 2>&1").c_str(), "r");
+  FILE *pipe = popen((launcher + "\"" WRT_TOUR "\" 2>&1 " + arguments).c_str(), "r");
+  if (!pipe)
+    return run;
   char part[4096];
   for (size_t count; (count = fread(part, 1, sizeof part, pipe)) > 0;)
     run.output.append(part, count);
@@ -76,7 +79,13 @@ void manyFiles() {
   made.add("data/broken.xml", "<a><b></a>");
   made.add("data/broken.txt", "\xFF\xFF");
   std::filesystem::create_symlink("nowhere", made.path() / "data/dangling");
-  const Run run = runTour("--summary " + inQuotes(made.path() / "s.txt") + " " +
+  // A folder below with a way back, and names that are no text.
+  made.add("data/b\xFF/new\nline\xFE.png",
+           std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\1\0\2\0\0\2\1", 24) + "12345");
+  made.add("data/b\xFF/no.png",
+           std::string("\x89PNG\r\n\x1A\n\0\0\0\rNONE\0\1\0\2\0\0\2\1", 24) + "12345");
+  std::filesystem::create_symlink("..", made.path() / "data/b\xFF/up");
+  const Run run = runTour("--deep --summary " + inQuotes(made.path() / "s.txt") + " " +
                           inQuotes(made.path() / "data"));
   EXPECT_EQ(1, run.status) << "two files cannot be read";
   const auto total = [&](const char *name, std::uintmax_t value) {
@@ -84,15 +93,17 @@ void manyFiles() {
     std::snprintf(line, sizeof line, "  %-16s%12ju\n", name, value);
     EXPECT_TRUE(contains(run, line)) << line << run.output.substr(run.output.find("totals"));
   };
-  total("files", 2002);
-  total("bytes", bytes + 12);
+  total("files", 2004);
+  total("bytes", bytes + 12 + 58);
   total("texts", 500);
   total("words", words);
   total("XML documents", 500);
   total("XML elements", 1000);
-  total("data files", 1000);
+  total("data files", 1002);
   EXPECT_TRUE(contains(run, "file 1997.xml"));
-  EXPECT_TRUE(contains(run, "tour: read 1001 of 2002\n")) << "progress";
+  EXPECT_TRUE(contains(run, "b\\xFF/new\\nline\\xFE.png "));
+  EXPECT_TRUE(contains(run, "PNG picture, 65538 x 513\n"));
+  EXPECT_TRUE(contains(run, "tour: read 1002 of 2004\n")) << "progress";
   EXPECT_TRUE(contains(run, "tour: cannot read \"broken.xml\": not well-formed XML (0xC00CE56D)"));
   EXPECT_TRUE(contains(
       run, "tour: cannot read \"broken.txt\": not a text in UTF-8 or UTF-16 (0x80070459)"));
@@ -113,6 +124,17 @@ void refused() {
   run = runTour(inQuotes(closed), getuid() == 0 ? "setpriv --reuid 65534 --clear-groups " : "");
   EXPECT_EQ(1, run.status);
   EXPECT_TRUE(contains(run, "access denied (0x80070005)")) << run.output;
+  // What cannot be written is told in one line, and no part of a summary stays.
+  for (const char *output : {">/dev/full", ">&-"}) {
+    run = runTour(std::string("--help ") + output);
+    EXPECT_EQ(1, run.status) << output;
+    EXPECT_EQ(1, std::ranges::count(run.output, '\n')) << run.output;
+  }
+  const auto summary = made.path() / "summary.txt";
+  run = runTour("--summary " + inQuotes(summary), "trap '' XFSZ; ulimit -f 0; ");
+  EXPECT_EQ(1, run.status);
+  EXPECT_TRUE(contains(run, "tour: cannot write the summary \"" + summary.string() + "\": "));
+  EXPECT_FALSE(std::filesystem::exists(summary));
   EXPECT_EQ(2, runTour("--nonsense").status);
   run = runTour("--help");
   EXPECT_EQ(0, run.status);
