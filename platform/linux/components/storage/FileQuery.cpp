@@ -39,6 +39,7 @@ HRESULT findFiles(const Path &folder, const FileQuery &query, std::vector<Listed
   if (status < 0)
     return status;
   std::vector<std::u16string> types;
+  types.reserve(query.types.size());
   for (const std::u16string &type : query.types)
     types.push_back(lowerCase(type));
   const bool all = types.empty() || std::ranges::find(types, u"*") != types.end();
