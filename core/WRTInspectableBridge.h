@@ -7,12 +7,6 @@
 #pragma clang assume_nonnull begin
 #endif
 
-WRT_EXTERN_C_BEGIN
-struct WRTIInspectableVtbl;
-struct WRTIInspectable;
-WRT_EXTERN_C_END
-typedef struct WRTIInspectable WRTIInspectable;
-
 /// What every bridge of a WinRT object answers. The first three methods call slots 0, 1 and 2 of
 /// the object's interface table, where it keeps `QueryInterface`, `AddRef` and `Release`; they are
 /// of no use against a real object and stand for callers that rely on their being there.

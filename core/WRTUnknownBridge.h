@@ -8,12 +8,6 @@
 #pragma clang assume_nonnull begin
 #endif
 
-WRT_EXTERN_C_BEGIN
-struct WRTIUnknownVtbl;
-struct WRTIUnknown;
-WRT_EXTERN_C_END
-typedef struct WRTIUnknown WRTIUnknown;
-
 /// What every bridge answers.
 @protocol WRTIUnknownBridge
 @required

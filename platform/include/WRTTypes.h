@@ -67,6 +67,16 @@ typedef struct {
 /// A WinRT string: immutable UTF-16, reference-counted by its platform. Null is the empty string.
 typedef struct HSTRING__ *HSTRING;
 
+/// The two root interfaces: an interface pointer points to a pointer to its table of functions.
+struct WRTIUnknownVtbl;
+typedef struct WRTIUnknown {
+  const struct WRTIUnknownVtbl *lpVtbl;
+} WRTIUnknown;
+struct WRTIInspectableVtbl;
+typedef struct WRTIInspectable {
+  const struct WRTIInspectableVtbl *lpVtbl;
+} WRTIInspectable;
+
 /// What an event's add member returns and its remove member takes; encodes as `{?=q}`.
 typedef struct {
   long long value;

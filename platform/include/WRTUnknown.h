@@ -1,4 +1,4 @@
-/// The two root interfaces of the Windows Runtime as C function tables (Windows 10 SDK
+/// The function tables of the two root interfaces of the Windows Runtime in C (Windows 10 SDK
 /// 10.0.16299.0, unknwnbase.h and inspectable.h).
 #ifndef WRT_UNKNOWN_H
 #define WRT_UNKNOWN_H
@@ -7,20 +7,12 @@
 
 WRT_EXTERN_C_BEGIN
 
-typedef struct WRTIUnknown WRTIUnknown;
-
 /// Slots 0 to 2 of every interface.
 typedef struct WRTIUnknownVtbl {
   HRESULT(WRT_ABI *QueryInterface)(WRTIUnknown *self, const GUID *iid, void **result);
   uint32_t(WRT_ABI *AddRef)(WRTIUnknown *self);
   uint32_t(WRT_ABI *Release)(WRTIUnknown *self);
 } WRTIUnknownVtbl;
-
-struct WRTIUnknown {
-  const WRTIUnknownVtbl *lpVtbl;
-};
-
-typedef struct WRTIInspectable WRTIInspectable;
 
 /// Slots 0 to 5 of every WinRT interface that is not a delegate.
 typedef struct WRTIInspectableVtbl {
@@ -31,10 +23,6 @@ typedef struct WRTIInspectableVtbl {
   HRESULT(WRT_ABI *GetRuntimeClassName)(WRTIInspectable *self, HSTRING *name);
   HRESULT(WRT_ABI *GetTrustLevel)(WRTIInspectable *self, int32_t *level);
 } WRTIInspectableVtbl;
-
-struct WRTIInspectable {
-  const WRTIInspectableVtbl *lpVtbl;
-};
 
 WRT_EXTERN_C_END
 
