@@ -4,10 +4,6 @@
 #import <Foundation/Foundation.h>
 #include <WRTObjcBridge/WRTTypes.h>
 
-#if defined(WRT_BUILDING_BRIDGE)
-#include "core/StrongVariable.h"
-#endif
-
 #if defined(__clang__)
 #pragma clang assume_nonnull begin
 #endif
@@ -19,11 +15,7 @@ WRT_BRIDGE_API
 @private
   void *_hstring;
   void *_originalHSTRINGToRelease;
-#if defined(WRT_BUILDING_BRIDGE)
-  wrt::StrongVariable<NSString *> _nsstring;
-#else
   NSString *_nsstring;
-#endif
 }
 
 /// The string, autoreleased.

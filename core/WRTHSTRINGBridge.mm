@@ -7,25 +7,35 @@
 
 namespace log = wrt::log;
 
+// Compiled for the product with automatic reference counting, which gives the class `.cxx_destruct`
+// and its variable the type of an object; the GNU runtime cannot have that, and is counted for
+// here.
+#if __has_feature(objc_arc)
+#define WRT_RETAINED(object) (object)
+#define WRT_AUTORELEASED(object) (object)
+#else
+#define WRT_RETAINED(object) [object retain]
+#define WRT_AUTORELEASED(object) [object autorelease]
+#endif
+
 // The constructors name the class itself: a subclass that calls them gets a plain object too.
 @implementation WRTHSTRINGBridge
 
 + (instancetype)_bridge:(void *)string transfer:(BOOL)transfer {
   if (!string)
     return nil;
-  WRTHSTRINGBridge *bridge = [[WRTHSTRINGBridge alloc] init];
+  WRTHSTRINGBridge *bridge = WRT_AUTORELEASED([[WRTHSTRINGBridge alloc] init]);
   HSTRING copy = nullptr;
   const HRESULT status = WRTHSTRINGDuplicate(static_cast<HSTRING>(string), &copy);
   if (status < 0) {
     log::write(log::kFailure, log::coreContext, __func__, __LINE__,
                @"Failed to duplicate HSTRING %p", string);
-    [bridge release];
     return nil;
   }
   bridge->_hstring = copy;
   if (transfer)
     bridge->_originalHSTRINGToRelease = string;
-  return [bridge autorelease];
+  return bridge;
 }
 
 + (instancetype)bridgeTransfer:(void *)string {
@@ -39,28 +49,31 @@ namespace log = wrt::log;
 + (instancetype)createWithString:(NSString *)string {
   if (!string)
     return nil;
-  WRTHSTRINGBridge *bridge = [[WRTHSTRINGBridge alloc] init];
-  bridge->_nsstring.replace([string retain]);
-  return [bridge autorelease];
+  WRTHSTRINGBridge *bridge = WRT_AUTORELEASED([[WRTHSTRINGBridge alloc] init]);
+  bridge->_nsstring = WRT_RETAINED(string);
+  return bridge;
 }
 
 - (void *)hstring {
   if (!_hstring)
-    _hstring = WRTHSTRINGFromCFString(_nsstring.get());
+    _hstring = WRTHSTRINGFromCFString(_nsstring);
   return _hstring;
 }
 
 - (NSString *)string {
-  if (!_nsstring.get())
-    _nsstring.replace(WRTHSTRINGToCFString(static_cast<HSTRING>(_hstring)));
-  return [[_nsstring.get() retain] autorelease];
+  if (!_nsstring)
+    _nsstring = WRTHSTRINGToCFString(static_cast<HSTRING>(_hstring));
+  return WRT_AUTORELEASED(WRT_RETAINED(_nsstring));
 }
 
 - (void)dealloc {
   WRTHSTRINGRelease(static_cast<HSTRING>(_hstring));
   if (_originalHSTRINGToRelease)
     WRTHSTRINGRelease(static_cast<HSTRING>(_originalHSTRINGToRelease));
+#if !__has_feature(objc_arc)
+  [_nsstring release];
   [super dealloc];
+#endif
 }
 
 @end

@@ -9,7 +9,7 @@ WRT_EXTERN_C_BEGIN
 
 /// A new string (+1) with the handle's characters, embedded nulls and lone surrogates included. The
 /// handle is borrowed; null gives an empty string.
-NSString *WRTHSTRINGToCFString(HSTRING string);
+NSString *WRTHSTRINGToCFString(HSTRING string) __attribute__((ns_returns_retained));
 /// A new handle owned by the caller, to be given up with `WRTHSTRINGRelease`; null for nil, for an
 /// empty string and when memory runs out.
 HSTRING WRTHSTRINGFromCFString(NSString *string);

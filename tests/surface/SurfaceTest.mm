@@ -35,8 +35,11 @@ Methods listed(const std::string &className) {
   Methods methods;
   const auto found = catalogueTable().find(className);
   if (found != catalogueTable().end()) {
-    for (const CatalogueMethod &method : found->second)
-      methods.insert(method.side + method.selector);
+    for (const CatalogueMethod &method : found->second) {
+      // Comes with automatic reference counting, which this runtime has not.
+      if (method.selector != ".cxx_destruct")
+        methods.insert(method.side + method.selector);
+    }
   }
   return methods;
 }

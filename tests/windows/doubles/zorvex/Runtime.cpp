@@ -128,6 +128,15 @@ id objc_autorelease(id object) {
   return pool[pooled++] = object;
 }
 
+// What compiled code calls under automatic reference counting.
+void objc_storeStrong(id *place, id object) {
+  id old = *place;
+  *place = objc_retain(object);
+  objc_release(old);
+}
+id objc_autoreleaseReturnValue(id object) { return objc_autorelease(object); }
+id objc_retainAutoreleaseReturnValue(id object) { return objc_autorelease(objc_retain(object)); }
+
 void *objc_autoreleasePoolPush() { return reinterpret_cast<void *>(pooled + 1); }
 
 void objc_autoreleasePoolPop(void *mark) {
