@@ -38,9 +38,7 @@ public:
     writeClassReferences();
     writer_.append("\nusing namespace wrt;\n\n");
     for (const InterfaceType *interface : unit_.interfaces)
-      writer_.write(
-          "void *wrt::%::interface(id object, NSError **error) {\n  return [object %error];\n}\n",
-          interface->bridgeName, interface->accessorSelector());
+      writeAccessorFunction(*interface);
     for (const DelegateType *delegate : unit_.delegates)
       writeMaker(*delegate);
     writeOwnConstants();
@@ -110,6 +108,18 @@ private:
     }
     for (const std::string &name : names)
       writer_.write("WRT_CLASS_REFERENCE(%);\n", name);
+  }
+
+  /// A boxed value comes out of its factory as a bridge of the plain object type, which has no
+  /// accessor for what it can be passed as; there the object itself is asked.
+  void writeAccessorFunction(const InterfaceType &interface) {
+    const std::string accessor = interface.accessorSelector();
+    writer_.write("void *wrt::%::interface(id object, NSError **error) {\n", interface.bridgeName);
+    if (interface.instance && interface.instance->familyName == "Windows.Foundation.IReference")
+      writer_.write("  if (![object respondsToSelector:@selector(%)])\n"
+                    "    return queryInterface(object, kIid, error);\n",
+                    accessor);
+    writer_.write("  return [object %error];\n}\n", accessor);
   }
 
   void writeMaker(const DelegateType &delegate) {

@@ -8,11 +8,13 @@
 #include <WRTBridge.h>
 #import <WRTObjcBridge/IReference.h>
 #import <WRTObjcBridge/WRTIInspectableBridge.h>
+#import <WRTObjcBridge/Windows.ApplicationModel.Appointments.h>
 #import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/Windows.UI.Xaml.h>
 #import <WRTObjcBridge/Windows.UI.h>
 #include <abi/IReference.abi.h>
 
+#include <algorithm>
 #include <array>
 #include <cfloat>
 #include <cmath>
@@ -400,6 +402,45 @@ void references() {
   EXPECT_EQ(nil, error);
 }
 
+/// The table of an object that keeps the value of whatever reference any member gets. It is never
+/// counted.
+struct Receiver {
+  Receiver() {
+    std::ranges::fill(table, reinterpret_cast<void *>(+[](void *, void *arg) WRT_ABI -> HRESULT {
+                        return static_cast<abi::IReference__1_WRTTimeSpan *>(arg)->get_Value(
+                            &received);
+                      }));
+    table[0] =
+        reinterpret_cast<void *>(+[](void *self, const GUID *, void **result) WRT_ABI -> HRESULT {
+          *result = self;
+          return 0;
+        });
+    table[1] = table[2] = reinterpret_cast<void *>(+[](void *) WRT_ABI -> uint32_t { return 1; });
+  }
+
+  void **lpVtbl = table;
+  void *table[100];
+  static inline WRTTimeSpan received;
+};
+
+// What a factory makes is asked for the reference that a member takes.
+void passedReferences() {
+  Receiver receiver;
+  WRTAppointmentBridge *appointment = [WRTAppointmentBridge bridge:&receiver];
+  NSError *error = staleErrorOfCaller();
+  const id boxed = [Values createTimeSpanWithValue:WRTTimeSpan{8} error:nullptr];
+  [appointment setReminderWithValue:boxed error:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(8, Receiver::received.Duration);
+  Receiver::received = {};
+  [appointment setReminderWithValue:[WRTIReference__1_WRTTimeSpan_Bridge cast:boxed] error:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(8, Receiver::received.Duration);
+  const id other = [Values createInt32WithValue:8 error:nullptr];
+  [appointment setReminderWithValue:other error:&error];
+  EXPECT_EQ(kNoInterface, [error code]);
+}
+
 // A component reads arrays through references too.
 void referenceArrays() {
   std::array<int, 3> values{1, -2, 3};
@@ -426,6 +467,7 @@ const Cell cells[] = {
     {"boxing.array.strings.normal", stringArrays},
     {"boxing.array.objects.normal", objectArrays},
     {"boxing.reference.each.normal", references},
+    {"boxing.reference.passed.normal", passedReferences},
     {"boxing.reference.array.normal", referenceArrays},
 };
 
