@@ -9,12 +9,21 @@ namespace bridgegen {
 
 namespace {
 
+/// What a caller must know of every member, at the top of every header that declares some.
+constexpr const char *kNotice =
+    "//\n"
+    "// For every caller: a call that succeeds stores nil in the error variable, a call that "
+    "fails\n"
+    "// its error; where the object lacks the interface, nothing is called and the variable stays\n"
+    "// as it was. The handle behind a string that a call gives is not released.\n";
+
 class PublicHeader {
 public:
   PublicHeader(const Unit &unit, const Model &model) : unit_(unit), model_(model) {}
 
   std::string text() {
     writeBanner(writer_, unit_);
+    writer_.append(kNotice);
     {
       const IncludeGuard guard(writer_, unit_, "H");
       writeIncludes();
@@ -163,7 +172,9 @@ std::string emitPublicHeader(const Unit &unit, const Model &model) {
 
 std::string emitUmbrella(const Model &model) {
   Writer writer;
-  writer.append("// Made by bridgegen.\n#ifndef WRT_OBJC_BRIDGE_H\n#define WRT_OBJC_BRIDGE_H\n\n");
+  writer.append("// Made by bridgegen.\n");
+  writer.append(kNotice);
+  writer.append("#ifndef WRT_OBJC_BRIDGE_H\n#define WRT_OBJC_BRIDGE_H\n\n");
   for (const char *header : {"WRTClassProxy", "WRTConversions", "WRTHSTRINGBridge",
                              "WRTIInspectableBridge", "WRTInterfaceProxy"})
     writer.write("#import <WRTObjcBridge/%.h>\n", header);
