@@ -12,7 +12,8 @@ extern "C" {
 /// No time limit.
 #define ZORVEX_DISPATCH_TIME_FOREVER (~UINT64_C(0))
 
-/// A new semaphore object (+1, released with `objc_release`), or nil for a negative value.
+/// A new semaphore object (+1, released with `objc_release`), or nil for a negative value and
+/// without memory.
 id __zorvex_dispatch_semaphore_create(long value);
 /// Adds one; not 0 when a waiting thread was woken.
 long __zorvex_dispatch_semaphore_signal(id semaphore);

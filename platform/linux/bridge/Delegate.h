@@ -2,6 +2,7 @@
 #define WRT_DELEGATE_H
 
 #import <Foundation/NSAutoreleasePool.h>
+#include <ObjCRuntime.h>
 #include <WRTObjcBridge/WRTTypes.h>
 #include <WRTStatus.h>
 #include <atomic>
@@ -32,7 +33,8 @@ struct Delegate {
 WRT_DLLEXPORT HRESULT WRT_ABI queryInterface(Delegate *self, const GUID *iid, void **result);
 WRT_DLLEXPORT uint32_t WRT_ABI addRef(Delegate *self);
 WRT_DLLEXPORT uint32_t WRT_ABI release(Delegate *self);
-/// A new delegate (+1) with a reference of its own to `block`. The table must not go away.
+/// A new delegate (+1) with a reference of its own to `block`, or null without memory. The table
+/// must not go away.
 WRT_DLLEXPORT Delegate *create(const Table *table, const GUID &iid, id block);
 
 /// The part that depends on the signature.
@@ -47,7 +49,9 @@ struct Invoker<HRESULT(Arguments...)> {
       return status::kPointer;
     // The thread may be one that Objective-C has never seen and that has no pool.
     @autoreleasepool {
-      return static_cast<Block>(self->block)(arguments...);
+      // The block may make the component drop the delegate, and with it the block itself.
+      const id block = objc_autorelease(objc_retain(self->block));
+      return static_cast<Block>(block)(arguments...);
     }
   }
 

@@ -4,6 +4,7 @@
 
 #include <ObjCRuntime.h>
 #include <WRTAbi.h>
+#include <new>
 
 namespace wrt::delegate {
 
@@ -36,8 +37,12 @@ uint32_t WRT_ABI release(Delegate *self) {
 }
 
 Delegate *create(const Table *table, const GUID &iid, id block) {
+  auto *delegate = new (std::nothrow) Delegate{table, 1, iid, nil};
+  if (delegate == nullptr)
+    return nullptr;
+  delegate->block = objc_retainBlock(block);
   WRTLedgerAdd(kWRTLedgerDelegates, 1);
-  return new Delegate{table, 1, iid, objc_retainBlock(block)};
+  return delegate;
 }
 
 } // namespace wrt::delegate

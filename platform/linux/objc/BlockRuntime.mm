@@ -28,8 +28,10 @@ namespace {
 /// Copying a block cannot fail as far as its callers know.
 void *allocate(size_t size, WRTLedgerKind kind) {
   void *memory = std::malloc(size);
-  if (memory == nullptr)
+  if (memory == nullptr) {
+    std::fputs("zorvex: no memory for a block\n", stderr);
     std::abort();
+  }
   WRTLedgerAdd(kind, 1);
   return memory;
 }

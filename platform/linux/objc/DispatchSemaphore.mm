@@ -5,7 +5,7 @@
 #include "platform/linux/objc/Semaphore.h"
 
 #include <WRTObjcBridge/WRTTypes.h>
-#include <memory>
+#include <new>
 
 @interface WRTDispatchSemaphore : NSObject {
 @public
@@ -24,8 +24,12 @@ extern "C" WRT_DLLEXPORT id __zorvex_dispatch_semaphore_create(long value) {
   if (value < 0)
     return nil;
   WRTDispatchSemaphore *object = [[WRTDispatchSemaphore alloc] init];
-  object->_semaphore = new wrt::Semaphore(value);
-  return object;
+  if (object != nil)
+    object->_semaphore = new (std::nothrow) wrt::Semaphore(value);
+  if (object == nil || object->_semaphore != nullptr)
+    return object;
+  [object release];
+  return nil;
 }
 
 extern "C" WRT_DLLEXPORT long __zorvex_dispatch_semaphore_signal(id semaphore) {

@@ -40,6 +40,7 @@
 #include "platform/linux/components/async/ThreadPool.h"
 #include "platform/linux/components/generic/InterfaceCast.h"
 #include "platform/linux/implement/Implements.h"
+#include "platform/linux/memory/Allocation.h"
 
 #include <functional>
 #include <new>
@@ -206,6 +207,7 @@ public:
 /// Runs `lambda` and makes a status of its exceptions.
 template <class Lambda, class... Arguments>
 HRESULT guarded(Lambda &lambda, Arguments &...arguments) {
+  const memory::FailuresAreCaught guard;
   try {
     return lambda(arguments...);
   } catch (const std::bad_alloc &) {

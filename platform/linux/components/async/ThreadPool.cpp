@@ -1,7 +1,10 @@
 #include "platform/linux/components/async/ThreadPool.h"
 
+#include "platform/linux/memory/Allocation.h"
+
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -16,9 +19,15 @@ public:
   void run(std::function<void()> work) {
     std::unique_lock lock(mutex_);
     queue_.push_back(std::move(work));
-    if (idle_ < queue_.size() && threads_ < kMaximumThreads) {
+    if (idle_ < queue_.size() && threads_ < kMaximumThreads && startThread())
       ++threads_;
-      std::thread([this] { serve(); }).detach();
+    if (threads_ == 0) {
+      // Nobody would come for it: it is done here and now.
+      work = std::move(queue_.back());
+      queue_.pop_back();
+      lock.unlock();
+      work();
+      return;
     }
     lock.unlock();
     workCame_.notify_one();
@@ -30,6 +39,17 @@ public:
   }
 
 private:
+  /// Whether there is another thread now.
+  bool startThread() {
+    const memory::FailuresAreCaught guard;
+    try {
+      std::thread([this] { serve(); }).detach();
+      return true;
+    } catch (const std::exception &) { // no thread to be had, or no memory for one
+      return false;
+    }
+  }
+
   [[noreturn]] void serve() {
     std::unique_lock lock(mutex_);
     for (;;) {

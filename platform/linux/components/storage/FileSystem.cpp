@@ -3,6 +3,7 @@
 #include "platform/linux/components/foundation/Text.h"
 #include "platform/linux/components/storage/FileStatus.h"
 #include "platform/linux/components/streams/ByteStore.h"
+#include "platform/linux/memory/Allocation.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -222,6 +223,7 @@ HRESULT readFile(const Path &path, std::string *bytes) {
   // grow meanwhile: reading goes on until there is no more.
   size_t filled = 0;
   for (size_t room = size + 1;; room = filled * 2 + 4096) {
+    const memory::FailuresAreCaught guard;
     try {
       bytes->resize(room);
     } catch (const std::bad_alloc &) {

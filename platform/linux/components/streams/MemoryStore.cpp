@@ -1,4 +1,5 @@
 #include "platform/linux/components/streams/ByteStore.h"
+#include "platform/linux/memory/Allocation.h"
 
 #include <algorithm>
 #include <cstring>
@@ -19,6 +20,7 @@ HRESULT MemoryStore::resize(uint64_t size) {
 }
 
 HRESULT MemoryStore::resizeLocked(uint64_t size) {
+  const memory::FailuresAreCaught guard;
   try {
     bytes_.resize(size);
     return status::kOk;
