@@ -58,8 +58,13 @@ else()
 endif()
 target_compile_options(wrt_objc INTERFACE ${WRT_OBJC_FLAGS})
 
-# The library's own code: nothing is thrown and no type information is kept.
+# The library's own code: it throws nothing and keeps no type information. On Linux it knows of
+# exceptions all the same, since those of applications may pass through.
 add_library(wrt_library_code INTERFACE)
 target_link_libraries(wrt_library_code INTERFACE wrt_objc)
-target_compile_options(wrt_library_code INTERFACE -fno-exceptions -fno-rtti)
+if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  target_compile_options(wrt_library_code INTERFACE -fno-exceptions -fno-rtti)
+else()
+  target_compile_options(wrt_library_code INTERFACE -fexceptions -fobjc-exceptions -fno-rtti)
+endif()
 target_compile_definitions(wrt_library_code INTERFACE WRT_BUILDING_BRIDGE)

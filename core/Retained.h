@@ -5,7 +5,8 @@
 
 namespace wrt {
 
-/// A reference to an Objective-C object or block, dropped at the end of the scope.
+/// A reference to an Objective-C object or block, dropped at the end of the scope, which an
+/// exception from there may leave.
 template <class Object = id>
 class Retained {
 public:
@@ -20,7 +21,7 @@ public:
   }
   Retained(Retained &&other) : object_(other.object_) { other.object_ = nullptr; }
   Retained &operator=(const Retained &) = delete;
-  ~Retained() {
+  ~Retained() noexcept(false) {
     if (object_)
       objc_release(static_cast<id>(object_));
   }

@@ -3,6 +3,7 @@
 #include <WRTBridge.h>
 #include <WRTBridgeUtil.h>
 #include <WRTObjcBridge/WRTConversions.h>
+#include <WRTStatus.h>
 #include <WRTUnknown.h>
 
 namespace {
@@ -18,7 +19,7 @@ void withInterface(WRTInspectableBridge *bridge, NSError **error, Call call) {
   NSError *failure = nil;
   WRTIInspectable *interface = [bridge _WRTIInspectableWithError:&failure];
   if (!failure)
-    failure = call(interface);
+    failure = interface ? call(interface) : WRTCreateNSErrorFromHRESULT(wrt::status::kNoInterface);
   WRTIUnknownSafeRelease(interface);
   if (error)
     *error = failure;

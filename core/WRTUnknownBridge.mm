@@ -95,7 +95,8 @@ namespace log = wrt::log;
   wrt::Retained<> retained(other);
   if (self == other)
     return YES;
-  if ([self class] != [other class])
+  // A class answers itself when it is asked for its class.
+  if ([self class] != [other class] || [self class] == other)
     return NO;
   NSError *ignored = nil;
   NSError *alsoIgnored = nil;

@@ -21,7 +21,7 @@ void *activationFactory(const char16_t *className, const GUID &iid, NSError **er
     status = WRTGetActivationFactory(name, &iid, &factory);
   if (error)
     *error = WRTCreateNSErrorFromHRESULT(status);
-  return factory;
+  return status < 0 ? nullptr : factory;
 }
 
 } // namespace wrt

@@ -3,6 +3,7 @@
 
 #include "marshal/Delegate.h"
 #include "marshal/Object.h"
+#include "marshal/Shield.h"
 #include "marshal/String.h"
 
 namespace wrt {
@@ -67,8 +68,10 @@ template <auto factory, class... Arguments>
 void *makeDelegate(id handler, Retained<> &adapter) {
   HRESULT (^block)(typename Arguments::Type...) = handler;
   adapter.replace(objc_retainBlock(^HRESULT(typename Arguments::Raw... raw) {
-    return detail::convertAndCall<Arguments...>(
-        [&](auto... arguments) { return block(arguments...); }, raw...);
+    return shielded(kAdapterName<factory>.data(), [&] {
+      return detail::convertAndCall<Arguments...>(
+          [&](auto... arguments) { return block(arguments...); }, raw...);
+    });
   }));
   return factory(adapter.get());
 }
@@ -79,11 +82,13 @@ template <auto factory>
 void *makeStringDelegate(id handler, Retained<> &adapter) {
   HRESULT (^block)(NSString **) = handler;
   adapter.replace(objc_retainBlock(^HRESULT(HSTRING *result) {
-    NSString *string = nil;
-    const HRESULT status = block(&string);
-    if (status >= 0 && string)
-      *result = WRTCreateHSTRINGFromNSString(string);
-    return status;
+    return shielded(kAdapterName<factory>.data(), [&] {
+      NSString *string = nil;
+      const HRESULT status = block(&string);
+      if (status >= 0 && string)
+        *result = WRTCreateHSTRINGFromNSString(string);
+      return status;
+    });
   }));
   return factory(adapter.get());
 }
@@ -104,11 +109,13 @@ template <auto factory, Accessor accessor, const AdapterSite &site>
 void *makeInterfaceDelegate(id handler, Retained<> &adapter) {
   HRESULT (^block)(id *) = handler;
   adapter.replace(objc_retainBlock(^HRESULT(void **result) {
-    id object = nil;
-    const HRESULT status = block(&object);
-    if (status >= 0 && object)
-      *result = delegateResult(object, accessor, site);
-    return status;
+    return shielded(site.function, [&] {
+      id object = nil;
+      const HRESULT status = block(&object);
+      if (status >= 0 && object)
+        *result = delegateResult(object, accessor, site);
+      return status;
+    });
   }));
   return factory(adapter.get());
 }

@@ -13,6 +13,11 @@ namespace wrt {
 struct Cells {
   int32_t count = 0;
   void **block = nullptr;
+
+  /// Gives the block room for `room` null cells in task memory, which a clean-up frees. False when
+  /// that is more than any array has (`E_INVALIDARG`) or cannot be had (`E_OUTOFMEMORY`), which
+  /// ends the call.
+  bool allocate(Frame &frame, NSUInteger room);
 };
 
 /// Elements that are strings.
@@ -22,8 +27,8 @@ struct StringElements {
 
   /// Converts element `index` into its cell and registers its clean-up.
   static bool enter(Frame &frame, id element, void **cells, uint32_t index, NoFact);
-  /// Adds the cells' strings to `array`; whether each handle is released after that is up to
-  /// `releases`.
+  /// Adds the cells' strings to `array`, an empty one for what cannot be converted; whether each
+  /// handle is released after that is up to `releases`.
   static void leave(NSMutableArray *array, const Cells &cells, NoFact, bool releases);
 };
 
@@ -32,13 +37,13 @@ struct ObjectElements {
   using InFact = Accessor;
   using OutFact = ClassReference;
 
+  /// As `StringElements::enter`. Nil, which an array of the caller's own making may answer, and
+  /// `NSNull` stand for null.
   static bool enter(Frame &frame, id element, void **cells, uint32_t index, Accessor accessor);
-  /// Adds a bridge for each cell to `array`; the bridge takes the cell's reference over.
+  /// Adds a bridge for each cell to `array`; the bridge takes the cell's reference over. `NSNull`
+  /// stands in the place of a null, so that indices stay.
   static void leave(NSMutableArray *array, const Cells &cells, ClassReference type, bool);
 };
-
-/// A block of `count` cells in task memory that a clean-up frees.
-void **allocateCells(Frame &frame, NSUInteger count);
 
 /// A new mutable array.
 inline Retained<NSMutableArray *> newArray() {
@@ -72,9 +77,8 @@ struct Array {
       // An array that changes meanwhile must not get beyond the block, nor WinRT.
       const NSUInteger room = std::max(passed, [array count]);
       cells_.count = static_cast<int32_t>(passed);
-      cells_.block = allocateCells(frame, room);
-      if (cells_.block)
-        std::fill_n(cells_.block, room, nullptr);
+      if (!cells_.allocate(frame, room))
+        return false;
       for (uint32_t index = 0; index < [array count] && index < room; ++index) {
         if (!Elements::enter(frame, [array objectAtIndexedSubscript:index], cells_.block, index,
                              fact))

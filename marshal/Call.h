@@ -92,7 +92,7 @@ call(id receiver, const Member<Result(Parameters...)> &member,
       crossings.leave(facts.tail);
     }
   }
-  frame.close(error);
+  frame.tell(error);
   return outcome.get();
 }
 

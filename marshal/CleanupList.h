@@ -16,7 +16,8 @@ public:
   /// Registers a clean-up; the block is copied to the heap.
   void add(void (^cleanup)(void));
 
-  /// `WRTIUnknownRelease`, `WRTHSTRINGRelease` and `WRTTaskMemFree` are the clean-ups there are.
+  /// `WRTIUnknownRelease`, `WRTHSTRINGRelease` and `WRTTaskMemFree` are the clean-ups there are; of
+  /// a null they do nothing.
   void addRelease(void *object);
   void addRelease(HSTRING string);
   void addFree(void *block);

@@ -14,7 +14,8 @@ void CleanupList::add(void (^cleanup)(void)) {
 
 void CleanupList::addRelease(void *object) {
   add(^{
-    WRTIUnknownRelease(object);
+    if (object)
+      WRTIUnknownRelease(object);
   });
 }
 
@@ -32,7 +33,8 @@ void CleanupList::addFree(void *block) {
 
 void CleanupList::addReleaseOfObject(void **cells, uint32_t index) {
   add(^{
-    WRTIUnknownRelease(cells[index]);
+    if (cells[index])
+      WRTIUnknownRelease(cells[index]);
   });
 }
 

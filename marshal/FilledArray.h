@@ -33,9 +33,9 @@ struct FilledCells {
   Cells cells;
   uint32_t capacity = 0;
 
-  void allocate(Frame &frame) {
+  bool allocate(Frame &frame) {
     capacity = frame.capacity();
-    cells.block = allocateCells(frame, capacity);
+    return cells.allocate(frame, capacity);
   }
   Cells delivered() const {
     return {static_cast<int32_t>(std::min<int64_t>(cells.count, capacity)), cells.block};
@@ -52,10 +52,7 @@ struct Fill<Array<Elements>> {
   public:
     explicit Crossing(NSMutableArray *argument) : argument_(argument) {}
 
-    bool enter(Frame &frame, Fact) {
-      filled_.allocate(frame);
-      return true;
-    }
+    bool enter(Frame &frame, Fact) { return filled_.allocate(frame); }
     template <class Next>
     [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(&filled_.cells.count, filled_.cells.block);
@@ -81,10 +78,7 @@ struct ReturnedFill {
   struct Returning {
     FilledCells filled;
 
-    bool enter(Frame &frame) {
-      filled.allocate(frame);
-      return true;
-    }
+    bool enter(Frame &frame) { return filled.allocate(frame); }
     template <class Next>
     [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(&filled.cells.count, filled.cells.block);

@@ -1,7 +1,6 @@
 #ifndef WRT_MARSHAL_FRAME_H
 #define WRT_MARSHAL_FRAME_H
 
-#include <WRTBridge.h>
 #include <WRTObjcBridge/WRTTypes.h>
 
 #import <Foundation/Foundation.h>
@@ -18,12 +17,15 @@ using Accessor = void *(*)(id object, NSError **error);
 class Frame {
 public:
   /// Asks `receiver` for the interface. Its failure is swallowed: the member then returns at once.
-  Frame(id receiver, Accessor accessor) : interface_(accessor(receiver, &error_)) {}
+  Frame(id receiver, Accessor accessor);
   Frame(const Frame &) = delete;
   Frame &operator=(const Frame &) = delete;
+  /// Runs the clean-ups, releases the interface and tells the outcome. An exception of the
+  /// application's that passes through the call finds nothing left behind, and tells nothing.
+  ~Frame() noexcept(false);
 
   /// Whether there is an interface to call.
-  bool isOpen() const { return error_ == nil; }
+  bool isOpen() const { return interface_ != nullptr; }
   void *interface() const { return interface_; }
 
   CleanupList &cleanups() { return cleanups_; }
@@ -32,32 +34,23 @@ public:
   uint32_t capacity() const { return capacity_; }
   void setCapacity(uint32_t capacity) { capacity_ = capacity; }
 
-  /// An argument's conversion failed with `error` (borrowed): there will be no interface call.
-  bool refuse(NSError *error) {
-    error_ = error;
-    return false;
-  }
+  /// An argument's conversion failed with `status`, a failure: there will be no interface call.
+  /// False, for conversions to return.
+  bool refuse(HRESULT status);
+
+  /// Asks the argument `object` for the interface that crosses for it, which is +1. When there is
+  /// none, refuses with the failure, or with `E_NOINTERFACE` where none is told; false then.
+  bool ask(id object, Accessor accessor, void **interface);
 
   /// Takes the interface function's status; whether it was not negative.
-  bool accept(HRESULT status) {
-    if (status >= 0)
-      return true;
-    fail(status);
-    return false;
-  }
+  bool accept(HRESULT status) { return status >= 0 || refuse(status); }
 
-  /// Runs the clean-ups, releases the interface and tells the caller the outcome.
-  void close(NSError **error) {
-    cleanups_.run();
-    WRTIUnknownRelease(interface_);
-    if (error)
-      *error = error_;
-  }
+  /// Where the outcome is to be told at the end, nil for success; null is allowed.
+  void tell(NSError **error) { place_ = error; }
 
 private:
-  void fail(HRESULT status);
-
   NSError *error_ = nil;
+  NSError **place_ = nullptr;
   void *interface_;
   CleanupList cleanups_;
   uint32_t capacity_ = 0;

@@ -19,10 +19,8 @@ id bridge(ClassReference type, void *object) { return [classOf(type) bridge:obje
 bool Object::Crossing::enter(Frame &frame, Accessor accessor) {
   if (!argument_.get())
     return true;
-  NSError *error = nil;
-  interface_ = accessor(argument_.get(), &error);
-  if (error)
-    return frame.refuse(error);
+  if (!frame.ask(argument_.get(), accessor, &interface_))
+    return false;
   frame.cleanups().addRelease(interface_);
   return true;
 }

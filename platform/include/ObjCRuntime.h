@@ -1,5 +1,5 @@
-/// The platform interface: the runtime's reference counting as functions. On Windows they come from
-/// `zorvex.dll`, on Linux from the adaptation of the GNU runtime.
+/// The platform interface: the runtime's reference counting as functions, and classes by name. On
+/// Windows they come from `zorvex.dll`, on Linux from the GNU runtime and its adaptation.
 #ifndef OBJC_RUNTIME_H
 #define OBJC_RUNTIME_H
 
@@ -18,6 +18,8 @@ void objc_release(id object);
 id objc_autorelease(id object);
 /// The block on the heap with a reference for the caller; a stack block is copied. Nil is allowed.
 id objc_retainBlock(id block);
+/// The class of that name, or nil.
+Class objc_getClass(const char *name);
 
 #if defined(__cplusplus)
 }

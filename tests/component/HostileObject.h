@@ -29,6 +29,17 @@ public:
     return 0;
   }
 
+  /// Claim to have filled what was asked for and fill nothing.
+  HRESULT WRT_ABI OutInterfaceArrayPreallocated(int32_t size, int32_t *count,
+                                                abi::TestInterface **) override {
+    *count = size;
+    return 0;
+  }
+  HRESULT WRT_ABI ReturnStringArrayPreallocated(int32_t size, int32_t *count, HSTRING *) override {
+    *count = size;
+    return 0;
+  }
+
   /// Fill what was asked for and claim more.
   HRESULT WRT_ABI OutRtcArrayPreallocated(int32_t size, int32_t *count,
                                           abi::TestInterface **arr) override;

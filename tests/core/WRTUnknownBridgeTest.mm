@@ -83,6 +83,7 @@ void comparing() {
   EXPECT_TRUE([bridge isEqual:bridge]);
   EXPECT_TRUE(object.queries.empty());
   EXPECT_FALSE([bridge isEqual:nil]);
+  EXPECT_FALSE([bridge isEqual:[WRTInspectableBridge class]]);
   EXPECT_FALSE([bridge isEqual:[WRTIInspectableBridge bridge:&object]]) << "other class";
   EXPECT_FALSE([bridge isEqual:[WRTInspectableBridge bridge:&other]]);
 

@@ -9,6 +9,20 @@
 
 #import <WRTObjcBridge/test.h>
 
+/// An array that says what it is told of its count, answers nil for the first element, and for
+/// others raises.
+@interface OddArray : NSArray {
+  NSUInteger _count;
+}
+- (instancetype)initWithCount:(int)count;
+@end
+
+/// An array that takes one object and then raises.
+@interface FullArray : NSMutableArray {
+  bool _isFull;
+}
+@end
+
 namespace wrt::test {
 
 inline constexpr HRESULT kFailure = static_cast<HRESULT>(0x80070057);     // E_INVALIDARG

@@ -2,6 +2,35 @@
 
 #include <WRTBridge.h>
 
+#include <utility>
+
+@implementation OddArray
+- (instancetype)initWithCount:(int)count {
+  _count = static_cast<NSUInteger>(count);
+  return self;
+}
+- (NSUInteger)count {
+  return _count;
+}
+- (id)objectAtIndex:(NSUInteger)index {
+  if (index > 0)
+    [NSException raise:NSRangeException format:@"no element %lu", (unsigned long)index];
+  return nil;
+}
+@end
+
+@implementation FullArray
+- (NSUInteger)count {
+  return 0;
+}
+- (void)removeAllObjects {
+}
+- (void)addObject:(id)object {
+  if (std::exchange(_isFull, true))
+    [NSException raise:NSRangeException format:@"no room for %@", object];
+}
+@end
+
 namespace wrt::test {
 
 id newBridge(Class type) {

@@ -128,6 +128,31 @@ void delegateOutlivesMember() {
   });
 }
 
+// What runs stays until it has run, even if it makes the component drop the delegate.
+void delegateDroppedByItself() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    tokensDeallocated = 0;
+    script().keepsDelegate = true;
+    script().invocations = 0;
+    {
+      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+      LifetimeToken *token = [[LifetimeToken alloc] init];
+      [bridge
+          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
+            dropKeptDelegate();
+            EXPECT_EQ(0, tokensDeallocated);
+            return [token isKindOfClass:[LifetimeToken class]] ? x : -1;
+          }
+                      error:nullptr];
+      [token release];
+      [pool release];
+    }
+    abi::TestDelegate *const last = keptDelegate().get();
+    EXPECT_EQ(7, last->Invoke(7, nullptr, nullptr, nullptr));
+    EXPECT_EQ(1, tokensDeallocated);
+  });
+}
+
 void delegateOnThreads() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     tokensDeallocated = 0;
@@ -254,6 +279,7 @@ const Cell cells[] = {
     {"delegate.in.block.invoked_often", delegateOften},
     {"delegate.in.block.cleanups", delegateCleanups},
     {"delegate.in.block.outlives_member", delegateOutlivesMember},
+    {"delegate.in.block.dropped_by_itself", delegateDroppedByItself},
     {"delegate.in.block.other_threads", delegateOnThreads},
     {"delegate.in.block.nil", delegateNilBlock},
     {"delegate.in.block_returning_string.normal", delegateReturningString},

@@ -40,6 +40,10 @@ void lyingCounts() {
   EXPECT_EQ(3u, [array count]) << "never more than there is room for";
   [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nullptr];
   EXPECT_EQ("0 1", joined(array));
+  [bridge outInterfaceArrayPreallocatedWithSize:2 arr:array error:nullptr];
+  EXPECT_EQ(2u, [array count]);
+  EXPECT_EQ([NSNull null], [array lastObject]) << "a block starts empty";
+  EXPECT_EQ(" ", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
   clearCrossings();
 }
 

@@ -161,6 +161,62 @@ void objectArrayPreallocated() {
   });
 }
 
+// `NSNull` keeps the place of a null, in both directions.
+void objectArrayNull() {
+  expectLeftover({.taskBlocks = 4}); // element blocks are not freed
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    script().nullObjects = true;
+    script().count = 2;
+    NSArray *const nulls = @[ [NSNull null], [NSNull null] ];
+    NSMutableArray *array = [NSMutableArray array];
+    [bridge outInterfaceArrayWithArr:array error:nullptr];
+    EXPECT_TRUE([array isEqual:nulls]);
+    [bridge outRtcArrayPreallocatedWithSize:3 arr:array error:nullptr];
+    EXPECT_TRUE([array isEqual:nulls]);
+    EXPECT_TRUE([[bridge returnRtcArrayWithError:nullptr] isEqual:nulls]);
+    EXPECT_TRUE([[bridge returnInterfaceArrayPreallocatedWithSize:2 error:nullptr] isEqual:nulls]);
+
+    clearCrossings();
+    NSArray *const some = @[ static_cast<id>(bridge), [NSNull null], bridge ];
+    [bridge inInterfaceArrayWithArr:some error:nullptr];
+    [bridge inRtcArrayWithArr:[[[OddArray alloc] initWithCount:1] autorelease] error:nullptr];
+    EXPECT_EQ((Crossings{"InInterfaceArray [object, null, object]", "InRtcArray [null]"}),
+              takeCrossings());
+  });
+}
+
+void arraysTooLarge() {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+    using Call = void (^)(int size, NSError **error);
+    const Call calls[] = {^(int size, NSError **error){
+        [bridge inStringArrayWithArr:[[[OddArray alloc] initWithCount:size] autorelease]
+                               error:error];
+        },
+        ^(int size, NSError **error) {
+    [bridge outStringArrayPreallocatedWithSize:size arr:array error:error];
+        },
+        ^(int size, NSError **error) {
+    EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:size error:error]);
+        }
+};
+for (const Call &call : calls) {
+  NSError *error = nil;
+  failNext(Lack::TaskMemory);
+  call(1, &error);
+  EXPECT_EQ(static_cast<HRESULT>(0x8007000E), [error code]);
+  for (const int size : {-1, 0x10000000}) {
+    PlatformTrace trace;
+    call(size, &error);
+    EXPECT_EQ(kFailure, [error code]);
+    EXPECT_EQ("WRTIUnknownRelease", trace.names()) << "nothing was allocated";
+  }
+}
+EXPECT_EQ("before", joined(array));
+EXPECT_EQ(Crossings{}, takeCrossings()) << "no call is made";
+});
+}
+
 const Cell cells[] = {
     {"object.in.single.normal", objectIn},
     {"object.in.single.interface_missing", objectInStranger},
@@ -171,6 +227,8 @@ const Cell cells[] = {
     {"object.in.array.failing_element", objectArrayInFailingElement},
     {"object.out.array.normal", objectArrayOut},
     {"object.out.array_preallocated.normal", objectArrayPreallocated},
+    {"object.all.array.null", objectArrayNull},
+    {"object.all.array.no_memory", arraysTooLarge},
 };
 
 } // namespace

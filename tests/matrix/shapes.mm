@@ -4,6 +4,7 @@
 #include "tests/matrix/Fixture.h"
 
 #include "marshal/Call.h"
+#include "marshal/Delegate.h"
 #include "marshal/FilledArray.h"
 #include "marshal/String.h"
 #include "marshal/Value.h"
@@ -152,11 +153,49 @@ void bulkRead() {
   EXPECT_EQ(kFailure, [error code]);
 }
 
+/// An accessor that gives nothing and says nothing.
+void *noInterface(id, NSError **) { return nullptr; }
+/// One that says that it failed and gives something all the same, which is nobody's.
+void *failingInterface(id, NSError **error) {
+  *error = staleError();
+  return reinterpret_cast<void *>(0xCCCCCCCC);
+}
+void *noDelegate(id, Retained<> &) { return nullptr; }
+
+// A platform that succeeds with null.
+void nulls() {
+  static int calls;
+  OneFunction object(+[](void *, void *) WRT_ABI -> HRESULT {
+    ++calls;
+    return 0;
+  });
+  NSError *const before = staleError();
+  for (const Accessor accessor : {noInterface, failingInterface}) {
+    const Member<Void(Pointer)> receiving{accessor, 6};
+    NSError *error = before;
+    call(nil, receiving, nullptr, &error);
+    EXPECT_EQ(before, error) << "as any accessor that fails";
+    const Member<Void(Object)> single{OneFunction::interface, 6, accessor};
+    const Member<Void(Array<ObjectElements>)> array{OneFunction::interface, 6, accessor};
+    const HRESULT status = accessor == noInterface ? kNoInterface : [before code];
+    call(nil, single, @"argument", &error);
+    EXPECT_EQ(status, [error code]);
+    error = nil;
+    call(nil, array, @[ @"element" ], &error);
+    EXPECT_EQ(status, [error code]);
+  }
+  EXPECT_EQ(0, calls);
+  static constexpr Member<Void(Delegate)> delegating{OneFunction::interface, 6, noDelegate};
+  NSError *error = before;
+  call(nil, delegating, nil, &error);
+  EXPECT_EQ(nil, error) << "a null delegate is passed on";
+  EXPECT_EQ(1, calls);
+}
+
 const Cell cells[] = {
-    {"scalar.all.every_width.normal", widths},
-    {"boolean.all.any_byte.normal", booleans},
-    {"scalar.in.spilled.normal", spills},
-    {"string.return.bulk_read.normal", bulkRead},
+    {"scalar.all.every_width.normal", widths},    {"boolean.all.any_byte.normal", booleans},
+    {"scalar.in.spilled.normal", spills},         {"string.return.bulk_read.normal", bulkRead},
+    {"string.out.any.handles", stringsHandedOut}, {"frame.all.any.success_with_null", nulls},
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <dlfcn.h>
 
+#include <array>
 #include <utility>
 
 namespace wrt::test {
@@ -14,6 +15,10 @@ thread_local PlatformTrace *active = nullptr;
 /// Counts down to the call that fails.
 thread_local int duplicatesUntilFailure = 0;
 thread_local HRESULT duplicateFailure = 0;
+
+thread_local std::array<bool, 3> lacks{};
+
+bool lacksNext(Lack lack) { return std::exchange(lacks[static_cast<size_t>(lack)], false); }
 
 void record(const char *function, const void *argument, size_t size = 0) {
   if (active)
@@ -35,6 +40,8 @@ void failNextDuplicate(HRESULT status, int after) {
   duplicateFailure = status;
   duplicatesUntilFailure = after;
 }
+
+void failNext(Lack lack) { lacks[static_cast<size_t>(lack)] = true; }
 
 std::string PlatformTrace::names() const {
   std::string names;
@@ -77,7 +84,7 @@ void WRTIUnknownSafeRelease(void *object) {
 
 void *WRTTaskMemAlloc(size_t size) {
   static auto *forward = next<void *(size_t)>("WRTTaskMemAlloc");
-  void *block = forward(size);
+  void *block = lacksNext(Lack::TaskMemory) ? nullptr : forward(size);
   record("WRTTaskMemAlloc", block, size);
   return block;
 }
@@ -91,7 +98,20 @@ void WRTTaskMemFree(void *block) {
 HRESULT WRTGetActivationFactory(HSTRING className, const GUID *iid, void **factory) {
   static auto *forward = next<HRESULT(HSTRING, const GUID *, void **)>("WRTGetActivationFactory");
   record("WRTGetActivationFactory", iid);
-  return forward(className, iid, factory);
+  const HRESULT status = forward(className, iid, factory);
+  if (status < 0)
+    *factory = reinterpret_cast<void *>(0xCCCCCCCC); // nobody may look at it
+  return status;
+}
+
+void *WRTHSTRINGToCFString(HSTRING string) {
+  static auto *forward = next<void *(HSTRING)>("WRTHSTRINGToCFString");
+  return lacksNext(Lack::String) ? nullptr : forward(string);
+}
+
+void *__zorvex_dispatch_semaphore_create(long value) {
+  static auto *forward = next<void *(long)>("__zorvex_dispatch_semaphore_create");
+  return lacksNext(Lack::Semaphore) ? nullptr : forward(value);
 }
 
 } // extern "C"

@@ -19,6 +19,12 @@ struct PlatformCall {
 /// `status`.
 void failNextDuplicate(HRESULT status, int after = 0);
 
+/// What the platform can be made to lack: task memory, a new `NSString`, a semaphore.
+enum class Lack { TaskMemory, String, Semaphore };
+
+/// Makes this thread's next request of the kind answer null.
+void failNext(Lack lack);
+
 /// Records the calls of allocation and release functions that this thread makes while it lives. The
 /// test program's own functions stand in front of the platform's and forward to them.
 class PlatformTrace {

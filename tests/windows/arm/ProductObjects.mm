@@ -2,6 +2,7 @@
 #include "arm/FakeObject.h"
 #include "arm/ProductTest.h"
 
+#include <ObjCRuntime.h>
 #import <WRTObjcBridge/Windows.UI.Popups.h>
 #import <WRTObjcBridge/test.h>
 #include <abi/Windows.UI.Popups.abi.h>
@@ -92,6 +93,26 @@ void testObjectsOut(TestObject &object, WRTTestInterfaceBridge *bridge) {
   NSArray *array = [bridge returnInterfaceArrayPreallocatedWithSize:17 error:&error];
   CHECK([array count] == 17 && [array[16] inner] == child && child->references == 20);
   CHECK(testLiveTaskBlocks() == 0);
+
+  // Among elements `NSNull` stands for a null, both ways; a filled block starts with nulls.
+  object.table.ReturnInterfaceArrayPreallocated = [](WRTTestInterface *, int size, int *count,
+                                                     WRTTestInterface **arr) -> HRESULT {
+    handOut(&arr[1]);
+    *count = size;
+    return 0;
+  };
+  array = [bridge returnInterfaceArrayPreallocatedWithSize:2 error:&error];
+  CHECK([array count] == 2 && [array[0] class] == objc_getClass("NSNull"));
+  CHECK([array[1] inner] == child && child->references == 21);
+  object.table.InInterfaceArray = [](WRTTestInterface *, int count,
+                                     WRTTestInterface **arr) -> HRESULT {
+    seen = count == 2 && !arr[0] && arr[1] == child->as<WRTTestInterface>();
+    return 0;
+  };
+  [bridge inInterfaceArrayWithArr:array error:&error];
+  CHECK(seen == 1 && error == nil);
+  [bridge returnInterfaceArrayPreallocatedWithSize:-1 error:&error];
+  CHECK([error code] == static_cast<int>(0x80070057));
 
   // A null interface is nil without a word, a null object of a class is nil with one.
   const auto null = [](WRTTestInterface *, WRTTestInterface **result) -> HRESULT {

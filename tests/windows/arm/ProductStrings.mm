@@ -4,6 +4,7 @@
 #include "arm/ProductTest.h"
 
 #import <WRTObjcBridge/IVector.h>
+#import <WRTObjcBridge/WRTHSTRINGBridge.h>
 #import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/test.h>
 #include <abi/IVector.abi.h>
@@ -103,6 +104,19 @@ void testStrings(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterfaceBridg
   NSString *before = out;
   [bridge outStringWithArg:&out error:&error];
   CHECK(out == before && [error code] == kFail && [[error domain] isEqualToString:@"WRT"]);
+}
+
+/// The bridge of a string owns both of its forms, the first by automatic reference counting.
+void testHeldStrings() {
+  const int live = testLiveObjects();
+  const unsigned pool = testPoolPush();
+  NSString *string = [NSString stringWithUTF8String:"held"];
+  WRTHSTRINGBridge *bridge = [WRTHSTRINGBridge createWithString:string];
+  CHECK([bridge string] == string);
+  CHECK(hasText(static_cast<HSTRING>([bridge hstring]), u"held"));
+  CHECK([[[WRTHSTRINGBridge bridge:[bridge hstring]] string] isEqualToString:string]);
+  testPoolPop(pool);
+  CHECK(testLiveObjects() == live && testLiveStrings() == 0);
 }
 
 void testStringArrays(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterfaceBridge *bridge) {
@@ -215,6 +229,7 @@ void testStringsAndArrays() {
   FakeObject<WRTTestInterfaceVtbl> object(kWRTTestInterfaceIID);
   WRTTestInterfaceBridge *bridge = [[WRTTestInterfaceBridge alloc] initWithInner:&object];
   testStrings(object, bridge);
+  testHeldStrings();
   testStringArrays(object, bridge);
   CHECK(object.references == 1);
   [bridge release];

@@ -6,6 +6,7 @@
 #import <Foundation/NSData.h>
 #import <Foundation/NSEnumerator.h>
 #import <Foundation/NSError.h>
+#import <Foundation/NSNull.h>
 #import <Foundation/NSObject.h>
 #import <Foundation/NSString.h>
 
