@@ -12,6 +12,8 @@
 
 #include <DispatchSemaphore.h>
 #include <WRTBridge.h>
+#include <WRTObjcBridge/WRTConversions.h>
+#include <WRTStatus.h>
 
 namespace log = wrt::log;
 
@@ -44,6 +46,14 @@ void logFailure(const char *function, int line, NSString *text) {
   log::write(log::kFailure, logContext, function, line, text);
 }
 
+/// What an error variable holds before a call whose success must be told from one that found no
+/// interface: success alone clears it.
+NSError *notCalled() { return WRTCreateNSErrorFromHRESULT(wrt::status::kNoInterface); }
+
+/// Leaves the bytes where a write that may have started can read them: nobody will tell when it is
+/// done with them.
+void keepForGood(NSData *bytes) { objc_retain(bytes); }
+
 /// Ends the wait for a stream that could not be read.
 HRESULT failOpening(id semaphore, int line, NSString *text) {
   logFailure(kOpened, line, text);
@@ -65,8 +75,9 @@ NSData *WRTCreateNSDataFromIBuffer(WRTIBuffer *buffer, unsigned long long length
   }
   NSData *data = nil;
   uint8_t *bytes = nullptr;
-  status = WRTIBufferByteAccessBuffer(byteAccess, &bytes);
-  if (status < 0)
+  if (byteAccess)
+    status = WRTIBufferByteAccessBuffer(byteAccess, &bytes);
+  if (status < 0 || !byteAccess || (!bytes && static_cast<uint32_t>(length) > 0))
     logFailure(__func__, __LINE__, @"Failed buffer byte access");
   else
     data = [NSData dataWithBytes:bytes length:static_cast<uint32_t>(length)];
@@ -85,23 +96,29 @@ WRTCreateWRTRandomAccessReferenceBridgeFromNSData(NSData *data) {
   [buffer setLengthWithValue:length error:&error];
   const auto stream = wrt::Retained<WRTInMemoryRandomAccessStreamBridge *>::adopt(
       [[WRTInMemoryRandomAccessStreamBridge alloc] init]);
+  error = notCalled();
   const Wrote operation = [stream.get() writeAsyncWithBuffer:buffer error:&error];
   // Without an operation nobody would ever end the wait.
   if (error || !operation) {
     logFailure(kToStream, __LINE__,
                @"Failed [WRTInMemoryRandomAccessStreamBridge writeAsyncWithBuffer:]");
+    if (!error)
+      keepForGood(copy.get());
     return nil;
   }
   const Semaphore done;
   const id semaphore = done.get();
-  [operation
-      setCompletedWithHandler:^HRESULT(Wrote, int) {
-        __zorvex_dispatch_semaphore_signal(semaphore);
-        return 0;
-      }
-                        error:&error];
+  error = notCalled();
+  if (semaphore)
+    [operation
+        setCompletedWithHandler:^HRESULT(Wrote, int) {
+          __zorvex_dispatch_semaphore_signal(semaphore);
+          return 0;
+        }
+                          error:&error];
   if (error) {
     logFailure(kToStream, __LINE__, @"Failed writing data");
+    keepForGood(copy.get());
     return nil;
   }
   done.wait();
@@ -120,13 +137,17 @@ NSData *WRTCreateNSDataFromRandomAccessStreamReference(
   __block wrt::Retained<NSData *> result;
   const Semaphore done;
   const id semaphore = done.get();
+  if (!semaphore)
+    return nil;
 
+  error = notCalled();
   [opening
       setCompletedWithHandler:^HRESULT(Opened opened, int) {
         NSError *problem = nil;
         const id raw = [opened getResultsWithError:&problem];
         if (!raw || problem)
           return failOpening(semaphore, __LINE__, @"Failed fetching rawStream");
+        problem = notCalled();
         const unsigned long long size =
             [[WRTIRandomAccessStreamBridge cast:raw] getSizeWithError:&problem];
         if (problem)
@@ -141,6 +162,7 @@ NSData *WRTCreateNSDataFromRandomAccessStreamReference(
         // Without an operation nobody would ever end the wait.
         if (problem || !reading)
           return failOpening(semaphore, __LINE__, @"Failed initiating ReadAsync on inputStream");
+        problem = notCalled();
         [reading
             setCompletedWithHandler:^HRESULT(Read read, int) {
               NSError *failure = nil;

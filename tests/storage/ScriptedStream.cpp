@@ -65,9 +65,13 @@ HRESULT scripted(Declared **operation, HRESULT start, HRESULT handler, Work work
   *operation = nullptr;
   if (start < 0)
     return start;
-  if (handler < 0)
+  if (handler == status::kNoInterface)
+    *operation = reinterpret_cast<Declared *>(makeBareBuffer().detach());
+  else if (handler < 0)
     return handOut<IAsync<Result, Progress>>(make<Refusing<Result, Progress>>(handler), operation);
-  return startAsync<Result, Progress>(operation, std::move(work));
+  else
+    return startAsync<Result, Progress>(operation, std::move(work));
+  return status::kOk;
 }
 
 class ScriptedStream final
@@ -76,6 +80,12 @@ class ScriptedStream final
 public:
   explicit ScriptedStream(StreamScript &script) : script_(script) {}
 
+  HRESULT WRT_ABI QueryInterface(const GUID *iid, void **result) override {
+    if (script_.sizeStatus != status::kNoInterface || *iid != abi::IRandomAccessStream::kIid)
+      return Implements::QueryInterface(iid, result);
+    *result = nullptr;
+    return status::kNoInterface;
+  }
   HRESULT WRT_ABI get_Size(unsigned long long *size) override {
     *size = script_.size;
     return script_.sizeStatus;
@@ -98,8 +108,10 @@ public:
           return script.readResult;
         });
   }
-  HRESULT WRT_ABI WriteAsync(
-      abi::IBuffer *, abi::IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32 **result) override {
+  HRESULT WRT_ABI
+  WriteAsync(abi::IBuffer *buffer,
+             abi::IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32 **result) override {
+    script_.written = ComPtr(buffer);
     return scripted<UInt32, UInt32>(
         result, script_.writeStart, script_.writeHandler,
         [status = script_.writeResult](const Work<UInt32> &, uint32_t &) { return status; });

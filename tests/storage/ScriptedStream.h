@@ -12,7 +12,8 @@ namespace wrt::test {
 using namespace implement;
 using namespace components;
 
-/// What a scripted stream and a reference to it do. A status that is negative makes the step fail.
+/// What a scripted stream and a reference to it do. A status that is negative makes the step fail;
+/// where a handler is installed or the size is asked for, `E_NOINTERFACE` takes the interface away.
 struct StreamScript {
   HRESULT openStart = 0;   ///< OpenReadAsync itself
   HRESULT openResult = 0;  ///< its operation
@@ -27,6 +28,7 @@ struct StreamScript {
   HRESULT writeStart = 0;
   HRESULT writeResult = 0;
   HRESULT writeHandler = 0;
+  ComPtr<abi::IBuffer> written; ///< what a write was given
 
   // What was asked for.
   uint32_t capacity = 0;
