@@ -66,5 +66,11 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
   target_compile_options(wrt_library_code INTERFACE -fno-exceptions -fno-rtti)
 else()
   target_compile_options(wrt_library_code INTERFACE -fexceptions -fobjc-exceptions -fno-rtti)
+  option(WRT_RELEASE_STRING_RESULTS
+    "Release the handles of string results, which the product leaves to WinRT" OFF)
+  if(WRT_RELEASE_STRING_RESULTS)
+    # Tests expect other leftovers then.
+    target_compile_definitions(wrt_options INTERFACE WRT_RELEASE_STRING_RESULTS)
+  endif()
 endif()
 target_compile_definitions(wrt_library_code INTERFACE WRT_BUILDING_BRIDGE)

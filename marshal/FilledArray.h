@@ -69,7 +69,7 @@ struct Fill<Array<Elements>> {
 };
 
 /// A new array as the result, with what WinRT filled in. Alone among the string arrays it does not
-/// release the handles.
+/// release the handles, unless `kReleasesStringResults`.
 template <class Elements>
 struct ReturnedFill {
   using Type = NSMutableArray *;
@@ -83,7 +83,9 @@ struct ReturnedFill {
     [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(&filled.cells.count, filled.cells.block);
     }
-    NSMutableArray *leave(Fact fact) { return arrayOf<Elements>(filled.delivered(), fact, false); }
+    NSMutableArray *leave(Fact fact) {
+      return arrayOf<Elements>(filled.delivered(), fact, kReleasesStringResults);
+    }
   };
 };
 

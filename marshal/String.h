@@ -4,9 +4,18 @@
 #include "marshal/Member.h"
 #include "marshal/Out.h"
 
+#include <WRTBridge.h>
 #include <WRTObjcBridge/WRTConversions.h>
 
 namespace wrt {
+
+/// Whether the call gives up the handle behind a string that it hands out once that is converted.
+/// Callers on the platform's side may rely on its living on, so an option of the build says so.
+#if defined(WRT_RELEASE_STRING_RESULTS)
+inline constexpr bool kReleasesStringResults = true;
+#else
+inline constexpr bool kReleasesStringResults = false;
+#endif
 
 /// A string: `NSString` here, `HSTRING` there.
 struct String {
@@ -37,7 +46,7 @@ struct String {
     HSTRING handle_ = nullptr;
   };
 
-  /// The handle that WinRT returned is not released.
+  /// The handle that WinRT returned is released if `kReleasesStringResults`.
   struct Returning {
     HSTRING handle = nullptr;
 
@@ -46,7 +55,12 @@ struct String {
     [[gnu::always_inline]] HRESULT pass(Next next) {
       return next(&handle);
     }
-    NSString *leave(NoFact) { return WRTCreateNSStringFromHSTRING(handle); }
+    NSString *leave(NoFact) {
+      NSString *string = WRTCreateNSStringFromHSTRING(handle);
+      if constexpr (kReleasesStringResults)
+        WRTHSTRINGRelease(handle);
+      return string;
+    }
   };
 };
 

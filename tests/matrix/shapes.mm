@@ -153,6 +153,28 @@ void bulkRead() {
   EXPECT_EQ(kFailure, [error code]);
 }
 
+// The other strings whose handles stay on WinRT's side.
+void stringsHandedOut() {
+  static constexpr Member<String()> returning{OneFunction::interface, 6};
+  static constexpr Member<Void(Out<String>)> handing{OneFunction::interface, 6};
+  const auto answer =
+      +[](void *, HSTRING *result) WRT_ABI -> HRESULT { return makeString(u"text", result); };
+  static constexpr Member<ReturnedFill<StringElements>(Capacity<int>)> filling{
+      OneFunction::interface, 6};
+  const auto fill = +[](void *, int, int *count, HSTRING *block) WRT_ABI -> HRESULT {
+    *count = 1;
+    return makeString(u"text", block);
+  };
+  expectLeftover({.strings = 3});
+  OneFunction object(answer);
+  EXPECT_TRUE([call(nil, returning, nullptr) isEqual:@"text"]);
+  NSString *string = nil;
+  call(nil, handing, &string, nullptr);
+  EXPECT_TRUE([string isEqual:@"text"]);
+  OneFunction filler(fill);
+  EXPECT_EQ("text", joined(call(nil, filling, 1, nullptr)));
+}
+
 /// An accessor that gives nothing and says nothing.
 void *noInterface(id, NSError **) { return nullptr; }
 /// One that says that it failed and gives something all the same, which is nobody's.

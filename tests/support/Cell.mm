@@ -77,6 +77,9 @@ void expectLeftover(Leftover leftover) {
     leaksAreAnnounced = true;
   }
   expected = leftover;
+#if defined(WRT_RELEASE_STRING_RESULTS)
+  expected.strings = expected.extraHandles = 0;
+#endif
 }
 
 void keepUntilDrained(std::shared_ptr<void> thing) { lastingThings.push_back(std::move(thing)); }
