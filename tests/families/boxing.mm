@@ -441,6 +441,16 @@ void passedReferences() {
   EXPECT_EQ(kNoInterface, [error code]);
 }
 
+// No exception gets as far as the library.
+void noMemory() {
+  EXPECT_DEATH(
+      {
+        failNext(Lack::Object);
+        [Values createInt32WithValue:1 error:nullptr];
+      },
+      "no memory for [0-9]+ bytes");
+}
+
 // A component reads arrays through references too.
 void referenceArrays() {
   std::array<int, 3> values{1, -2, 3};
@@ -462,6 +472,7 @@ const Cell cells[] = {
     {"boxing.scalar.strings.normal", strings},
     {"boxing.scalar.objects.normal", objects},
     {"boxing.scalar.any.wrong_type", wrongType},
+    {"boxing.scalar.any.no_memory", noMemory},
     {"boxing.scalar.numbers.converted", conversions},
     {"boxing.array.values.normal", arrays},
     {"boxing.array.strings.normal", stringArrays},

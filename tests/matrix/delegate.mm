@@ -197,6 +197,10 @@ void delegateNilBlock() {
     [bridge inDelegateWithArg:none error:&error];
     EXPECT_EQ(nil, error);
     EXPECT_EQ(Crossings{"InDelegate"}, takeCrossings()) << "a delegate is built all the same";
+    failNext(Lack::Object);
+    [bridge inDelegateWithArg:none error:&error];
+    EXPECT_EQ(nil, error);
+    EXPECT_EQ(Crossings{"InDelegate"}, takeCrossings()) << "or none, if there is no memory";
   });
 }
 

@@ -5,6 +5,7 @@
 #include <dlfcn.h>
 
 #include <array>
+#include <new>
 #include <utility>
 
 namespace wrt::test {
@@ -16,7 +17,7 @@ thread_local PlatformTrace *active = nullptr;
 thread_local int duplicatesUntilFailure = 0;
 thread_local HRESULT duplicateFailure = 0;
 
-thread_local std::array<bool, 3> lacks{};
+thread_local std::array<bool, 4> lacks{};
 
 bool lacksNext(Lack lack) { return std::exchange(lacks[static_cast<size_t>(lack)], false); }
 
@@ -53,6 +54,11 @@ std::string PlatformTrace::names() const {
 } // namespace wrt::test
 
 using namespace wrt::test;
+
+void *operator new(size_t size, const std::nothrow_t &tag) noexcept {
+  static auto *forward = next<void *(size_t, const std::nothrow_t &)>("_ZnwmRKSt9nothrow_t");
+  return lacksNext(Lack::Object) ? nullptr : forward(size, tag);
+}
 
 extern "C" {
 

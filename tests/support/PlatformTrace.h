@@ -19,8 +19,9 @@ struct PlatformCall {
 /// `status`.
 void failNextDuplicate(HRESULT status, int after = 0);
 
-/// What the platform can be made to lack: task memory, a new `NSString`, a semaphore.
-enum class Lack { TaskMemory, String, Semaphore };
+/// What the platform can be made to lack: task memory, a new `NSString`, a semaphore, memory for an
+/// object of its own.
+enum class Lack { TaskMemory, String, Semaphore, Object };
 
 /// Makes this thread's next request of the kind answer null.
 void failNext(Lack lack);
