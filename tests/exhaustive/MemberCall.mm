@@ -7,6 +7,7 @@
 
 #import <objc/runtime.h>
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -136,6 +137,11 @@ void MemberCall::makeArgument(Argument &argument, int seed) {
     write<void *>(argument.value, room[seed]);
   } else {
     fillPattern(type, argument.value, seed);
+    // Beside an array it may be a capacity, and is one that can be had.
+    const bool isBesideArray =
+        isArray(result_) || std::ranges::any_of(arguments_, isArray, &Argument::type);
+    if (isBesideArray && (type.kind == 'i' || type.kind == 'I'))
+      argument.value[3] = 0;
   }
 }
 
