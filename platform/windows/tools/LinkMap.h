@@ -30,7 +30,8 @@ struct LinkMap {
   /// The first symbol at each address.
   std::map<Rva, std::string> symbols;
 
-  /// Throws `FormatError` when the file cannot be read or has no chunks.
+  /// Throws `FormatError` when the file cannot be read, has no chunks or, with the line's number,
+  /// has another form.
   static LinkMap read(const std::filesystem::path &file);
 
   /// The chunk that begins with the symbol, or null.

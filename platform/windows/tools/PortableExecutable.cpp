@@ -57,6 +57,8 @@ private:
 } // namespace
 
 Image Image::read(const std::filesystem::path &file) {
+  if (std::filesystem::is_directory(file)) // which can be opened, and not read
+    throw FormatError(join("cannot open ", file.string(), ": it is a folder"));
   std::ifstream stream(file, std::ios::binary);
   if (!stream)
     throw FormatError(join("cannot open ", file.string()));
@@ -74,7 +76,6 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
   Image image;
   image.machine_ = reader.u16(nt + 4);
   const std::uint32_t sectionCount = reader.u16(nt + 6);
-  image.timestamp_ = reader.u32(nt + 8);
   const std::size_t symbols = reader.u32(nt + 12);
   const std::size_t symbolCount = reader.u32(nt + 16);
   const std::size_t stringTable = symbols ? symbols + 18 * symbolCount : 0;

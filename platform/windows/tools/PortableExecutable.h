@@ -61,7 +61,6 @@ public:
   static Image parse(const std::vector<std::uint8_t> &file);
 
   std::uint16_t machine() const { return machine_; }
-  std::uint32_t timestamp() const { return timestamp_; }
   std::uint16_t characteristics() const { return characteristics_; }
   std::uint16_t dllCharacteristics() const { return dllCharacteristics_; }
   std::uint16_t subsystem() const { return subsystem_; }
@@ -106,7 +105,6 @@ private:
   void readBaseRelocations(Directory directory);
 
   std::uint16_t machine_ = 0;
-  std::uint32_t timestamp_ = 0;
   std::uint16_t characteristics_ = 0;
   std::uint16_t dllCharacteristics_ = 0;
   std::uint16_t subsystem_ = 0;

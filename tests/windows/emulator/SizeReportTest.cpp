@@ -31,7 +31,10 @@ TEST(LinkMapTest, ReadsChunksAndTheirFirstSymbols) {
   EXPECT_EQ(map.find("wrt::call<wrt::String>(id)"), &map.chunks[1]);
   EXPECT_EQ(map.find("another"), nullptr);
   EXPECT_THROW(LinkMap::read(write("Address  Size\n")), FormatError);
+  EXPECT_THROW(LinkMap::read(write("Address\n00001x00 0000000c     2         /a.o:(.text)\n")),
+               FormatError);
   EXPECT_THROW(LinkMap::read("nowhere.map"), FormatError);
+  EXPECT_THROW(Image::read(testing::TempDir()), FormatError);
 }
 
 TEST(SizeReportTest, NamesWhatMissesItsGoal) {
