@@ -54,7 +54,6 @@ struct Member {
   Position at;                  ///< of the name
   Position resultAt;            ///< of the result's type
 
-  bool isEvent() const { return kind == MemberKind::EventAdd || kind == MemberKind::EventRemove; }
   /// A property that takes a block: it can be set and not be read.
   bool isDelegateProperty() const;
   /// Has an Objective-C method. A slot without one stays in the table.

@@ -21,15 +21,5 @@ TEST(Writer, LeavesAPercentSignInAnArgumentAlone) {
   EXPECT_EQ(writer.text(), "100%!");
 }
 
-TEST(Writer, IndentsScopesButNoEmptyLines) {
-  Writer writer;
-  {
-    const auto outer = writer.scope("a {\n", "}\n");
-    const auto inner = writer.scope("b {\n", "}\n");
-    writer.append("c;\n\nd;\n");
-  }
-  EXPECT_EQ(writer.text(), "a {\n  b {\n    c;\n\n    d;\n  }\n}\n");
-}
-
 } // namespace
 } // namespace bridgegen::test
