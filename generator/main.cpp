@@ -3,6 +3,7 @@
 #include "generator/emit/Emit.h"
 
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -17,6 +18,8 @@ constexpr int kWrongUsage = 2;
 
 /// The whole file, or nothing when it cannot be read.
 std::optional<std::string> contents(const std::string &path) {
+  if (std::filesystem::is_directory(path)) // which can be opened, and seems empty
+    return std::nullopt;
   std::ifstream file(path, std::ios::binary);
   std::ostringstream text;
   text << file.rdbuf();

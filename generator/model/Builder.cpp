@@ -120,20 +120,23 @@ private:
   }
 
   void completeInstance(InterfaceType &interface) {
-    // A signature that cannot be formed is for `check` to report.
-    interface.iid = instanceIdentifier(instanceSignature(*interface.instance).value_or(""));
+    // An argument without a signature is for `check` to report.
+    interface.iid = signatures_.identifier(*interface.instance);
     if (interface.isFull())
       interface.members =
           members(resolver_.familyOf(interface).interface->members,
                   Context::of(resolver_.familyOf(interface), interface.instance->arguments));
   }
 
-  /// Finds what is wrong in a family that may have no full instance.
+  /// Finds what is wrong in a family that may have no instance with members.
   void tryMembers(const Family &family) {
     const std::vector<const Type *> any(family.typeParameters->size(),
                                         &model_.builtIn(Kind::Object));
+    const Context context = Context::of(family, any);
     if (family.interface)
-      members(family.interface->members, Context::of(family, any));
+      return void(members(family.interface->members, context));
+    DelegateType scratch(family.name, family.bridgeName);
+    resolver_.complete(scratch, *family.delegate, context);
   }
 
   /// Instances of generic delegates are made by being used; they belong to their family's unit.
@@ -153,7 +156,7 @@ private:
       }
     }
     for (const auto &[name, delegate] : used) {
-      delegate->iid = instanceIdentifier(instanceSignature(*delegate->instance).value_or(""));
+      delegate->iid = signatures_.identifier(*delegate->instance);
       model_.unitOf(*delegate).delegates.push_back(delegate);
     }
   }
@@ -162,6 +165,7 @@ private:
   Model &model_;
   Diagnostics &diagnostics_;
   Resolver resolver_;
+  Signatures signatures_;
   std::vector<InterfaceType *> instances_;
 };
 

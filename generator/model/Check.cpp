@@ -1,5 +1,6 @@
 #include "generator/model/Check.h"
 
+#include "generator/model/Resolver.h"
 #include "generator/model/Signature.h"
 #include "generator/project/Selector.h"
 
@@ -57,7 +58,7 @@ private:
   }
 
   void checkSignature(const Type &type, Position at, const std::string &problem) {
-    if (!typeSignature(type))
+    if (!signatures_.has(type))
       diagnostics_.error(at, quoted(type.name) + " " + problem);
   }
 
@@ -75,13 +76,14 @@ private:
       if (const std::string problem = crossingProblem(*argument.type); !problem.empty())
         report(argument.at, problem);
       else if (argument.type->isDelegate())
-        report(argument.at, "a delegate cannot take another one");
+        report(argument.at, kDelegateInDelegate);
     }
     if (!delegate.result)
       return;
-    if (!delegate.returnsString() && !delegate.returnsObject())
-      report(delegate.at,
-             "a delegate can return a string or an object, not " + quoted(delegate.result->name));
+    // An adapter asks what the block returns for an interface, which `Object` does not name.
+    if (!delegate.returnsString() && !crossingInterface(*delegate.result))
+      report(delegate.at, "a delegate can return a string, an interface or a class, not " +
+                              quoted(delegate.result->name));
     else if (!delegate.arguments.empty())
       report(delegate.arguments[0].at, "a delegate that returns something cannot take anything");
     else if (const std::string problem = crossingProblem(*delegate.result); !problem.empty())
@@ -225,6 +227,7 @@ private:
 
   const Model &model_;
   Diagnostics &diagnostics_;
+  Signatures signatures_;
   std::map<std::string, const Type *> selectors_; ///< of the class being checked, with `-` or `+`
 };
 

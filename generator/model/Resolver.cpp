@@ -69,7 +69,8 @@ InterfaceType *Resolver::resolveInstance(const syntax::TypeName &name, const Con
   return static_cast<InterfaceType *>(type);
 }
 
-std::string Resolver::spelling(const Family &family, const Type &argument, Position at) {
+std::optional<std::string> Resolver::spelling(const Family &family, const Type &argument,
+                                              Position at) {
   switch (argument.kind) {
   case Kind::Boolean:
     return "WRT" + family.booleanSpelling;
@@ -89,7 +90,7 @@ std::string Resolver::spelling(const Family &family, const Type &argument, Posit
   default:
     diagnostics_.error(at,
                        quoted(argument.name) + " cannot be a type argument: it has no spelling");
-    return "";
+    return std::nullopt;
   }
 }
 
@@ -103,8 +104,12 @@ Type *Resolver::instantiate(const Family &family, std::vector<const Type *> argu
     return known;
 
   std::string bridgeName = family.bridgeName + "__" + std::to_string(arguments.size());
-  for (const Type *argument : arguments)
-    bridgeName += "_" + spelling(family, *argument, at);
+  for (const Type *argument : arguments) {
+    const std::optional<std::string> spelled = spelling(family, *argument, at);
+    if (!spelled)
+      return nullptr;
+    bridgeName += "_" + *spelled;
+  }
   const auto add = [&](auto type) -> auto & {
     type->isInstance = true;
     type->iid = family.iid;
@@ -116,6 +121,10 @@ Type *Resolver::instantiate(const Family &family, std::vector<const Type *> argu
   };
   if (family.interface)
     return &add(std::make_unique<InterfaceType>(name, bridgeName));
+  // Making an instance of a delegate looks its arguments up, so one inside another might have no
+  // end.
+  if (insideDelegate_)
+    return fail(at, kDelegateInDelegate);
   DelegateType &delegate = add(std::make_unique<DelegateType>(name, bridgeName));
   complete(delegate, *family.delegate, Context::of(family, arguments));
   return &delegate;
@@ -123,12 +132,14 @@ Type *Resolver::instantiate(const Family &family, std::vector<const Type *> argu
 
 void Resolver::complete(DelegateType &delegate, const syntax::Delegate &syntax,
                         const Context &context) {
+  insideDelegate_ = true;
   if (syntax.result)
     delegate.result = resolve(*syntax.result, context);
   for (const syntax::Field &argument : syntax.arguments) {
     if (const Type *type = resolve(argument.type, context))
       delegate.arguments.push_back({type, argument.name.text, argument.type.name.at});
   }
+  insideDelegate_ = false;
 }
 
 } // namespace bridgegen

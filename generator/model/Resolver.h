@@ -36,14 +36,18 @@ public:
 private:
   Type *lookUp(const syntax::TypeName &name, const Context &context);
   Type *instantiate(const Family &family, std::vector<const Type *> arguments, Position at);
-  std::string spelling(const Family &family, const Type &argument, Position at);
+  /// What stands for a type argument in the names of instances; nothing after an error.
+  std::optional<std::string> spelling(const Family &family, const Type &argument, Position at);
   Type *fail(Position at, std::string message);
 
   const Scope &scope_;
   Model &model_;
   Diagnostics &diagnostics_;
   std::map<const Type *, const Family *> families_; ///< of the instances
+  bool insideDelegate_ = false;                     ///< its arguments are being looked up
 };
+
+inline constexpr const char *kDelegateInDelegate = "a delegate cannot take another one";
 
 } // namespace bridgegen
 

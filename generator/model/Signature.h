@@ -3,19 +3,28 @@
 
 #include "generator/model/Type.h"
 
+#include <unordered_map>
+
 namespace bridgegen {
 
-/// The type's signature as the Windows Runtime forms it: `string`, `rc(Name;{iid})`,
-/// `pinterface({piid};args)`. Nothing for a type whose signature would contain itself, or that is a
-/// class without a default interface.
-std::optional<std::string> typeSignature(const Type &type);
+/// Says which types have a signature. Each type is looked at once, however often others contain it.
+class Signatures {
+public:
+  /// Whether the type has one: its signature would not contain itself, and needs no class without a
+  /// default interface.
+  bool has(const Type &type);
 
-/// The signature of an instance.
-std::optional<std::string> instanceSignature(const Instance &instance);
+  /// The identifier of an instance of a generic interface or delegate: the name-based UUID (version
+  /// 5, SHA-1) of its signature in the Windows Runtime's namespace. All zeros when an argument has
+  /// no signature.
+  Guid identifier(const Instance &instance);
 
-/// The identifier of a parameterised interface or delegate: the name-based UUID (version 5, SHA-1)
-/// of its signature in the Windows Runtime's namespace.
-Guid instanceIdentifier(std::string_view signature);
+private:
+  bool allHave(const Instance &instance);
+  bool lookInto(const Type &type);
+
+  std::unordered_map<const Type *, bool> known_; ///< false while a type is being looked into
+};
 
 } // namespace bridgegen
 

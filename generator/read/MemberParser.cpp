@@ -137,6 +137,21 @@ private:
   TokenStream &tokens_;
 };
 
+TypeName typeNameWithin(TokenStream &tokens, std::string_view what, unsigned depth) {
+  TypeName type{dottedName(tokens, what), {}};
+  if (!tokens.at("<"))
+    return type;
+  if (depth == kDeepestType)
+    tokens.failAt(tokens.peek().at, "type arguments are nested deeper than " +
+                                        std::to_string(kDeepestType) + " times");
+  tokens.expect("<");
+  do
+    type.arguments.push_back(typeNameWithin(tokens, "a type argument", depth + 1));
+  while (tokens.accept(","));
+  tokens.expect(">");
+  return type;
+}
+
 } // namespace
 
 Name dottedName(TokenStream &tokens, std::string_view what) {
@@ -147,14 +162,7 @@ Name dottedName(TokenStream &tokens, std::string_view what) {
 }
 
 TypeName typeName(TokenStream &tokens, std::string_view what) {
-  TypeName type{dottedName(tokens, what), {}};
-  if (tokens.accept("<")) {
-    do
-      type.arguments.push_back(typeName(tokens, "a type argument"));
-    while (tokens.accept(","));
-    tokens.expect(">");
-  }
-  return type;
+  return typeNameWithin(tokens, what, 0);
 }
 
 std::vector<Attribute> attributes(TokenStream &tokens) {

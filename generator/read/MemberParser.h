@@ -10,7 +10,10 @@ namespace bridgegen {
 /// takes its tokens from the stream; `what` names the thing for messages.
 
 Name dottedName(TokenStream &tokens, std::string_view what);
+/// Refuses type arguments that are nested deeper than `kDeepestType`: whatever walks types later
+/// does so by recursion.
 syntax::TypeName typeName(TokenStream &tokens, std::string_view what);
+inline constexpr unsigned kDeepestType = 32;
 std::vector<syntax::Attribute> attributes(TokenStream &tokens);
 /// The members of an interface with the braces around them.
 std::vector<syntax::Member> members(TokenStream &tokens);

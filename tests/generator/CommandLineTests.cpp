@@ -116,10 +116,11 @@ TEST_F(Program, LeavesOldOutputsAloneWhenTheFilesAreWrong) {
 }
 
 TEST_F(Program, SaysWhenAFileCannotBeReadOrAFolderMade) {
-  const Outcome missing =
-      run("--output " + folder_.string() + "/out " + folder_.string() + "/none.idl");
-  EXPECT_EQ(missing.status, 1);
-  EXPECT_EQ(missing.output, folder_.string() + "/none.idl: error: cannot be read\n");
+  for (const std::string &file : {folder_.string() + "/none.idl", folder_.string()}) {
+    const Outcome missing = run("--output " + folder_.string() + "/out " + file);
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(missing.output, file + ": error: cannot be read\n");
+  }
   write("taken", "");
   const Outcome taken = run("--output " + folder_.string() + "/taken " WRT_TEST_DECLARATIONS);
   EXPECT_EQ(taken.status, 1);

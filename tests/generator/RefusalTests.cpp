@@ -26,6 +26,13 @@ std::string fullInterface(const std::string &members) {
   return "full interface IFoo {00000000-0000-0000-0000-000000000001}\n{\n" + members + "\n}\n";
 }
 
+std::string repeated(std::string_view text, size_t count) {
+  std::string all;
+  for (; count != 0; --count)
+    all += text;
+  return all;
+}
+
 const std::vector<Refusal> kRefusals{
     // The grammar.
     {"UnknownDeclaration", "^interfaces IFoo;",
@@ -57,6 +64,8 @@ const std::vector<Refusal> kRefusals{
     {"VoidProperty", fullInterface("void Count ^{ get; }"), "expected '(', found '{'"},
     {"FilledValue", fullInterface("void Run(fill Int32 ^x);"),
      "expected '[' (only arrays are filled or returned through a parameter), found 'x'"},
+    {"NestedTooDeep", "struct S { " + repeated("A<", 32) + "A^<" + repeated("A<", 100000),
+     "type arguments are nested deeper than 32 times"},
     {"UnknownAttribute", "[^sealed] full class Foo;",
      "expected 'activatable' here, found 'sealed'"},
     {"AttributeOfAProxy", "[^activatable] proxy class Foo : IThing;",
@@ -80,7 +89,8 @@ const std::vector<Refusal> kRefusals{
      "'IList<String>' is listed twice"},
     {"UnknownType", fullInterface("void Run(^Nothing x);"), "unknown type 'Nothing'"},
     {"UnknownTypeInAFamily",
-     "interface IOther<T> {00000000-0000-0000-0000-000000000001} { ^Nothing First(); }",
+     "interface IOther<T> {00000000-0000-0000-0000-000000000001} { ^Nothing First(); }\n"
+     "full IOther<String>, IOther<Int32>;", // said once, though read for each instance
      "unknown type 'Nothing'"},
     {"SeveralTypes",
      "namespace A;\nenum Panel { }\nnamespace B;\nproxy class Panel as UIPanel : IThing;\n"
@@ -119,7 +129,17 @@ const std::vector<Refusal> kRefusals{
     {"DelegateOfADelegate", "delegate Other {00000000-0000-0000-0000-000000000001} (^Handler x);",
      "a delegate cannot take another one"},
     {"DelegateWithANumber", "delegate Int32 ^Other {00000000-0000-0000-0000-000000000001} ();",
-     "a delegate can return a string or an object, not 'Int32'"},
+     "a delegate can return a string, an interface or a class, not 'Int32'"},
+    {"DelegateWithAnObject",
+     "delegate Object ^Other {00000000-0000-0000-0000-000000000002} ();\n" +
+         fullInterface("void Run(Other x);"),
+     "a delegate can return a string, an interface or a class, not 'Object'"},
+    {"DelegateOfItsOwnInstances",
+     "delegate Other<T> {00000000-0000-0000-0000-000000000001} (^Other<IList<T>> x);",
+     "a delegate cannot take another one"},
+    {"DelegateOfInstancesOfItself",
+     "delegate Other<T> {00000000-0000-0000-0000-000000000001} (Other<^Other<T>> x);",
+     "a delegate cannot take another one"},
     {"DelegateWithResultAndArgument",
      "delegate String Other {00000000-0000-0000-0000-000000000001} (^Int32 x);",
      "a delegate that returns something cannot take anything"},
@@ -209,6 +229,16 @@ TEST(Refusals, OfStructuresThatContainEachOtherNameBoth) {
   EXPECT_EQ(generateFrom("struct A { B b; }\nstruct B { A a; }").errors,
             "sample.idl:1:8: error: 'A' contains itself\n"
             "sample.idl:2:8: error: 'B' contains itself\n");
+}
+
+/// Each is looked at once; its fields are 2^40.
+TEST(Refusals, DoNotComeFromDoublingStructures) {
+  std::string text = "struct S0 { Int32 a; Int32 b; }\n";
+  for (int i = 1; i < 40; ++i) {
+    const std::string inner = "S" + std::to_string(i - 1);
+    text += "struct S" + std::to_string(i) + " { " + inner + " a; " + inner + " b; }\n";
+  }
+  EXPECT_EQ(generateFrom(text).errors, "");
 }
 
 TEST(Refusals, OfUnitsNameTheFirstLine) {
