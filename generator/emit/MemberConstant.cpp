@@ -1,19 +1,18 @@
 #include "generator/emit/MemberConstant.h"
 
 #include <algorithm>
-#include <set>
 
 namespace bridgegen {
 
 namespace {
 
 std::string spelled(const Fact &fact) {
-  switch (fact.what) {
-  case Fact::What::Accessor:
+  switch (fact.kind) {
+  case FactKind::Accessor:
     return accessorFunction(*fact.type);
-  case Fact::What::Class:
+  case FactKind::Class:
     return classReference(*fact.type);
-  case Fact::What::Maker:
+  case FactKind::Maker:
     break;
   }
   return "delegates::" + fact.type->bridgeName;
@@ -22,13 +21,10 @@ std::string spelled(const Fact &fact) {
 } // namespace
 
 std::string constantName(const Member &member) {
-  static const std::set<std::string> kWords{
-      "Array",          "Boolean",        "BulkRead",     "Capacity",     "Delegate",
-      "Fill",           "Interface",      "Member",       "Object",       "Out",
-      "Pointer",        "ReturnedArray",  "ReturnedFill", "RuntimeClass", "String",
-      "StringElements", "ObjectElements", "Value",        "Void"};
   const std::string name = member.functionName();
-  return kWords.contains(name) ? name + "_" : name;
+  const bool hides =
+      std::ranges::find(kMarshalWords, name, &MarshalWord::name) != std::end(kMarshalWords);
+  return hides ? name + "_" : name;
 }
 
 std::string accessorFunction(const Type &type) {
@@ -44,7 +40,7 @@ std::string memberConstant(const Member &member, const std::string &name,
   std::string text = "Member<" + shape.signature() + "> " + name + "{" + accessor + ", " +
                      std::to_string(member.slot);
   for (const Fact &fact : shape.facts())
-    text += ", " + (fact.what == Fact::What::Maker && !maker.empty() ? maker : spelled(fact));
+    text += ", " + (fact.kind == FactKind::Maker && !maker.empty() ? maker : spelled(fact));
   return text + "}";
 }
 

@@ -7,6 +7,10 @@ namespace bridgegen {
 
 namespace {
 
+// What the facts of the members are written with.
+constexpr std::string_view kClassReferenceHeader = "marshal/ClassReference.h";
+constexpr std::string_view kInspectableHeader = "marshal/Inspectable.h";
+
 class MembersHeader {
 public:
   explicit MembersHeader(const Unit &unit) : unit_(unit) { collectFacts(); }
@@ -40,9 +44,9 @@ private:
         for (const Fact &fact : shapeOf(member).facts()) {
           if (fact.type->kind == Kind::Object)
             continue; // marshal/Inspectable.h has both
-          if (fact.what == Fact::What::Class)
+          if (fact.kind == FactKind::Class)
             classes_.insert(fact.type->bridgeClass());
-          else if (fact.what == Fact::What::Maker)
+          else if (fact.kind == FactKind::Maker)
             makers_.insert(fact.type->bridgeName);
           else if (const InterfaceType *asked = crossingInterface(*fact.type))
             asked_.insert(asked->bridgeName);
@@ -61,11 +65,12 @@ private:
   }
 
   void writeIncludes() {
-    writer_.append("#include \"marshal/Array.h\"\n#include \"marshal/ClassReference.h\"\n"
-                   "#include \"marshal/Delegate.h\"\n#include \"marshal/FilledArray.h\"\n"
-                   "#include \"marshal/Inspectable.h\"\n#include \"marshal/Object.h\"\n#include "
-                   "\"marshal/String.h\"\n"
-                   "#include \"marshal/Value.h\"\n\n");
+    std::set<std::string_view> headers{kClassReferenceHeader, kInspectableHeader};
+    for (const MarshalWord &word : kMarshalWords)
+      headers.insert(word.header);
+    for (const std::string_view header : headers)
+      writer_.write("#include \"%\"\n", header);
+    writer_.append("\n");
     writeTypesIncludes(writer_, structUnits_);
     if (!structUnits_.empty())
       writer_.append("\n");

@@ -130,8 +130,7 @@ private:
 
   /// Finds what is wrong in a family that may have no instance with members.
   void tryMembers(const Family &family) {
-    const std::vector<const Type *> any(family.typeParameters->size(),
-                                        &model_.builtIn(Kind::Object));
+    const std::vector<const Type *> any(family.typeParameters->size(), &model_.object());
     const Context context = Context::of(family, any);
     if (family.interface)
       return void(members(family.interface->members, context));

@@ -139,7 +139,7 @@ private:
       const std::string problem = crossingProblem(*parameter.type);
       if (!problem.empty())
         report(parameter.at, problem);
-      else if (parameter.type->isDelegate() && parameter.passing != Passing::In)
+      else if (parameter.type->isDelegate() && !parameter.passing->takesDelegates)
         report(parameter.at, "a delegate can only be an in-parameter");
     }
   }

@@ -6,9 +6,30 @@ namespace bridgegen {
 
 bool Parameter::isObjectArray() const { return isArray() && !type->isValue(); }
 
-bool Parameter::isResult() const {
-  return isObjectArray() && (passing == Passing::BulkRead || passing == Passing::ReturnedArray ||
-                             passing == Passing::ReturnedFillArray);
+bool Parameter::isResult() const { return isObjectArray() && passing->objects->isResult; }
+
+const std::string &Parameter::nameOf(Word word) const {
+  switch (word) {
+  case Word::Count:
+    return countName;
+  case Word::FilledCount:
+    return filledName;
+  case Word::Value:
+    break;
+  }
+  return name;
+}
+
+const Type &Parameter::typeOf(Word word) const {
+  switch (word) {
+  case Word::Count:
+    return *countType;
+  case Word::FilledCount:
+    return *filledType;
+  case Word::Value:
+    break;
+  }
+  return *type;
 }
 
 bool Member::isDelegateProperty() const {

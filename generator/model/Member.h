@@ -1,6 +1,7 @@
 #ifndef WRT_GENERATOR_MEMBER_H
 #define WRT_GENERATOR_MEMBER_H
 
+#include "generator/forms/Passing.h"
 #include "generator/read/Source.h"
 #include "generator/read/Syntax.h"
 
@@ -8,21 +9,8 @@ namespace bridgegen {
 
 struct Type;
 
-/// How a parameter crosses. The names follow the table of array forms in docs/declarations.md.
-enum class Passing {
-  In,
-  Out,
-  InArray,
-  OutArray,
-  FillArray,        ///< the caller's room, without saying how much of it was filled
-  CountedFillArray, ///< the same, with a count that comes back before the elements
-  BulkRead,         ///< the same, with a count that comes back as the function's result
-  ReturnedArray,
-  ReturnedFillArray
-};
-
 struct Parameter {
-  Passing passing = Passing::In;
+  const Passing *passing = &kPassedIn;
   std::string name;
   const Type *type = nullptr; ///< the element's, of an array
   Position at;                ///< of the type
@@ -30,13 +18,17 @@ struct Parameter {
   // Arrays only: how many elements there are, or there is room for.
   std::string countName;
   const Type *countType = nullptr;
-  // CountedFillArray, BulkRead and ReturnedFillArray: how many were filled in.
+  // Arrays that say how many elements were filled in.
   std::string filledName;
   const Type *filledType = nullptr;
 
-  bool isArray() const { return passing != Passing::In && passing != Passing::Out; }
+  const std::string &nameOf(Word word) const;
+  const Type &typeOf(Word word) const;
+  bool isArray() const { return passing->isArray; }
   /// Strings and objects travel in `NSArray`s, values in C arrays.
   bool isObjectArray() const;
+  /// WinRT gives it, whether there is room for it or not.
+  bool isHandedOut() const { return passing->isOut || passing->isFill || passing->isReturn; }
   /// Becomes the method's result: an object array that WinRT hands back.
   bool isResult() const;
 };

@@ -9,29 +9,6 @@ namespace {
 /// Slots 0 to 5 belong to `IUnknown` and `IInspectable`.
 constexpr unsigned kFirstSlot = 6;
 
-Passing passing(const syntax::Parameter &declared) {
-  if (!declared.array)
-    return declared.isOut ? Passing::Out : Passing::In;
-  if (declared.isReturn)
-    return declared.isFill ? Passing::ReturnedFillArray : Passing::ReturnedArray;
-  if (!declared.isFill)
-    return declared.isOut ? Passing::OutArray : Passing::InArray;
-  switch (declared.array->filled) {
-  case syntax::Filled::Out:
-    return Passing::CountedFillArray;
-  case syntax::Filled::Return:
-    return Passing::BulkRead;
-  case syntax::Filled::Nowhere:
-    break;
-  }
-  return Passing::FillArray;
-}
-
-bool takesFunctionResult(const syntax::Parameter &parameter) {
-  return parameter.isReturn ||
-         (parameter.array && parameter.array->filled == syntax::Filled::Return);
-}
-
 } // namespace
 
 std::vector<Member> MemberBuilder::build(const std::vector<syntax::Member> &members) {
@@ -59,7 +36,7 @@ Member &MemberBuilder::next(MemberKind kind, const Name &name) {
 const Type &MemberBuilder::typeOf(const syntax::TypeName &name) {
   const Type *type = resolver_.resolve(name, context_);
   // An unknown type is reported; any other lets the reading go on.
-  return type ? *type : model_.builtIn(Kind::Int32);
+  return type ? *type : model_.scalar(kInt32);
 }
 
 Parameter MemberBuilder::plainParameter(const syntax::TypeName &type, std::string name) {
@@ -90,7 +67,7 @@ void MemberBuilder::add(const syntax::Event &event) {
   const std::string name = event.parameter ? event.parameter->text : "handler";
   Member &add = next(MemberKind::EventAdd, event.name);
   add.parameters.push_back(plainParameter(event.type, name));
-  add.result = &model_.builtIn(Kind::Token);
+  add.result = &model_.scalar(kToken);
   if (!add.parameters[0].type->isDelegate())
     diagnostics_.error(event.type.name.at, "expected a delegate as the handler's type, found " +
                                                quoted(event.type.name.text));
@@ -98,7 +75,7 @@ void MemberBuilder::add(const syntax::Event &event) {
   Member &remove = next(MemberKind::EventRemove, event.name);
   Parameter &token = remove.parameters.emplace_back();
   token.name = "token";
-  token.type = &model_.builtIn(Kind::Token);
+  token.type = &model_.scalar(kToken);
   token.at = event.name.at;
 }
 
@@ -126,9 +103,9 @@ void MemberBuilder::add(const syntax::Method &method) {
 
 const Type &MemberBuilder::countType(const syntax::Count &count) {
   if (!count.type)
-    return model_.builtIn(Kind::UInt32);
+    return model_.scalar(kUInt32);
   const Type &type = typeOf(*count.type);
-  if (type.kind != Kind::Int32 && type.kind != Kind::UInt32)
+  if (type.scalar != &kInt32 && type.scalar != &kUInt32)
     diagnostics_.error(count.type->name.at, "expected 'UInt32' or 'Int32' as the type of a count, "
                                             "found " +
                                                 quoted(count.type->name.text));
@@ -137,23 +114,24 @@ const Type &MemberBuilder::countType(const syntax::Count &count) {
 
 Parameter MemberBuilder::parameter(const syntax::Parameter &declared) {
   Parameter parameter = plainParameter(declared.type, declared.name.text);
-  parameter.passing = passing(declared);
+  if (const Passing *passing = passingOf(declared))
+    parameter.passing = passing;
+  else if (!declared.isFill)
+    diagnostics_.error(declared.array->filledCount->name.at,
+                       "only a 'fill' array has a second count");
+  else
+    diagnostics_.error(declared.name.at, "expected an 'out' count for the elements of a returned "
+                                         "'fill' array");
   if (!declared.array)
     return parameter;
   const syntax::Array &array = *declared.array;
   parameter.countName = array.count ? array.count->name.text : declared.name.text + "Size";
-  parameter.countType = array.count ? &countType(*array.count) : &model_.builtIn(Kind::UInt32);
+  parameter.countType = array.count ? &countType(*array.count) : &model_.scalar(kUInt32);
   if (array.filledCount) {
     parameter.filledName = array.filledCount->name.text;
     parameter.filledType = &countType(*array.filledCount);
   }
-  const bool isCounted = array.filled == syntax::Filled::Out;
-  if (array.filledCount && !declared.isFill)
-    diagnostics_.error(array.filledCount->name.at, "only a 'fill' array has a second count");
-  else if (declared.isReturn && declared.isFill && !isCounted)
-    diagnostics_.error(declared.name.at, "expected an 'out' count for the elements of a returned "
-                                         "'fill' array");
-  else if (declared.isFill && !array.filledCount && !parameter.type->isValue())
+  if (!parameter.passing->objects && !parameter.type->isValue())
     diagnostics_.error(declared.type.name.at, "a 'fill' array of " + quoted(parameter.type->name) +
                                                   " needs a count of what was filled in");
   return parameter;
@@ -171,7 +149,8 @@ void MemberBuilder::checkParameters(const syntax::Method &method) {
     if (parameter.array && parameter.array->filledCount)
       check(parameter.array->filledCount->name);
     check(parameter.name);
-    if (!takesFunctionResult(parameter))
+    const Passing *passing = passingOf(parameter);
+    if (!passing || !passing->takesFunctionResult())
       continue;
     if (&parameter != &method.parameters.back())
       diagnostics_.error(parameter.name.at, "a parameter with 'return' must be the last one");

@@ -5,37 +5,20 @@
 namespace bridgegen {
 
 Model::Model() {
-  // The bridge names give the spelling of type arguments, `WRTHSTRING`.
-  const std::pair<Kind, std::pair<const char *, const char *>> all[] = {
-      {Kind::Boolean, {"Boolean", "bool"}},
-      {Kind::UInt8, {"UInt8", "UINT8"}},
-      {Kind::Int16, {"Int16", "INT16"}},
-      {Kind::UInt16, {"UInt16", "UINT16"}},
-      {Kind::Int32, {"Int32", "INT32"}},
-      {Kind::UInt32, {"UInt32", "UINT32"}},
-      {Kind::Int64, {"Int64", "INT64"}},
-      {Kind::UInt64, {"UInt64", "UINT64"}},
-      {Kind::Char16, {"Char16", "CHAR16"}},
-      {Kind::Single, {"Single", "FLOAT"}},
-      {Kind::Double, {"Double", "DOUBLE"}},
-      {Kind::Guid, {"Guid", "GUID"}},
-      {Kind::HResult, {"HResult", "HRESULT"}},
-      {Kind::Token, {"EventRegistrationToken", "EventRegistrationToken"}},
-      {Kind::String, {"String", "HSTRING"}},
-      {Kind::Object, {"Object", "IInspectable"}},
+  const auto add = [this](Kind kind, const char *name, const char *bridgeName) {
+    auto &type = builtIns_[name];
+    type = std::make_unique<Type>(kind, name, bridgeName);
+    return type.get();
   };
-  for (const auto &[kind, names] : all)
-    builtIns_.emplace(kind, std::make_unique<Type>(kind, names.first, names.second));
+  for (const Scalar &scalar : kScalars)
+    add(Kind::Scalar, scalar.name, scalar.bridgeName)->scalar = &scalar;
+  add(Kind::String, "String", "HSTRING");
+  object_ = add(Kind::Object, "Object", "IInspectable");
 }
 
-const Type &Model::builtIn(Kind kind) const { return *builtIns_.at(kind); }
-
 const Type *Model::builtIn(std::string_view name) const {
-  for (const auto &[kind, type] : builtIns_) {
-    if (type->name == name)
-      return type.get();
-  }
-  return nullptr;
+  const auto found = builtIns_.find(name);
+  return found == builtIns_.end() ? nullptr : found->second.get();
 }
 
 Unit &Model::addUnit(std::string name) {

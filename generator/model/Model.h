@@ -24,10 +24,11 @@ class Model {
 public:
   Model();
 
-  /// The built-in type of this kind.
-  const Type &builtIn(Kind kind) const;
-  /// By the name that declarations use, or null.
+  /// The built-in type of that name, or null.
   const Type *builtIn(std::string_view name) const;
+  const Type &scalar(const Scalar &scalar) const { return *builtIn(scalar.name); }
+  /// `Object`.
+  const Type &object() const { return *object_; }
 
   /// In the order of the files.
   const std::vector<std::unique_ptr<Unit>> &units() const { return units_; }
@@ -54,7 +55,8 @@ public:
   const ClassType *classSideOwner(const InterfaceType &interface) const;
 
 private:
-  std::map<Kind, std::unique_ptr<Type>> builtIns_;
+  std::map<std::string, std::unique_ptr<Type>, std::less<>> builtIns_;
+  const Type *object_;
   std::vector<std::unique_ptr<Unit>> units_;
   std::map<std::string, std::unique_ptr<Type>> types_;
 };

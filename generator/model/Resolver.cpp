@@ -72,14 +72,13 @@ InterfaceType *Resolver::resolveInstance(const syntax::TypeName &name, const Con
 std::optional<std::string> Resolver::spelling(const Family &family, const Type &argument,
                                               Position at) {
   switch (argument.kind) {
-  case Kind::Boolean:
-    return "WRT" + family.booleanSpelling;
+  case Kind::Scalar:
+    if (argument.isBoolean())
+      return "WRT" + family.booleanSpelling;
+    if (argument.scalar->isTypeArgument)
+      return argument.cName();
+    break;
   case Kind::String:
-  case Kind::UInt32:
-  case Kind::Int32:
-  case Kind::Single:
-  case Kind::Double:
-  case Kind::Guid:
   case Kind::Enum:
   case Kind::Struct:
     return argument.cName();
@@ -87,11 +86,11 @@ std::optional<std::string> Resolver::spelling(const Family &family, const Type &
   case Kind::Interface:
   case Kind::Class:
     return argument.cName() + "_P";
-  default:
-    diagnostics_.error(at,
-                       quoted(argument.name) + " cannot be a type argument: it has no spelling");
-    return std::nullopt;
+  case Kind::Delegate:
+    break;
   }
+  diagnostics_.error(at, quoted(argument.name) + " cannot be a type argument: it has no spelling");
+  return std::nullopt;
 }
 
 Type *Resolver::instantiate(const Family &family, std::vector<const Type *> arguments,

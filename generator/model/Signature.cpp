@@ -3,53 +3,12 @@
 #include "generator/model/Sha1.h"
 
 #include <algorithm>
-#include <cassert>
 
 namespace bridgegen {
 
 namespace {
 
 std::string braced(const Guid &guid) { return "{" + guid.lower() + "}"; }
-
-const char *builtIn(Kind kind) {
-  switch (kind) {
-  case Kind::Boolean:
-    return "b1";
-  case Kind::UInt8:
-    return "u1";
-  case Kind::Int16:
-    return "i2";
-  case Kind::UInt16:
-    return "u2";
-  case Kind::Int32:
-    return "i4";
-  case Kind::UInt32:
-    return "u4";
-  case Kind::Int64:
-    return "i8";
-  case Kind::UInt64:
-    return "u8";
-  case Kind::Char16:
-    return "c2";
-  case Kind::Single:
-    return "f4";
-  case Kind::Double:
-    return "f8";
-  case Kind::Guid:
-    return "g16";
-  case Kind::HResult:
-    return "struct(Windows.Foundation.HResult;i4)";
-  case Kind::Token:
-    return "struct(Windows.Foundation.EventRegistrationToken;i8)";
-  case Kind::String:
-    return "string";
-  case Kind::Object:
-    return "cinterface(IInspectable)";
-  default:
-    assert(false);
-    return "";
-  }
-}
 
 /// Appends the signature as the Windows Runtime forms it: `string`, `rc(Name;{iid})`,
 /// `pinterface({piid};args)`.
@@ -95,8 +54,15 @@ void append(std::string &text, const Type &type) {
   case Kind::Delegate:
     append(text, asDelegate(type).instance, "delegate(" + braced(asDelegate(type).iid) + ")");
     return;
-  default:
-    text += builtIn(type.kind);
+  case Kind::Scalar:
+    text += type.scalar->signature;
+    return;
+  case Kind::String:
+    text += "string";
+    return;
+  case Kind::Object:
+    text += "cinterface(IInspectable)";
+    return;
   }
 }
 
@@ -133,9 +99,13 @@ bool Signatures::lookInto(const Type &type) {
     return !type.isInstance || allHave(*asInterface(type).instance);
   case Kind::Delegate:
     return !type.isInstance || allHave(*asDelegate(type).instance);
-  default:
-    return true;
+  case Kind::Scalar:
+  case Kind::String:
+  case Kind::Object:
+  case Kind::Enum:
+    break;
   }
+  return true;
 }
 
 Guid Signatures::identifier(const Instance &instance) {

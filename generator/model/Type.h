@@ -1,6 +1,7 @@
 #ifndef WRT_GENERATOR_TYPE_H
 #define WRT_GENERATOR_TYPE_H
 
+#include "generator/forms/Scalar.h"
 #include "generator/model/Member.h"
 #include "generator/read/Syntax.h"
 
@@ -9,30 +10,7 @@ namespace bridgegen {
 using syntax::Form;
 struct Unit;
 
-/// The built-in types of WinRT, then the declared ones.
-enum class Kind {
-  Boolean,
-  UInt8,
-  Int16,
-  UInt16,
-  Int32,
-  UInt32,
-  Int64,
-  UInt64,
-  Char16,
-  Single,
-  Double,
-  Guid,
-  HResult,
-  Token,
-  String,
-  Object,
-  Enum,
-  Struct,
-  Delegate,
-  Interface,
-  Class
-};
+enum class Kind { Scalar, String, Object, Enum, Struct, Delegate, Interface, Class };
 
 /// A type of the model: built in, declared, or an instance of a generic one. There is one object
 /// per type, so types are compared by address.
@@ -44,6 +22,7 @@ struct Type {
   const Unit *unit =
       nullptr; ///< where it is declared (its family, if an instance); null if built in
   Position at;
+  const Scalar *scalar = nullptr; ///< what is to be known of a scalar
 
   Type(Kind kind, std::string name, std::string bridgeName)
       : kind(kind), name(std::move(name)), bridgeName(std::move(bridgeName)) {}
@@ -52,7 +31,7 @@ struct Type {
   virtual ~Type() = default;
 
   bool isString() const { return kind == Kind::String; }
-  bool isBoolean() const { return kind == Kind::Boolean; }
+  bool isBoolean() const { return scalar == &kBoolean; }
   bool isDelegate() const { return kind == Kind::Delegate; }
   bool isRuntimeClass() const { return kind == Kind::Class; }
   /// Crosses as an interface pointer there and as a bridge here.

@@ -14,8 +14,6 @@ std::string abiSpelling(const Type &type, AbiLanguage language) {
   switch (type.kind) {
   case Kind::String:
     return "HSTRING";
-  case Kind::Boolean:
-    return "unsigned char"; // a byte that may be any number
   case Kind::Object:
     return pointer(type);
   case Kind::Delegate:
@@ -23,9 +21,12 @@ std::string abiSpelling(const Type &type, AbiLanguage language) {
   case Kind::Interface:
   case Kind::Class:
     return pointer(*crossingInterface(type));
-  default:
-    return valueSpelling(type);
+  case Kind::Scalar:
+  case Kind::Enum:
+  case Kind::Struct:
+    break;
   }
+  return type.isBoolean() ? "unsigned char" : valueSpelling(type); // a byte that may be any number
 }
 
 namespace {
@@ -39,33 +40,6 @@ public:
     if (text.back() != '*')
       text += ' ';
     parameters.push_back({text + std::string(pointers, '*'), safeName(name)});
-  }
-
-  void add(const Parameter &parameter) {
-    const auto count = [&](unsigned pointers) {
-      add(*parameter.countType, parameter.countName, pointers);
-    };
-    switch (parameter.passing) {
-    case Passing::In:
-      return add(*parameter.type, parameter.name);
-    case Passing::Out:
-      return add(*parameter.type, parameter.name, 1);
-    case Passing::InArray:
-    case Passing::FillArray:
-    case Passing::BulkRead: // the count of what was filled is the result, which comes last
-      count(0);
-      break;
-    case Passing::OutArray:
-    case Passing::ReturnedArray:
-      count(1);
-      return add(*parameter.type, parameter.name, 2);
-    case Passing::CountedFillArray:
-    case Passing::ReturnedFillArray:
-      count(0);
-      add(*parameter.filledType, parameter.filledName, 1);
-      break;
-    }
-    add(*parameter.type, parameter.name, 1);
   }
 
   bool has(const std::string &name) const {
@@ -83,11 +57,9 @@ private:
 
 std::vector<AbiParameter> abiParameters(const Member &member, AbiLanguage language) {
   ParameterList list(language);
-  for (const Parameter &parameter : member.parameters)
-    list.add(parameter);
   for (const Parameter &parameter : member.parameters) {
-    if (parameter.passing == Passing::BulkRead)
-      list.add(*parameter.filledType, parameter.filledName, 1);
+    for (const auto &[word, pointers] : parameter.passing->words)
+      list.add(parameter.typeOf(word), parameter.nameOf(word), pointers);
   }
   if (member.result)
     list.add(*member.result, list.has("result") ? "returned" : "result", 1);

@@ -8,8 +8,6 @@ namespace bridgegen {
 
 namespace {
 
-using Word = MethodParameter::Word;
-
 /// The caller's place for something that WinRT hands out.
 ObjcType place(ObjcType type) {
   type.nullability = ObjcType::Nullability::Nonnull;
@@ -18,31 +16,21 @@ ObjcType place(ObjcType type) {
 
 ObjcType wordType(const MethodParameter &word) {
   const Parameter &parameter = *word.parameter;
-  const bool isHandedOut =
-      parameter.passing == Passing::OutArray || parameter.passing == Passing::ReturnedArray;
-  if (word.word == Word::FilledCount)
-    return place(pointerTo(objcType(*parameter.filledType)));
-  if (word.word == Word::Count) {
-    const ObjcType count = objcType(*parameter.countType);
-    return isHandedOut ? place(pointerTo(count)) : count;
+  if (word.isObjectArray()) {
+    const ObjcType array = objcArray(parameter.passing->objects->arrayClass, *parameter.type);
+    return parameter.isHandedOut() ? place(array) : array;
   }
-  if (parameter.isObjectArray())
-    return parameter.passing == Passing::InArray
-               ? objcArray("NSArray", *parameter.type)
-               : place(objcArray("NSMutableArray", *parameter.type));
-  const ObjcType value = objcType(*parameter.type);
-  if (parameter.passing == Passing::In)
-    return value;
-  if (isHandedOut)
-    return place(pointerTo(pointerTo(value)));
-  // Room for no elements may be null.
-  return parameter.isArray() ? pointerTo(value) : place(pointerTo(value));
+  ObjcType type = objcType(parameter.typeOf(word.word));
+  for (unsigned i = 0; i < word.pointers; ++i)
+    type = pointerTo(type);
+  // The elements themselves may be null when there are none.
+  const bool isElements = parameter.isArray() && word.word == Word::Value && word.pointers == 1;
+  return word.pointers == 0 || isElements ? type : place(type);
 }
 
 ObjcType resultType(const Member &member) {
   if (const Parameter *parameter = member.resultParameter())
-    return objcArray(parameter->passing == Passing::BulkRead ? "NSArray" : "NSMutableArray",
-                     *parameter->type);
+    return objcArray(parameter->passing->objects->arrayClass, *parameter->type);
   return member.result ? objcType(*member.result) : objcVoid();
 }
 

@@ -11,36 +11,30 @@ namespace {
 
 using Nullability = ObjcType::Nullability;
 
-ObjcType scalar(std::string spelling, std::string encoding, unsigned size) {
-  return {std::move(spelling), encoding, encoding, encoding, size, size, Nullability::None, false};
+/// As it stands behind two pointers: a structure has lost its fields.
+std::string distant(const std::string &encoding) {
+  return encoding[0] == '{' ? encoding.substr(0, encoding.find('=')) + "}" : encoding;
+}
+
+ObjcType scalar(std::string spelling, std::string encoding, unsigned size, unsigned alignment) {
+  return {std::move(spelling), encoding,          encoding, distant(encoding), size,
+          alignment,           Nullability::None, false};
 }
 
 ObjcType structure(const StructType &type) {
   std::string fields;
   unsigned size = 0;
   unsigned alignment = 1;
+  const auto padding = [&](unsigned to) { return (to - size % to) % to; };
   for (const StructType::Field &field : type.fields) {
     // A string in a structure is the bare handle.
     const ObjcType fieldType = field.type->isString() ? voidPointer() : objcType(*field.type);
     fields += fieldType.encoding;
-    size = (size + fieldType.alignment - 1) / fieldType.alignment * fieldType.alignment;
-    size += fieldType.size;
+    size += padding(fieldType.alignment) + fieldType.size;
     alignment = std::max(alignment, fieldType.alignment);
   }
-  ObjcType result = scalar(type.cName(), "{" + type.cName() + "=" + fields + "}", 0);
-  result.distant = "{" + type.cName() + "}";
-  result.size = (size + alignment - 1) / alignment * alignment;
-  result.alignment = alignment;
-  return result;
-}
-
-/// A typedef of a structure without a tag.
-ObjcType unnamedStructure(std::string spelling, const std::string &fields, unsigned size,
-                          unsigned alignment) {
-  ObjcType result = scalar(std::move(spelling), "{?=" + fields + "}", size);
-  result.distant = "{?}";
-  result.alignment = alignment;
-  return result;
+  size += padding(alignment);
+  return scalar(type.cName(), "{" + type.cName() + "=" + fields + "}", size, alignment);
 }
 
 ObjcType object(std::string spelling, const std::string &extended) {
@@ -87,7 +81,7 @@ std::string ObjcType::elsewhere() const {
   return spelling + (spelling.back() == '*' ? "_Nullable" : " _Nullable");
 }
 
-ObjcType objcVoid() { return scalar("void", "v", 0); }
+ObjcType objcVoid() { return scalar("void", "v", 0, 0); }
 
 ObjcType objcArray(const std::string &className, const Type &element) {
   // Type arguments leave no trace in encodings.
@@ -96,7 +90,7 @@ ObjcType objcArray(const std::string &className, const Type &element) {
 }
 
 ObjcType voidPointer() {
-  ObjcType type = scalar("void *", "^v", 4);
+  ObjcType type = scalar("void *", "^v", 4, 4);
   type.nullability = Nullability::Nullable;
   type.isPointer = true;
   return type;
@@ -118,81 +112,28 @@ ObjcType pointerTo(const ObjcType &type) {
 ObjcType interfacePointer(const InterfaceType &interface) {
   const std::string name = interface.cName();
   const std::string fields = interface.hasMembers() ? "^{" + name + "Vtbl}" : "";
-  ObjcType type = scalar(name + " *", "^{" + name + "=" + fields + "}", 4);
+  ObjcType type = scalar(name + " *", "^{" + name + "=" + fields + "}", 4, 4);
   type.nullability = Nullability::Nullable;
   type.isPointer = true;
   return type;
 }
 
 std::string valueSpelling(const Type &type) {
-  switch (type.kind) {
-  case Kind::Boolean:
-    return "bool";
-  case Kind::UInt8:
-    return "unsigned char";
-  case Kind::Int16:
-    return "short";
-  case Kind::UInt16:
-  case Kind::Char16:
-    return "unsigned short";
-  case Kind::Int32:
-  case Kind::Enum:
-    return "int";
-  case Kind::UInt32:
-    return "unsigned int";
-  case Kind::Int64:
-    return "long long";
-  case Kind::UInt64:
-    return "unsigned long long";
-  case Kind::Single:
-    return "float";
-  case Kind::Double:
-    return "double";
-  case Kind::Guid:
-    return "GUID";
-  case Kind::HResult:
-    return "HRESULT";
-  case Kind::Token:
-    return "WRTEventRegistrationToken";
-  default:
-    assert(type.kind == Kind::Struct);
-    return type.cName();
-  }
+  if (type.kind == Kind::Enum)
+    return kInt32.spelling;
+  assert(type.isValue());
+  return type.scalar ? type.scalar->spelling : type.cName();
 }
 
 ObjcType objcType(const Type &type) {
-  const auto value = [&](const char *encoding, unsigned size) {
-    return scalar(valueSpelling(type), encoding, size);
+  const auto value = [](const Scalar &row) {
+    return scalar(row.spelling, row.encoding, row.size, row.alignment);
   };
   switch (type.kind) {
-  case Kind::Boolean:
-    return value("B", 1);
-  case Kind::UInt8:
-    return value("C", 1);
-  case Kind::Int16:
-    return value("s", 2);
-  case Kind::UInt16:
-  case Kind::Char16:
-    return value("S", 2);
-  case Kind::Int32:
+  case Kind::Scalar:
+    return value(*type.scalar);
   case Kind::Enum:
-    return value("i", 4);
-  case Kind::UInt32:
-    return value("I", 4);
-  case Kind::HResult:
-    return value("l", 4);
-  case Kind::Int64:
-    return value("q", 8);
-  case Kind::UInt64:
-    return value("Q", 8);
-  case Kind::Single:
-    return value("f", 4);
-  case Kind::Double:
-    return value("d", 8);
-  case Kind::Guid:
-    return unnamedStructure("GUID", "LSS[8C]", 16, 4);
-  case Kind::Token:
-    return unnamedStructure("WRTEventRegistrationToken", "q", 8, 8);
+    return value(kInt32);
   case Kind::Struct:
     return structure(asStruct(type));
   case Kind::String:
@@ -203,9 +144,9 @@ ObjcType objcType(const Type &type) {
   case Kind::Interface:
     return object("id<" + type.bridgeClass() + ">", "@\"<" + type.bridgeClass() + ">\"");
   case Kind::Delegate:
-    return block(asDelegate(type));
+    break;
   }
-  return objcVoid();
+  return block(asDelegate(type));
 }
 
 } // namespace bridgegen

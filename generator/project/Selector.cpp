@@ -6,8 +6,6 @@ namespace bridgegen {
 
 namespace {
 
-using Word = MethodParameter::Word;
-
 std::string lowered(std::string name) {
   name[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(name[0])));
   return name;
@@ -18,52 +16,20 @@ std::string raised(std::string name) {
   return name;
 }
 
-/// The words that an array parameter takes in the method, in order.
-std::vector<Word> words(const Parameter &parameter) {
-  const bool isObject = parameter.isObjectArray();
-  switch (parameter.passing) {
-  case Passing::In:
-  case Passing::Out:
-    return {Word::Value};
-  case Passing::InArray:
-  case Passing::OutArray:
-    return isObject ? std::vector{Word::Value} : std::vector{Word::Count, Word::Value};
-  case Passing::FillArray:
-    return {Word::Count, Word::Value};
-  case Passing::CountedFillArray:
-    return isObject ? std::vector{Word::Count, Word::Value}
-                    : std::vector{Word::Count, Word::FilledCount, Word::Value};
-  case Passing::BulkRead:
-    return isObject ? std::vector{Word::Count}
-                    : std::vector{Word::Count, Word::Value, Word::FilledCount};
-  case Passing::ReturnedArray:
-    return isObject ? std::vector<Word>() : std::vector{Word::Count, Word::Value};
-  case Passing::ReturnedFillArray:
-    return isObject ? std::vector{Word::Count}
-                    : std::vector{Word::Count, Word::FilledCount, Word::Value};
-  }
-  return {};
-}
-
 } // namespace
-
-const std::string &MethodParameter::name() const {
-  switch (word) {
-  case Word::Count:
-    return parameter->countName;
-  case Word::FilledCount:
-    return parameter->filledName;
-  case Word::Value:
-    break;
-  }
-  return parameter->name;
-}
 
 std::vector<MethodParameter> methodParameters(const Member &member) {
   std::vector<MethodParameter> parameters;
   for (const Parameter &parameter : member.parameters) {
-    for (const Word word : words(parameter))
-      parameters.push_back({&parameter, word});
+    if (!parameter.isObjectArray()) {
+      for (const auto &[word, pointers] : parameter.passing->words)
+        parameters.push_back({&parameter, word, pointers});
+      continue;
+    }
+    if (parameter.passing->objects->hasCapacity)
+      parameters.push_back({&parameter, Word::Count, 0});
+    if (!parameter.isResult())
+      parameters.push_back({&parameter, Word::Value, 0});
   }
   return parameters;
 }

@@ -7,13 +7,13 @@ namespace bridgegen {
 
 /// A parameter of a bridged member as the Objective-C method has it, without the final `error:`.
 struct MethodParameter {
-  /// Which word of the WinRT parameter it stands for.
-  enum class Word { Value, Count, FilledCount };
-
   const Parameter *parameter;
-  Word word;
+  Word word;         ///< the word of the WinRT parameter that it stands for
+  unsigned pointers; ///< before the word's type; none before an `NSArray`
 
-  const std::string &name() const;
+  const std::string &name() const { return parameter->nameOf(word); }
+  /// Strings or objects in an `NSArray`, not their count.
+  bool isObjectArray() const { return parameter->isObjectArray() && word == Word::Value; }
 };
 
 /// The Objective-C parameters of the member in order: arrays of values take two or three, object
@@ -27,8 +27,7 @@ std::string selector(const Member &member);
 std::string methodName(const Member &member);
 
 /// Whether a method of this selector would be taken for one that returns a reference the caller
-/// owns
-/// (`copy...`, `new...` and so on), which bridged members never do.
+/// owns (`copy...`, `new...` and so on), which bridged members never do.
 bool soundsLikeOwning(std::string_view selector);
 
 } // namespace bridgegen

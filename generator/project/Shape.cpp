@@ -7,91 +7,65 @@ namespace bridgegen {
 
 namespace {
 
-using Word = MethodParameter::Word;
-using What = Fact::What;
-
-std::string elements(const Type &type) {
-  return type.isString() ? "StringElements" : "ObjectElements";
+/// The kind of `words` from outside to inside. What it is told follows from its outermost word;
+/// strings and values need nothing.
+MarshalKind kind(const std::vector<const MarshalWord *> &words, const Type *type = nullptr) {
+  std::string name;
+  for (const MarshalWord *word : words)
+    name += (name.empty() ? "" : "<") + std::string(word->name);
+  name.append(words.size() - 1, '>');
+  const std::optional<FactKind> fact = words[0]->fact;
+  const bool isTold = fact && type && (type->isReferenceType() || type->isDelegate());
+  return {std::move(name), isTold ? std::optional(Fact{*fact, type}) : std::nullopt};
 }
 
-/// The fact of a kind whose objects come from WinRT: which class bridges them.
-std::optional<Fact> bridging(const Type &type) {
-  return type.isReferenceType() ? std::optional(Fact{What::Class, &type}) : std::nullopt;
+/// `Value<int>`.
+MarshalKind kindOf(const MarshalWord &word, const Type &type) {
+  return {std::string(word.name) + "<" + valueSpelling(type) + ">", {}};
 }
 
-/// The fact of a kind whose objects go to WinRT: how they are asked for their interface.
-std::optional<Fact> asking(const Type &type) {
-  return type.isReferenceType() ? std::optional(Fact{What::Accessor, &type}) : std::nullopt;
+MarshalKind valueKind(const Type &type) {
+  return type.isBoolean() ? kind({&marshalWord("Boolean")}) : kindOf(marshalWord("Value"), type);
 }
 
-std::string value(const Type &type) { return "Value<" + valueSpelling(type) + ">"; }
-
-MarshalKind inKind(const Type &type) {
-  if (type.isString())
-    return {"String", {}};
-  if (type.isDelegate())
-    return {"Delegate", Fact{What::Maker, &type}};
-  if (type.isReferenceType())
-    return {"Object", asking(type)};
-  return {type.isBoolean() ? "Boolean" : value(type), {}};
-}
-
-MarshalKind outKind(const Type &type) {
-  if (type.isValue())
-    return {"Pointer", {}};
-  return {type.isString() ? "Out<String>" : "Out<Object>", bridging(type)};
-}
-
-MarshalKind objectArrayKind(const Parameter &parameter) {
+/// Of strings and objects, one or many.
+MarshalKind objectKind(const Parameter &parameter) {
   const Type &type = *parameter.type;
-  const std::string array = "Array<" + elements(type) + ">";
-  switch (parameter.passing) {
-  case Passing::InArray:
-    return {array, asking(type)};
-  case Passing::CountedFillArray:
-    return {"Fill<" + array + ">", bridging(type)};
-  default:
-    return {"Out<" + array + ">", bridging(type)};
-  }
-}
-
-MarshalKind countKind(const Parameter &parameter) {
-  if (parameter.passing == Passing::OutArray || parameter.passing == Passing::ReturnedArray)
-    return {"Pointer", {}};
-  if (parameter.isObjectArray())
-    return {"Capacity<" + valueSpelling(*parameter.countType) + ">", {}};
-  return {value(*parameter.countType), {}};
+  const ObjectForm &form = *parameter.passing->objects;
+  std::vector<const MarshalWord *> words(form.around.begin(), form.around.end());
+  if (parameter.isArray())
+    words.push_back(type.isString() ? &marshalWord("StringElements")
+                                    : &marshalWord("ObjectElements"));
+  else
+    words.push_back(type.isString() ? &marshalWord("String") : &marshalWord("Object"));
+  return kind(words, &type);
 }
 
 MarshalKind parameterKind(const MethodParameter &word) {
   const Parameter &parameter = *word.parameter;
-  if (word.word == Word::Count)
-    return countKind(parameter);
-  if (word.word == Word::FilledCount)
-    return {"Pointer", {}};
-  if (parameter.isObjectArray())
-    return objectArrayKind(parameter);
-  if (parameter.isArray())
-    return {"Pointer", {}};
-  return parameter.passing == Passing::In ? inKind(*parameter.type) : outKind(*parameter.type);
+  const Type &type = parameter.typeOf(word.word);
+  if (type.isDelegate())
+    return kind({&marshalWord("Delegate")}, &type);
+  if (!type.isValue())
+    return objectKind(parameter);
+  if (word.pointers != 0)
+    return kind({&marshalWord("Pointer")});
+  return parameter.isObjectArray() ? kindOf(marshalWord("Capacity"), type) : valueKind(type);
 }
 
 MarshalKind resultKind(const Member &member) {
-  if (const Parameter *parameter = member.resultParameter()) {
-    const char *form = parameter->passing == Passing::BulkRead        ? "BulkRead<"
-                       : parameter->passing == Passing::ReturnedArray ? "ReturnedArray<"
-                                                                      : "ReturnedFill<";
-    return {form + elements(*parameter->type) + ">", bridging(*parameter->type)};
-  }
+  if (const Parameter *parameter = member.resultParameter())
+    return objectKind(*parameter);
   if (!member.result)
-    return {"Void", {}};
+    return kind({&marshalWord("Void")});
   const Type &type = *member.result;
   if (type.isString())
-    return {"String", {}};
+    return kind({&marshalWord("String")});
   // A null interface is nil; a null runtime class reaches `bridgeTransfer:`, which logs it.
   if (type.isReferenceType())
-    return {type.isRuntimeClass() ? "RuntimeClass" : "Interface", bridging(type)};
-  return {type.isBoolean() ? "Boolean" : value(type), {}};
+    return kind({type.isRuntimeClass() ? &marshalWord("RuntimeClass") : &marshalWord("Interface")},
+                &type);
+  return valueKind(type);
 }
 
 } // namespace

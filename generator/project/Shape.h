@@ -7,13 +7,7 @@ namespace bridgegen {
 
 /// What a marshalling kind has to be told at run time.
 struct Fact {
-  enum class What {
-    Accessor, ///< the function that asks an argument for `type`'s interface
-    Class,    ///< the class structure of `type`'s bridge
-    Maker     ///< the function that makes a delegate of `type`
-  };
-
-  What what;
+  FactKind kind;
   const Type *type;
 };
 

@@ -24,7 +24,7 @@ using namespace bridgegen;
 size_t arityOf(const Member &member) {
   size_t arity = 0;
   for (const Parameter &parameter : member.parameters)
-    arity += parameter.passing == Passing::In || parameter.passing == Passing::InArray;
+    arity += !parameter.isHandedOut();
   return arity;
 }
 
