@@ -3,6 +3,7 @@
 #include "generator/emit/Emit.h"
 #include "generator/model/Builder.h"
 #include "generator/model/Check.h"
+#include "generator/project/CheckSelectors.h"
 #include "generator/read/Parser.h"
 
 namespace bridgegen {
@@ -24,6 +25,9 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Sourc
   if (diagnostics.hasErrors())
     return std::nullopt;
   check(*model, diagnostics);
+  if (diagnostics.hasErrors())
+    return std::nullopt;
+  checkSelectors(*model, diagnostics);
   if (diagnostics.hasErrors())
     return std::nullopt;
   return emitAll(*model, others);

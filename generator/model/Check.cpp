@@ -2,7 +2,6 @@
 
 #include "generator/model/Resolver.h"
 #include "generator/model/Signature.h"
-#include "generator/project/Selector.h"
 
 #include <algorithm>
 #include <tuple>
@@ -106,16 +105,9 @@ private:
   void checkInterface(const InterfaceType &interface) {
     if (interface.isInstance)
       checkArguments(interface, *interface.instance);
-    std::map<std::string, const Member *> selectors;
     for (const Member &member : interface.members) {
-      if (!member.isBridged())
-        continue;
-      checkMember(interface, member);
-      const auto [other, isNew] = selectors.emplace(selector(member), &member);
-      if (!isNew)
-        diagnostics_.error(interface.isInstance ? interface.at : member.at,
-                           "selector " + quoted(selector(member)) + " is already that of member " +
-                               quoted(other->second->name));
+      if (member.isBridged())
+        checkMember(interface, member);
     }
   }
 
@@ -167,12 +159,9 @@ private:
   }
 
   void checkClass(const ClassType &type) {
-    selectors_.clear();
     for (const ClassType::Listed &listed : type.interfaces) {
       if (const std::string problem = listedProblem(type, listed); !problem.empty())
         diagnostics_.error(listed.at, problem);
-      else
-        checkSelectors(listed, '-');
     }
     for (const ClassType::Listed &listed : type.classSide) {
       if (type.isProxy())
@@ -182,8 +171,6 @@ private:
         diagnostics_.error(listed.at, quoted(listed->name) + " is no " +
                                           (listed.form == Form::Statics ? "'statics interface'"
                                                                         : "'factory interface'"));
-      else
-        checkSelectors(listed, '+');
     }
     if (type.isProxy() && type.interfaces.empty())
       diagnostics_.error(type.at, "a proxy class needs a default interface");
@@ -201,18 +188,6 @@ private:
     return "";
   }
 
-  void checkSelectors(const ClassType::Listed &listed, char side) {
-    for (const Member &member : listed->members) {
-      if (!member.isBridged())
-        continue;
-      const auto [other, isNew] = selectors_.emplace(side + selector(member), &*listed);
-      if (!isNew)
-        diagnostics_.error(listed.at,
-                           "selector " + quoted(selector(member)) + " of " + quoted(listed->name) +
-                               " is already that of a member of " + quoted(other->second->name));
-    }
-  }
-
   void checkExtern(const ClassType &type) {
     if (type.interfaces.size() != 1 || !type.classSide.empty())
       diagnostics_.error(type.at, "an extern class lists its default interface and nothing else");
@@ -228,7 +203,6 @@ private:
   const Model &model_;
   Diagnostics &diagnostics_;
   Signatures signatures_;
-  std::map<std::string, const Type *> selectors_; ///< of the class being checked, with `-` or `+`
 };
 
 } // namespace
