@@ -1,5 +1,9 @@
 #include "generator/CommandLine.h"
 
+#include "generator/emit/Outputs.h"
+
+#include <sstream>
+
 namespace bridgegen {
 
 std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &arguments,
@@ -23,6 +27,12 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
         return std::nullopt;
       }
       commandLine.handWritten = arguments[i];
+    } else if (argument == "--delegate-header") {
+      if (++i == arguments.size()) {
+        problem = "'--delegate-header' needs a header's name";
+        return std::nullopt;
+      }
+      commandLine.delegateHeader = arguments[i];
     } else if (argument.starts_with("-")) {
       problem = "unknown option '" + argument + "'";
       return std::nullopt;
@@ -39,7 +49,11 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
   return problem.empty() ? std::optional(commandLine) : std::nullopt;
 }
 
-const char *const kHelp = R"(Usage: bridgegen --output FOLDER [--hand-written FILE] FILE.idl...
+namespace {
+
+constexpr const char *kUsage =
+    R"(Usage: bridgegen --output FOLDER [--hand-written FILE] [--delegate-header HEADER]
+                 FILE.idl...
        bridgegen --list-outputs FILE.idl...
 
 Makes the Objective-C bridges of the WinRT types that the files declare. All files are
@@ -48,32 +62,22 @@ is a unit, and its stem names its outputs.
 
 Options:
   --output FOLDER   Where the outputs go. Folders are made as needed. A file whose
-                    contents would not change is left alone, with its time.
+                    contents would not change is left alone, with its time. Outputs
+                    of files that are no longer among the files are removed.
   --hand-written FILE
                     Classes that are not generated, for the tables: a line per class
                     with its superclass, and under it its methods' lines of
                     catalogue.tsv; columns separated by tabs, comments after '#'.
+  --delegate-header HEADER
+                    What the delegate factories include; it declares
+                    'wrt::makeDelegate'.
   --list-outputs    Print the paths of the outputs, relative to the output folder,
                     one a line, and write nothing. The files need not exist.
   --help            Print this.
 
-Outputs for each unit U:
-  include/WRTObjcBridge/U.h         the public Objective-C header
-  include/WRTObjcBridge/types/U.h   value structures and interface pointers, plain C
-  abi/U.abi.h                       function tables, IIDs and abstract C++ classes
-  members/U.members.h               member constants for the classes
-  classes/U.mm                      the bridge classes
-  platform/U.platform.h             what the classes take from the platform
-  platform/U.delegates.mm           delegate factories of the embedded platform
-  platform/U.names.cpp              activation names for the embedded platform
-and for all of them together:
-  include/WRTObjcBridge/WRTObjcBridge.h   all public headers
-  platform/bridge.exports           what the classes take from WRTBridge_zorvex.dll
-  catalogue.tsv                     a line per method: class, + or -, selector, 32-bit
-                                    encoding, protocol encoding, interface, slot
-  surface.digest                    a line per class: name, kind, superclass, number
-                                    of methods, hash of selectors, encodings, IIDs, slots
+)";
 
+constexpr const char *kExitStatus = R"(
 Exit status:
   0  Everything is written.
   1  Something in the files is wrong, or could not be read or written. Each error is
@@ -81,5 +85,24 @@ Exit status:
      unless all files are right.
   2  The command line is wrong.
 )";
+
+void writeOutputs(std::ostream &out, bool areOfUnits) {
+  for (const Output &output : allOutputs()) {
+    if (output.isOfUnit() == areOfUnits)
+      out << "  " << output.pathOf("U") << "\n      " << output.description << '\n';
+  }
+}
+
+} // namespace
+
+std::string help() {
+  std::ostringstream out;
+  out << kUsage << "Outputs for each unit U:\n";
+  writeOutputs(out, true);
+  out << "and for all of them together:\n";
+  writeOutputs(out, false);
+  out << kExitStatus;
+  return out.str();
+}
 
 } // namespace bridgegen

@@ -12,7 +12,8 @@ struct CommandLine {
   bool help = false;
   bool listOutputs = false;
   std::string output;
-  std::string handWritten; ///< a file; empty for none
+  std::string handWritten;    ///< a file; empty for none
+  std::string delegateHeader; ///< empty for none
   std::vector<std::string> files;
 };
 
@@ -21,7 +22,7 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
                                             std::string &problem);
 
 /// What `--help` prints.
-extern const char *const kHelp;
+std::string help();
 
 } // namespace bridgegen
 

@@ -1,6 +1,6 @@
 #include "generator/Generate.h"
 
-#include "generator/emit/Emit.h"
+#include "generator/emit/Outputs.h"
 #include "generator/model/Builder.h"
 #include "generator/model/Check.h"
 #include "generator/project/CheckSelectors.h"
@@ -8,15 +8,15 @@
 
 namespace bridgegen {
 
-std::optional<OutputSet> generate(const std::deque<Source> &sources, const Source *handWritten,
+std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extras &extras,
                                   Diagnostics &diagnostics) {
   std::vector<syntax::Unit> units;
   units.reserve(sources.size());
   for (const Source &source : sources)
     units.push_back(parse(source, diagnostics));
   std::vector<HandWrittenClass> others;
-  if (handWritten)
-    others = readHandWritten(*handWritten, diagnostics);
+  if (extras.handWritten)
+    others = readHandWritten(*extras.handWritten, diagnostics);
   // What a half-read file would have declared is not worth reporting as missing, nor is what
   // follows from a half-built model.
   if (diagnostics.hasErrors())
@@ -30,7 +30,7 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Sourc
   checkSelectors(*model, diagnostics);
   if (diagnostics.hasErrors())
     return std::nullopt;
-  return emitAll(*model, others);
+  return emitAll({*model, others, extras.delegateHeader});
 }
 
 } // namespace bridgegen

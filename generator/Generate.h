@@ -9,10 +9,15 @@
 
 namespace bridgegen {
 
-/// Reads, checks and emits all sources in memory; `handWritten` lists classes that the tables name
-/// besides, and may be null. Nothing when something is wrong, which `diagnostics` tells; its places
-/// point into the sources.
-std::optional<OutputSet> generate(const std::deque<Source> &sources, const Source *handWritten,
+/// What besides the declarations goes into the outputs.
+struct Extras {
+  const Source *handWritten = nullptr; ///< lists classes that the tables name; null for none
+  std::string delegateHeader;          ///< what the delegate factories include; empty for nothing
+};
+
+/// Reads, checks and emits all sources in memory. Nothing when something is wrong, which
+/// `diagnostics` tells; its places point into the sources.
+std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extras &extras,
                                   Diagnostics &diagnostics);
 
 } // namespace bridgegen

@@ -1,6 +1,6 @@
 #include "generator/CommandLine.h"
 #include "generator/Generate.h"
-#include "generator/emit/Emit.h"
+#include "generator/emit/Outputs.h"
 
 #include <exception>
 #include <filesystem>
@@ -55,8 +55,9 @@ int generate(const CommandLine &commandLine) {
       (!commandLine.handWritten.empty() && !read({commandLine.handWritten}, handWritten)))
     return kWrongInput;
   Diagnostics diagnostics;
-  const std::optional<OutputSet> outputs = bridgegen::generate(
-      sources, handWritten.empty() ? nullptr : &handWritten.front(), diagnostics);
+  const Extras extras{handWritten.empty() ? nullptr : &handWritten.front(),
+                      commandLine.delegateHeader};
+  const std::optional<OutputSet> outputs = bridgegen::generate(sources, extras, diagnostics);
   if (!outputs) {
     diagnostics.print(std::cerr);
     return kWrongInput;
@@ -76,7 +77,7 @@ int main(int count, char **arguments) {
     return kWrongUsage;
   }
   if (commandLine->help) {
-    std::cout << kHelp;
+    std::cout << help();
     return 0;
   }
   try {

@@ -168,6 +168,6 @@ private:
 
 } // namespace
 
-std::string emitAbiHeader(const Unit &unit) { return AbiHeader(unit).text(); }
+std::string emitAbiHeader(const Unit &unit, const Input &) { return AbiHeader(unit).text(); }
 
 } // namespace bridgegen

@@ -2,6 +2,7 @@
 
 #include "generator/emit/MemberConstant.h"
 #include "generator/emit/MethodText.h"
+#include "generator/emit/Outputs.h"
 #include "generator/emit/Parts.h"
 #include "generator/project/BridgeClass.h"
 
@@ -72,14 +73,14 @@ private:
     forEachOwnConstant([&](const BridgeClass &, const BridgeMethod &,
                            const DelegateType &delegate) { addDelegate(delegate); });
 
-    writer_.write("#import <WRTObjcBridge/%.h>\n", unit_.name);
+    writer_.write("#import %\n", includeName(emitPublicHeader, unit_.name));
     writeTypesIncludes(writer_, types);
     writer_.append("\n#include <WRTBridge.h>\n\n#include \"marshal/Accessor.h\"\n"
                    "#include \"marshal/Adapter.h\"\n#include \"marshal/Call.h\"\n");
     for (const std::string &unit : members)
-      writer_.write("#include \"members/%.members.h\"\n", unit);
+      writer_.write("#include %\n", includeName(emitMembersHeader, unit));
     for (const std::string &unit : platforms)
-      writer_.write("#include \"platform/%.platform.h\"\n", unit);
+      writer_.write("#include %\n", includeName(emitPlatformHeader, unit));
   }
 
   /// Visits the members whose constant each class has for itself.
@@ -198,6 +199,6 @@ private:
 
 } // namespace
 
-std::string emitClasses(const Unit &unit) { return Classes(unit).text(); }
+std::string emitClasses(const Unit &unit, const Input &) { return Classes(unit).text(); }
 
 } // namespace bridgegen

@@ -7,40 +7,33 @@
 
 namespace bridgegen {
 
-// One emitter per kind of output, each in a file of its own. They make a text of a checked model
-// and nothing else: what a method looks like and how it crosses is decided in project/.
+/// What the outputs are made of.
+struct Input {
+  const Model &model; ///< checked
+  const std::vector<HandWrittenClass> &handWritten;
+  /// The header in which the delegate factories find `wrt::makeDelegate`; empty for none.
+  const std::string &delegateHeader;
+};
 
-/// `include/WRTObjcBridge/types/<unit>.h`: value structures and interface pointers for C.
-std::string emitTypesHeader(const Unit &unit);
-/// `include/WRTObjcBridge/<unit>.h`: the public Objective-C header.
-std::string emitPublicHeader(const Unit &unit, const Model &model);
-/// `include/WRTObjcBridge/WRTObjcBridge.h`: all public headers.
-std::string emitUmbrella(const Model &model);
-/// `abi/<unit>.abi.h`: function tables, identifiers and abstract classes for the other side.
-std::string emitAbiHeader(const Unit &unit);
-/// `members/<unit>.members.h`: member constants.
-std::string emitMembersHeader(const Unit &unit);
-/// `classes/<unit>.mm`: the bridge classes.
-std::string emitClasses(const Unit &unit);
-/// `platform/<unit>.platform.h`: what the unit takes from the platform.
-std::string emitPlatformHeader(const Unit &unit);
-/// `platform/<unit>.delegates.mm`: delegate factories of the embedded platform.
-std::string emitDelegateFactories(const Unit &unit);
-/// `platform/<unit>.names.cpp`: activation names.
-std::string emitClassNames(const Unit &unit);
-/// `platform/bridge.exports`: what the library imports from `WRTBridge_zorvex.dll` for the bridges,
-/// in the form of a module definition's export lines.
-std::string emitBridgeExports(const Model &model);
-/// `catalogue.tsv`: a line per method, those of the hand-written classes first.
-std::string emitCatalogue(const Model &model, const std::vector<HandWrittenClass> &handWritten);
-/// `surface.digest`: a line per class, the hand-written ones first.
-std::string emitDigest(const Model &model, const std::vector<HandWrittenClass> &handWritten);
+// One emitter per kind of output, each in a file of its own; Outputs.inc says what they make. They
+// make a text of the model and nothing else: what a method looks like and how it crosses is decided
+// in project/.
 
-/// The paths of all outputs for units of these names, in the order of `emitAll`.
-std::vector<std::string> outputPaths(const std::vector<std::string> &units);
+std::string emitTypesHeader(const Unit &unit, const Input &input);
+std::string emitPublicHeader(const Unit &unit, const Input &input);
+std::string emitAbiHeader(const Unit &unit, const Input &input);
+std::string emitMembersHeader(const Unit &unit, const Input &input);
+std::string emitClasses(const Unit &unit, const Input &input);
+std::string emitPlatformHeader(const Unit &unit, const Input &input);
+std::string emitDelegateFactories(const Unit &unit, const Input &input);
+std::string emitClassNames(const Unit &unit, const Input &input);
 
-/// Everything.
-OutputSet emitAll(const Model &model, const std::vector<HandWrittenClass> &handWritten);
+std::string emitUmbrella(const Input &input);
+/// In the form of a module definition's export lines.
+std::string emitBridgeExports(const Input &input);
+/// The lines of the hand-written classes come first in both tables.
+std::string emitCatalogue(const Input &input);
+std::string emitDigest(const Input &input);
 
 } // namespace bridgegen
 

@@ -112,6 +112,8 @@ private:
 
 } // namespace
 
-std::string emitMembersHeader(const Unit &unit) { return MembersHeader(unit).text(); }
+std::string emitMembersHeader(const Unit &unit, const Input &) {
+  return MembersHeader(unit).text();
+}
 
 } // namespace bridgegen

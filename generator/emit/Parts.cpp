@@ -1,11 +1,13 @@
 #include "generator/emit/Parts.h"
 
+#include "generator/emit/Outputs.h"
+
 #include <cctype>
 
 namespace bridgegen {
 
 void writeBanner(Writer &writer, const Unit &unit) {
-  writer.write("// Made by bridgegen from %.idl.\n", unit.name);
+  writer.write("%%.idl.\n", kBanner, unit.name);
 }
 
 IncludeGuard::IncludeGuard(Writer &writer, const Unit &unit, std::string_view suffix)
@@ -22,7 +24,7 @@ IncludeGuard::~IncludeGuard() { writer_.append("\n#endif\n"); }
 
 void writeTypesIncludes(Writer &writer, const std::set<std::string> &units) {
   for (const std::string &unit : units)
-    writer.write("#include <WRTObjcBridge/types/%.h>\n", unit);
+    writer.write("#include %\n", includeName(emitTypesHeader, unit));
 }
 
 std::vector<const Type *> namedTypes(const DelegateType &delegate) {

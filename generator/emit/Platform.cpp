@@ -1,4 +1,4 @@
-#include "generator/emit/Emit.h"
+#include "generator/emit/Outputs.h"
 
 #include "generator/emit/Parts.h"
 #include "generator/project/AbiFunction.h"
@@ -30,7 +30,7 @@ std::vector<const ClassType *> namedClasses(const Unit &unit) {
 
 } // namespace
 
-std::string emitPlatformHeader(const Unit &unit) {
+std::string emitPlatformHeader(const Unit &unit, const Input &) {
   Writer writer;
   writeBanner(writer, unit);
   {
@@ -51,7 +51,7 @@ std::string emitPlatformHeader(const Unit &unit) {
   return writer.text();
 }
 
-std::string emitDelegateFactories(const Unit &unit) {
+std::string emitDelegateFactories(const Unit &unit, const Input &input) {
   Writer writer;
   writeBanner(writer, unit);
   std::set<std::string> types;
@@ -61,11 +61,12 @@ std::string emitDelegateFactories(const Unit &unit) {
         types.insert(type->unit->name);
     }
   }
-  writer.write("#include \"platform/%.platform.h\"\n", unit.name);
+  writer.write("#include %\n", includeName(emitPlatformHeader, unit.name));
   writeTypesIncludes(writer, types);
   if (unit.delegates.empty())
     return writer.text();
-  writer.append("\n#include \"platform/linux/bridge/Delegate.h\"\n");
+  if (!input.delegateHeader.empty())
+    writer.write("\n#include \"%\"\n", input.delegateHeader);
   for (const DelegateType *delegate : unit.delegates)
     writer.write("\n/// %\nWRT_DLLEXPORT void *%(id block) {\n"
                  "  return wrt::makeDelegate<HRESULT(%)>(%, block);\n}\n",
@@ -74,19 +75,19 @@ std::string emitDelegateFactories(const Unit &unit) {
   return writer.text();
 }
 
-std::string emitClassNames(const Unit &unit) {
+std::string emitClassNames(const Unit &unit, const Input &) {
   Writer writer;
   writeBanner(writer, unit);
-  writer.write("#include \"platform/%.platform.h\"\n", unit.name);
+  writer.write("#include %\n", includeName(emitPlatformHeader, unit.name));
   for (const ClassType *type : namedClasses(unit))
     writer.write("\nWRT_DLLEXPORT const char16_t *const % = u\"%\";\n", type->nameConstant(),
                  type->name);
   return writer.text();
 }
 
-std::string emitBridgeExports(const Model &model) {
+std::string emitBridgeExports(const Input &input) {
   std::set<std::string> lines;
-  for (const auto &unit : model.units()) {
+  for (const auto &unit : input.model.units()) {
     for (const ClassType *type : namedClasses(*unit))
       lines.insert(type->nameConstant() + " DATA\n");
     for (const DelegateType *delegate : unit->delegates)

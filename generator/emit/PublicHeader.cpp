@@ -2,6 +2,7 @@
 
 #include "generator/emit/Documentation.h"
 #include "generator/emit/MethodText.h"
+#include "generator/emit/Outputs.h"
 #include "generator/emit/Parts.h"
 #include "generator/project/BridgeClass.h"
 
@@ -138,7 +139,7 @@ private:
       return;
     writer_.append("\n#pragma clang assume_nonnull end\n\n");
     for (const std::string &unit : units)
-      writer_.write("#import <WRTObjcBridge/%.h>\n", unit);
+      writer_.write("#import %\n", includeName(emitPublicHeader, unit));
     writer_.append("\n#pragma clang assume_nonnull begin\n");
   }
 
@@ -166,11 +167,11 @@ private:
 
 } // namespace
 
-std::string emitPublicHeader(const Unit &unit, const Model &model) {
-  return PublicHeader(unit, model).text();
+std::string emitPublicHeader(const Unit &unit, const Input &input) {
+  return PublicHeader(unit, input.model).text();
 }
 
-std::string emitUmbrella(const Model &model) {
+std::string emitUmbrella(const Input &input) {
   Writer writer;
   writer.append("// Made by bridgegen.\n");
   writer.append(kNotice);
@@ -179,8 +180,8 @@ std::string emitUmbrella(const Model &model) {
                              "WRTIInspectableBridge", "WRTInterfaceProxy"})
     writer.write("#import <WRTObjcBridge/%.h>\n", header);
   writer.append("\n");
-  for (const auto &unit : model.units())
-    writer.write("#import <WRTObjcBridge/%.h>\n", unit->name);
+  for (const auto &unit : input.model.units())
+    writer.write("#import %\n", includeName(emitPublicHeader, unit->name));
   writer.append("\n#endif\n");
   return writer.text();
 }

@@ -38,13 +38,13 @@ const char *side(const Method &method) { return method.isClassMethod ? "+" : "-"
 
 } // namespace
 
-std::string emitCatalogue(const Model &model, const std::vector<HandWrittenClass> &handWritten) {
+std::string emitCatalogue(const Input &input) {
   Writer writer;
-  for (const HandWrittenClass &type : handWritten) {
+  for (const HandWrittenClass &type : input.handWritten) {
     for (const std::string &method : type.methods)
       writer.write("%\n", method);
   }
-  forEachBridge(model, [&](const BridgeClass &bridge) {
+  forEachBridge(input.model, [&](const BridgeClass &bridge) {
     for (const BridgeMethod &method : bridge.methods)
       writer.write("%\t%\t%\t%\t%\t%\t%\n", bridge.name, side(method.method),
                    method.method.selector, method.method.encoding(),
@@ -55,15 +55,15 @@ std::string emitCatalogue(const Model &model, const std::vector<HandWrittenClass
   return writer.text();
 }
 
-std::string emitDigest(const Model &model, const std::vector<HandWrittenClass> &handWritten) {
+std::string emitDigest(const Input &input) {
   Writer writer;
-  for (const HandWrittenClass &type : handWritten) {
+  for (const HandWrittenClass &type : input.handWritten) {
     Hash hash;
     for (const std::string &method : type.methods)
       hash.add(method + "\n");
     writer.write("% core % % %\n", type.name, type.superclass, type.methods.size(), hash.text());
   }
-  forEachBridge(model, [&](const BridgeClass &bridge) {
+  forEachBridge(input.model, [&](const BridgeClass &bridge) {
     Hash hash;
     for (const InterfaceType *protocol : bridge.protocols)
       hash.add(protocol->bridgeClass() + "\n");

@@ -41,7 +41,7 @@ void writeStruct(Writer &writer, const StructType &type) {
 
 } // namespace
 
-std::string emitTypesHeader(const Unit &unit) {
+std::string emitTypesHeader(const Unit &unit, const Input &) {
   Writer writer;
   writeBanner(writer, unit);
   {

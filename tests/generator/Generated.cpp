@@ -12,7 +12,7 @@ Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &s
     read.emplace_back(path, text);
   Diagnostics diagnostics;
   Generated generated;
-  if (const std::optional<OutputSet> outputs = generate(read, nullptr, diagnostics))
+  if (const std::optional<OutputSet> outputs = generate(read, {}, diagnostics))
     generated.files = outputs->files();
   std::ostringstream errors;
   diagnostics.print(errors);

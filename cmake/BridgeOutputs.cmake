@@ -1,0 +1,40 @@
+# What bridgegen will make of the declarations, from its own table of outputs:
+#
+#   WRT_DECLARATIONS                the declaration files
+#   WRT_GENERATED_HEADERS
+#   WRT_CLASS_SOURCES               to be compiled into the library
+#   WRT_CATALOGUE, WRT_SURFACE_DIGEST   the tables of all methods and of all classes
+#   WRT_BRIDGE_EXPORTS              the names that WRTBridge_zorvex.dll has for the bridges
+#   WRT_PLATFORM_SOURCES            delegate factories and activation names, for the embedded platform
+#   WRT_GENERATED_OUTPUTS           all that is made
+
+file(GLOB WRT_DECLARATIONS CONFIGURE_DEPENDS
+  ${PROJECT_SOURCE_DIR}/marshal/test/*.idl
+  ${PROJECT_SOURCE_DIR}/generic/*.idl
+  ${PROJECT_SOURCE_DIR}/catalogue/*/*.idl)
+
+set(table ${PROJECT_SOURCE_DIR}/generator/emit/Outputs.inc)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
+file(STRINGS ${table} rows REGEX "^{")
+foreach(row IN LISTS rows)
+  string(REGEX MATCH "^{\"([^\"]+)\", Use::([A-Za-z]+)," row "${row}")
+  set(path ${PROJECT_BINARY_DIR}/${CMAKE_MATCH_1})
+  set(use ${CMAKE_MATCH_2})
+  if(path MATCHES "%")
+    foreach(file IN LISTS WRT_DECLARATIONS)
+      get_filename_component(unit ${file} NAME_WLE)
+      string(REPLACE "%" ${unit} output ${path})
+      list(APPEND outputs_${use} ${output})
+    endforeach()
+  else()
+    list(APPEND outputs_${use} ${path})
+  endif()
+endforeach()
+set(WRT_GENERATED_HEADERS ${outputs_Header})
+set(WRT_CLASS_SOURCES ${outputs_LibrarySource})
+set(WRT_CATALOGUE ${outputs_Catalogue})
+set(WRT_SURFACE_DIGEST ${outputs_Digest})
+set(WRT_BRIDGE_EXPORTS ${outputs_Exports})
+set(WRT_PLATFORM_SOURCES ${outputs_PlatformSource})
+set(WRT_GENERATED_OUTPUTS ${WRT_GENERATED_HEADERS} ${WRT_CLASS_SOURCES} ${WRT_PLATFORM_SOURCES}
+  ${WRT_CATALOGUE} ${WRT_SURFACE_DIGEST} ${WRT_BRIDGE_EXPORTS})
