@@ -36,7 +36,7 @@ public:
 private:
   template <class Visit>
   static void visit(const Declared::Item &item, Visit visit) {
-    const Context context{item.declaration->nameSpace, {}};
+    const Context context{item.declaration->section.get(), {}};
     std::visit([&](const auto &syntax) { visit(syntax, context); }, item.declaration->declared);
   }
 

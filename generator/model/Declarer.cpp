@@ -32,10 +32,19 @@ public:
         declared_.items.push_back({&declaration, unit_, type_});
       }
     }
+    for (const Declared::Item &item : declared_.items)
+      checkUsings(*item.declaration->section);
     return std::move(declared_);
   }
 
 private:
+  void checkUsings(const syntax::Section &section) {
+    for (const Name &used : section.usings) {
+      if (!declared_.scope.hasNamespace(used.text))
+        diagnostics_.error(used.at, "no type is declared in the namespace " + quoted(used.text));
+    }
+  }
+
   void declare(const syntax::Enumeration &declared) {
     refuseAttributes();
     auto *type = newType<EnumType>(declared.name);
@@ -109,7 +118,7 @@ private:
   /// Enters a type; null when its name is taken, which is reported.
   template <class T>
   T *newType(const Name &name, const std::optional<Name> &bridgeName = {}) {
-    auto type = std::make_unique<T>(fullName(declaration_->nameSpace, name.text),
+    auto type = std::make_unique<T>(fullName(declaration_->section->nameSpace, name.text),
                                     bridgeName ? bridgeName->text : name.text);
     if (!newName(name, {type.get(), nullptr}))
       return nullptr;
@@ -122,8 +131,8 @@ private:
   template <class T>
   Family &newFamily(const T &declared, const std::optional<Name> &bridgeName) {
     Family &family = *declared_.families.emplace_back(std::make_unique<Family>());
-    family.nameSpace = declaration_->nameSpace;
-    family.name = fullName(declaration_->nameSpace, declared.name.text);
+    family.section = declaration_->section.get();
+    family.name = fullName(declaration_->section->nameSpace, declared.name.text);
     family.bridgeName = bridgeName ? bridgeName->text : declared.name.text;
     family.booleanSpelling = "bool";
     family.typeParameters = &declared.typeParameters;
@@ -145,7 +154,7 @@ private:
       diagnostics_.error(name.at, quoted(name.text) + " is a built-in type");
       return false;
     }
-    if (declared_.scope.add(declaration_->nameSpace, name.text, entry))
+    if (declared_.scope.add(declaration_->section->nameSpace, name.text, entry))
       return true;
     diagnostics_.error(name.at, "type " + quoted(name.text) + " is declared twice");
     return false;

@@ -68,7 +68,8 @@ void MemberBuilder::add(const syntax::Event &event) {
   Member &add = next(MemberKind::EventAdd, event.name);
   add.parameters.push_back(plainParameter(event.type, name));
   add.result = &model_.scalar(kToken);
-  if (!add.parameters[0].type->isDelegate())
+  if (const Type *handler = resolver_.resolve(event.type, context_);
+      handler && !handler->isDelegate())
     diagnostics_.error(event.type.name.at, "expected a delegate as the handler's type, found " +
                                                quoted(event.type.name.text));
 

@@ -3,7 +3,7 @@
 namespace bridgegen {
 
 Context Context::of(const Family &family, const std::vector<const Type *> &arguments) {
-  Context context{family.nameSpace, {}};
+  Context context{family.section, {}};
   for (size_t i = 0; i < arguments.size(); ++i)
     context.typeParameters.emplace((*family.typeParameters)[i].text, arguments[i]);
   return context;
@@ -25,16 +25,35 @@ const Type *Resolver::resolve(const syntax::TypeName &name, const Context &conte
   return plain;
 }
 
+namespace {
+
+std::string listed(const std::vector<std::string> &names, const char *separator) {
+  std::string text;
+  for (const std::string &name : names)
+    text += (text.empty() ? "" : separator) + quoted(name);
+  return text;
+}
+
+} // namespace
+
+/// What to write for a type of another namespace.
+std::string Resolver::hint(const std::string &name) const {
+  const std::vector<std::string> names = scope_.namesakes(name);
+  return names.empty()
+             ? ""
+             : "; write " + listed(names, " or ") + ", or name its namespace in a 'using' line";
+}
+
 Type *Resolver::lookUp(const syntax::TypeName &name, const Context &context) {
-  const std::vector<Entry> entries = scope_.find(context.nameSpace, name.name.text);
+  const std::vector<Entry> entries = scope_.find(*context.section, name.name.text);
   if (entries.empty())
-    return fail(name.name.at, "unknown type " + quoted(name.name.text));
+    return fail(name.name.at, "unknown type " + quoted(name.name.text) + hint(name.name.text));
   if (entries.size() > 1) {
-    std::string names;
+    std::vector<std::string> names;
     for (const Entry &entry : entries)
-      names += (names.empty() ? "" : " and ") +
-               quoted(entry.type ? entry.type->name : entry.family->name);
-    return fail(name.name.at, quoted(name.name.text) + " may be " + names + "; write it in full");
+      names.push_back(entry.type ? entry.type->name : entry.family->name);
+    return fail(name.name.at, quoted(name.name.text) + " may be " + listed(names, " and ") +
+                                  "; write it in full");
   }
 
   const Family *family = entries[0].family;

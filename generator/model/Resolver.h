@@ -5,9 +5,10 @@
 
 namespace bridgegen {
 
-/// Where a type's name stands: the namespace, and inside a generic type what its parameters are.
+/// Where a type's name stands: in which namespace, and inside a generic type what its parameters
+/// are.
 struct Context {
-  std::string nameSpace;
+  const syntax::Section *section;
   std::map<std::string, const Type *> typeParameters;
 
   /// For the inside of an instance of `family`.
@@ -38,6 +39,7 @@ private:
   Type *instantiate(const Family &family, std::vector<const Type *> arguments, Position at);
   /// What stands for a type argument in the names of instances; nothing after an error.
   std::optional<std::string> spelling(const Family &family, const Type &argument, Position at);
+  std::string hint(const std::string &name) const;
   Type *fail(Position at, std::string message);
 
   const Scope &scope_;

@@ -7,19 +7,38 @@ std::string fullName(const std::string &nameSpace, const std::string &simpleName
 }
 
 bool Scope::add(const std::string &nameSpace, const std::string &simpleName, Entry entry) {
-  if (!byFullName_.emplace(fullName(nameSpace, simpleName), entry).second)
+  const std::string name = fullName(nameSpace, simpleName);
+  if (!byFullName_.emplace(name, entry).second)
     return false;
-  bySimpleName_[simpleName].push_back(entry);
+  bySimpleName_.emplace(simpleName, name);
+  nameSpaces_.insert(nameSpace);
   return true;
 }
 
-std::vector<Entry> Scope::find(const std::string &nameSpace, const std::string &name) const {
-  const bool isDotted = name.find('.') != name.npos;
-  const auto full = byFullName_.find(isDotted ? name : fullName(nameSpace, name));
-  if (full != byFullName_.end())
-    return {full->second};
-  const auto simple = bySimpleName_.find(name);
-  return simple == bySimpleName_.end() ? std::vector<Entry>() : simple->second;
+std::vector<Entry> Scope::find(const syntax::Section &section, const std::string &name) const {
+  std::vector<Entry> found;
+  const auto look = [&](const std::string &full) {
+    if (const auto entry = byFullName_.find(full); entry != byFullName_.end())
+      found.push_back(entry->second);
+  };
+  if (name.find('.') == name.npos) {
+    look(fullName(section.nameSpace, name));
+    if (found.empty()) {
+      for (const Name &used : section.usings)
+        look(fullName(used.text, name));
+    }
+  }
+  if (found.empty())
+    look(name);
+  return found;
+}
+
+std::vector<std::string> Scope::namesakes(const std::string &simpleName) const {
+  std::vector<std::string> names;
+  const auto [begin, end] = bySimpleName_.equal_range(simpleName);
+  for (auto each = begin; each != end; ++each)
+    names.push_back(each->second);
+  return names;
 }
 
 } // namespace bridgegen

@@ -3,12 +3,14 @@
 
 #include "generator/model/Model.h"
 
+#include <set>
+
 namespace bridgegen {
 
 /// A generic interface or delegate before it is instantiated.
 struct Family {
-  std::string nameSpace;
-  std::string name; ///< in full
+  const syntax::Section *section = nullptr; ///< where its members are looked up
+  std::string name;                         ///< in full
   std::string bridgeName;
   std::string booleanSpelling; ///< of a `Boolean` argument, in the names of instances
   const std::vector<Name> *typeParameters = nullptr;
@@ -31,13 +33,18 @@ public:
   /// Adds a name; false when it is there already.
   bool add(const std::string &nameSpace, const std::string &simpleName, Entry entry);
 
-  /// Everything that `name` may mean in `nameSpace`: the full names if it is dotted; otherwise the
-  /// name in the namespace itself, or else those of all units.
-  std::vector<Entry> find(const std::string &nameSpace, const std::string &name) const;
+  /// Everything that `name` may mean in a section of a file: the type in the section's own
+  /// namespace, or else those in the namespaces that it uses, or else the one of this full name.
+  std::vector<Entry> find(const syntax::Section &section, const std::string &name) const;
+
+  /// The full names of all types that have the simple name.
+  std::vector<std::string> namesakes(const std::string &simpleName) const;
+  bool hasNamespace(const std::string &nameSpace) const { return nameSpaces_.contains(nameSpace); }
 
 private:
   std::map<std::string, Entry> byFullName_;
-  std::map<std::string, std::vector<Entry>> bySimpleName_;
+  std::multimap<std::string, std::string> bySimpleName_; ///< full names
+  std::set<std::string> nameSpaces_;
 };
 
 /// `nameSpace.simpleName`, or the simple name alone in the global namespace.

@@ -17,19 +17,30 @@ public:
   explicit Parser(TokenStream &tokens) : tokens_(tokens) {}
 
   void file(Unit &unit) {
+    section_ = section("");
     while (!tokens_.atEnd()) {
-      if (tokens_.accept("namespace")) {
-        nameSpace_ = dottedName(tokens_, "a namespace").text;
-        tokens_.expect(";");
-      } else {
+      if (!tokens_.accept("namespace")) {
         unit.declarations.push_back(declaration());
+        continue;
       }
+      std::string nameSpace = dottedName(tokens_, "a namespace").text;
+      tokens_.expect(";");
+      section_ = section(std::move(nameSpace));
     }
   }
 
 private:
+  std::shared_ptr<const Section> section(std::string nameSpace) {
+    auto section = std::make_shared<Section>(Section{std::move(nameSpace), {}});
+    while (tokens_.accept("using")) {
+      section->usings.push_back(dottedName(tokens_, "a namespace"));
+      tokens_.expect(";");
+    }
+    return section;
+  }
+
   Declaration declaration() {
-    Declaration declaration{nameSpace_, attributes(tokens_), {}};
+    Declaration declaration{section_, attributes(tokens_), {}};
     declaration.declared = declared();
     return declaration;
   }
@@ -57,6 +68,9 @@ private:
       return interface(Form::Statics);
     if (tokens_.accept("factory"))
       return interface(Form::Factory);
+    if (tokens_.at("using"))
+      tokens_.failAt(tokens_.peek().at,
+                     "a 'using' line stands behind its 'namespace' line, before the declarations");
     tokens_.fail(
         "a declaration ('enum', 'flags', 'struct', 'delegate', 'interface', 'full', 'proxy', "
         "'extern', 'statics', 'factory' or 'namespace')");
@@ -235,7 +249,7 @@ private:
   }
 
   TokenStream &tokens_;
-  std::string nameSpace_;
+  std::shared_ptr<const Section> section_;
 };
 
 } // namespace

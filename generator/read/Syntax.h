@@ -4,6 +4,7 @@
 #include "generator/read/Guid.h"
 #include "generator/read/Source.h"
 
+#include <memory>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -154,8 +155,14 @@ struct Class {
 using Declared =
     std::variant<Enumeration, Structure, Delegate, Interface, Family, Instantiation, Class>;
 
-struct Declaration {
+/// What a `namespace` line opens, or the beginning of a file.
+struct Section {
   std::string nameSpace; ///< empty for the global one
+  std::vector<Name> usings;
+};
+
+struct Declaration {
+  std::shared_ptr<const Section> section;
   std::vector<Attribute> attributes;
   Declared declared;
 };

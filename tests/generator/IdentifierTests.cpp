@@ -55,6 +55,9 @@ interface IMap<K, V> {3c2925fe-8519-45c1-aa79-197b6718c1c1};
 namespace Windows.UI;
 struct Color { UInt8 A; UInt8 R; UInt8 G; UInt8 B; }
 namespace Windows.Storage;
+using Windows.Foundation;
+using Windows.Foundation.Collections;
+using Windows.UI;
 extern interface IStorageFile {fa3f6186-4214-428c-a64c-14c9ac7315ea};
 extern class StorageFile : IStorageFile;
 )";

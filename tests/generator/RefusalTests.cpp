@@ -94,8 +94,18 @@ const std::vector<Refusal> kRefusals{
      "unknown type 'Nothing'"},
     {"SeveralTypes",
      "namespace A;\nenum Panel { }\nnamespace B;\nproxy class Panel as UIPanel : IThing;\n"
-     "namespace C;\nstruct S { ^Panel p; }",
+     "namespace C;\nusing A;\nusing B;\nstruct S { ^Panel p; }",
      "'Panel' may be 'A.Panel' and 'B.Panel'; write it in full"},
+    {"TypeOfAnotherNamespace",
+     "namespace A;\nenum Panel { }\nenum Other { }\nnamespace B;\nproxy class Panel as UIPanel : "
+     "IThing;\n"
+     "namespace C;\nusing A;\nenum Other { }\nstruct S { Panel a; Other b; }\n" // its own Other
+     "namespace D;\nstruct T { A.Panel a; ^Panel b; }", // the using of C has ended
+     "unknown type 'Panel'; write 'A.Panel' or 'B.Panel', or name its namespace in a 'using' line"},
+    {"UsingOfNothing", "namespace A;\nusing ^B;\nstruct S { }",
+     "no type is declared in the namespace 'B'"},
+    {"UsingBehindADeclaration", "namespace A;\nstruct S { }\n^using A;",
+     "a 'using' line stands behind its 'namespace' line, before the declarations"},
     {"TooManyTypeArguments", "full ^IList<String, String>;",
      "'IList' takes 1 type arguments, found 2"},
     {"TypeArgumentsOfAPlainType", fullInterface("void Run(^String<Int32> x);"),
