@@ -29,6 +29,9 @@ public:
   /// Borrowed from this reference.
   Object get() const { return object_; }
 
+  /// Takes over `object` (+1) where nothing is held yet.
+  void fill(Object object) { object_ = object; }
+
   /// Takes over `object` (+1) and then drops what was held before.
   void replace(Object object) {
     Object old = object_;

@@ -1,5 +1,6 @@
 #import <WRTObjcBridge/WRTConversions.h>
 
+#include <ClassReceiver.h>
 #include <WRTBridgeUtil.h>
 
 NSString *WRTCreateNSStringFromHSTRING(HSTRING string) {
@@ -11,5 +12,5 @@ HSTRING WRTCreateHSTRINGFromNSString(NSString *string) { return WRTHSTRINGFromCF
 NSError *WRTCreateNSErrorFromHRESULT(HRESULT status) {
   if (status >= 0)
     return nil;
-  return [NSError errorWithDomain:@"WRT" code:status userInfo:nil];
+  return [WRT_CLASS(NSError) errorWithDomain:@"WRT" code:status userInfo:nil];
 }

@@ -1,5 +1,6 @@
 #import <WRTObjcBridge/WRTHSTRINGBridge.h>
 
+#include <ClassReceiver.h>
 #include <WRTBridge.h>
 #include <WRTBridgeUtil.h>
 
@@ -24,7 +25,7 @@ namespace log = wrt::log;
 + (instancetype)_bridge:(void *)string transfer:(BOOL)transfer {
   if (!string)
     return nil;
-  WRTHSTRINGBridge *bridge = WRT_AUTORELEASED([[WRTHSTRINGBridge alloc] init]);
+  WRTHSTRINGBridge *bridge = WRT_AUTORELEASED([[WRT_CLASS(WRTHSTRINGBridge) alloc] init]);
   HSTRING copy = nullptr;
   const HRESULT status = WRTHSTRINGDuplicate(static_cast<HSTRING>(string), &copy);
   if (status < 0) {
@@ -49,7 +50,7 @@ namespace log = wrt::log;
 + (instancetype)createWithString:(NSString *)string {
   if (!string)
     return nil;
-  WRTHSTRINGBridge *bridge = WRT_AUTORELEASED([[WRTHSTRINGBridge alloc] init]);
+  WRTHSTRINGBridge *bridge = WRT_AUTORELEASED([[WRT_CLASS(WRTHSTRINGBridge) alloc] init]);
   bridge->_nsstring = WRT_RETAINED(string);
   return bridge;
 }

@@ -1,5 +1,6 @@
 #import <WRTObjcBridge/WRTUnknownBridge.h>
 
+#include <ClassReceiver.h>
 #include <WRTBridge.h>
 #include <WRTObjcBridge/WRTConversions.h>
 #include <WRTUnknown.h>
@@ -83,7 +84,7 @@ namespace log = wrt::log;
 
 // Sent to the root class, so that no subclass can change what a query does.
 - (void *)queryInterfaceWithGUID:(GUID)guid error:(NSError **)error {
-  return [WRTUnknownBridge queryInterface:_inner_obj withGUID:guid error:error];
+  return [WRT_CLASS(WRTUnknownBridge) queryInterface:_inner_obj withGUID:guid error:error];
 }
 
 - (WRTIUnknown *)_WRTIUnknownWithError:(NSError **)error {

@@ -67,7 +67,7 @@ HRESULT convertAndCall(const Handler &handler, typename Head::Raw raw, typename 
 template <auto factory, class... Arguments>
 void *makeDelegate(id handler, Retained<> &adapter) {
   HRESULT (^block)(typename Arguments::Type...) = handler;
-  adapter.replace(objc_retainBlock(^HRESULT(typename Arguments::Raw... raw) {
+  adapter.fill(objc_retainBlock(^HRESULT(typename Arguments::Raw... raw) {
     return shielded(kAdapterName<factory>.data(), [&] {
       return detail::convertAndCall<Arguments...>(
           [&](auto... arguments) { return block(arguments...); }, raw...);
@@ -81,7 +81,7 @@ void *makeDelegate(id handler, Retained<> &adapter) {
 template <auto factory>
 void *makeStringDelegate(id handler, Retained<> &adapter) {
   HRESULT (^block)(NSString **) = handler;
-  adapter.replace(objc_retainBlock(^HRESULT(HSTRING *result) {
+  adapter.fill(objc_retainBlock(^HRESULT(HSTRING *result) {
     return shielded(kAdapterName<factory>.data(), [&] {
       NSString *string = nil;
       const HRESULT status = block(&string);
@@ -108,7 +108,7 @@ void *delegateResult(id object, Accessor accessor, const AdapterSite &site);
 template <auto factory, Accessor accessor, const AdapterSite &site>
 void *makeInterfaceDelegate(id handler, Retained<> &adapter) {
   HRESULT (^block)(id *) = handler;
-  adapter.replace(objc_retainBlock(^HRESULT(void **result) {
+  adapter.fill(objc_retainBlock(^HRESULT(void **result) {
     return shielded(site.function, [&] {
       id object = nil;
       const HRESULT status = block(&object);

@@ -4,6 +4,7 @@
 #include "marshal/Object.h"
 #include "marshal/String.h"
 
+#include <ClassReceiver.h>
 #include <algorithm>
 
 namespace wrt {
@@ -47,7 +48,7 @@ struct ObjectElements {
 
 /// A new mutable array.
 inline Retained<NSMutableArray *> newArray() {
-  return Retained<NSMutableArray *>::adopt([[NSMutableArray alloc] init]);
+  return Retained<NSMutableArray *>::adopt([[WRT_CLASS(NSMutableArray) alloc] init]);
 }
 
 /// A new array, autoreleased, with the elements of `cells`.

@@ -1,12 +1,13 @@
 #include "marshal/CleanupList.h"
 
+#include <ClassReceiver.h>
 #include <WRTBridge.h>
 
 namespace wrt {
 
 void CleanupList::add(void (^cleanup)(void)) {
   if (!blocks_.get())
-    blocks_.replace([[NSMutableArray alloc] init]);
+    blocks_.fill([[WRT_CLASS(NSMutableArray) alloc] init]);
   // The list only retains what it is given, which leaves a block on the stack where it is.
   const auto copy = Retained<>::adopt(objc_retainBlock(cleanup));
   [blocks_.get() addObject:copy.get()];

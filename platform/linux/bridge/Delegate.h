@@ -1,7 +1,8 @@
 #ifndef WRT_DELEGATE_H
 #define WRT_DELEGATE_H
 
-#import <Foundation/NSAutoreleasePool.h>
+#include "platform/linux/bridge/AutoreleasePool.h"
+
 #include <ObjCRuntime.h>
 #include <WRTObjcBridge/WRTTypes.h>
 #include <WRTStatus.h>
@@ -48,11 +49,10 @@ struct Invoker<HRESULT(Arguments...)> {
     if (self->block == nil)
       return status::kPointer;
     // The thread may be one that Objective-C has never seen and that has no pool.
-    @autoreleasepool {
-      // The block may make the component drop the delegate, and with it the block itself.
-      const id block = objc_autorelease(objc_retain(self->block));
-      return static_cast<Block>(block)(arguments...);
-    }
+    const AutoreleasePool pool;
+    // The block may make the component drop the delegate, and with it the block itself.
+    const id block = objc_autorelease(objc_retain(self->block));
+    return static_cast<Block>(block)(arguments...);
   }
 
   static inline const Table kTable{queryInterface, addRef, release,

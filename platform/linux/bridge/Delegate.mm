@@ -27,9 +27,8 @@ uint32_t WRT_ABI addRef(Delegate *self) {
 uint32_t WRT_ABI release(Delegate *self) {
   const uint32_t remaining = self->references.fetch_sub(1, std::memory_order_acq_rel) - 1;
   if (remaining == 0) {
-    @autoreleasepool {
-      objc_release(self->block);
-    }
+    const AutoreleasePool pool;
+    objc_release(self->block);
     delete self;
     WRTLedgerAdd(kWRTLedgerDelegates, -1);
   }

@@ -1,3 +1,4 @@
+#include <ClassReceiver.h>
 #include <DispatchSemaphore.h>
 
 #import <Foundation/Foundation.h>
@@ -23,7 +24,7 @@
 extern "C" WRT_DLLEXPORT id __zorvex_dispatch_semaphore_create(long value) {
   if (value < 0)
     return nil;
-  WRTDispatchSemaphore *object = [[WRTDispatchSemaphore alloc] init];
+  WRTDispatchSemaphore *object = [[WRT_CLASS(WRTDispatchSemaphore) alloc] init];
   if (object != nil)
     object->_semaphore = new (std::nothrow) wrt::Semaphore(value);
   if (object == nil || object->_semaphore != nullptr)

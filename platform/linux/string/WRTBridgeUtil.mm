@@ -1,3 +1,4 @@
+#include <ClassReceiver.h>
 #include <WRTBridgeUtil.h>
 
 #import <Foundation/Foundation.h>
@@ -10,13 +11,13 @@ static_assert(sizeof(unichar) == sizeof(char16_t));
 extern "C" WRT_DLLEXPORT NSString *WRTHSTRINGToCFString(HSTRING string) {
   const std::u16string_view text = wrt::viewOf(string);
   NSString *result =
-      [[NSString alloc] initWithCharacters:reinterpret_cast<const unichar *>(text.data())
+      [[WRT_CLASS(NSString) alloc] initWithCharacters:reinterpret_cast<const unichar *>(text.data())
                                     length:text.size()];
   if ([result length] == text.size())
     return result;
   // GNUstep gives nil for units that are no text and leaves a leading byte order mark out.
   [result release];
-  return [[WRTExactString alloc] initWithUnits:text];
+  return [[WRT_CLASS(WRTExactString) alloc] initWithUnits:text];
 }
 
 extern "C" WRT_DLLEXPORT HSTRING WRTHSTRINGFromCFString(NSString *string) {
