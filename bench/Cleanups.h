@@ -1,11 +1,15 @@
 #ifndef WRT_BENCH_CLEANUPS_H
 #define WRT_BENCH_CLEANUPS_H
 
+#include <ClassReceiver.h>
 #include <ObjCRuntime.h>
 
 #import <Foundation/Foundation.h>
 
 namespace wrt::bench {
+
+/// A clean-up list (+1).
+inline NSMutableArray *newCleanups() { return [[WRT_CLASS(NSMutableArray) alloc] init]; }
 
 /// Registers a clean-up in a list that the caller owns; the block is copied to the heap.
 inline void addCleanup(NSMutableArray *cleanups, void (^cleanup)(void)) {

@@ -1,10 +1,13 @@
 #include "bench/FamilyRows.h"
 
+#include "bench/Messages.h"
+
 #include "bench/WrittenOutFamilies.h"
 #include "platform/linux/components/async/AsyncOperation.h"
 #include "platform/linux/components/collections/Map.h"
 #include "platform/linux/components/collections/Vector.h"
 
+#include <ClassReceiver.h>
 #include <WRTBridge.h>
 #include <WRTBridgeUtil.h>
 #import <WRTObjcBridge/IAsyncOperation.h>
@@ -29,6 +32,10 @@ using Region = ClassRef<abi::IRegionOfInterest, "Windows.Media.Devices.RegionOfI
 using Operation = IAsyncOperation<UInt32>;
 constexpr uint32_t kMany = 1000;
 constexpr int kRegions = 100;
+/// Awaiting an operation: a bridge for it, the handler, which reads the result of the bridge that
+/// it gets, and the end of the delegate.
+constexpr int kAwait =
+    kBridge + kCall + kArgument + kCleanupList + kCleanup + kDelegate + kBridgeArgument + kCall;
 
 /// Something to iterate over.
 class Thing final : public Implements<abi::IInspectable> {};
@@ -103,11 +110,11 @@ Operation *started() {
 
 /// Sets a handler that reads the result, and waits until it was called.
 template <class Bridge>
-void await(Operation *operation) {
+void await(Class type, Operation *operation) {
   // Outlives the call that releases it.
   static std::binary_semaphore done(0);
   std::binary_semaphore *const signal = &done;
-  Bridge *bridge = [Bridge bridgeTransfer:operation];
+  Bridge *bridge = [type bridgeTransfer:operation];
   [bridge
       setCompletedWithHandler:^HRESULT(id result, int) {
         [static_cast<Bridge *>(result) getResultsWithError:nullptr];
@@ -116,6 +123,15 @@ void await(Operation *operation) {
       }
                         error:nullptr];
   done.acquire();
+}
+
+void awaitBridge(Operation *operation) {
+  using Bridge = WRTIAsyncOperation__1_WRTUINT32_Bridge;
+  await<Bridge>(WRT_CLASS(WRTIAsyncOperation__1_WRTUINT32_Bridge), operation);
+}
+
+void awaitWritten(Operation *operation) {
+  await<WrittenOperation>(WRT_CLASS(WrittenOperation), operation);
 }
 
 /// The same without Objective-C.
@@ -143,7 +159,7 @@ void awaitAlone(Operation *started) {
 
 std::vector<Row> familyRows() {
   return {
-      {"vector GetAt", [] { [fixture().vectorBridge getAtWithIndex:500 error:nullptr]; },
+      {"vector GetAt", kCall, [] { [fixture().vectorBridge getAtWithIndex:500 error:nullptr]; },
        [] { [fixture().vectorWritten getAtWithIndex:500 error:nullptr]; },
        [] {
          HSTRING handle = nullptr;
@@ -151,7 +167,7 @@ std::vector<Row> familyRows() {
          [WRTHSTRINGToCFString(handle) release];
          WRTHSTRINGRelease(handle);
        }},
-      {"vector, 1000 by GetMany",
+      {"vector, 1000 by GetMany", kCall + kCleanupList + kCleanup + 3 + kMany,
        [] { [fixture().vectorBridge getManyWithStartIndex:0 capacity:kMany error:nullptr]; },
        [] { [fixture().vectorWritten getManyWithStartIndex:0 capacity:kMany error:nullptr]; },
        [] {
@@ -164,7 +180,7 @@ std::vector<Row> familyRows() {
          }
          WRTTaskMemFree(block);
        }},
-      {"iteration over 100",
+      {"iteration over 100", (kCall + kBridge) + kCall + kRegions * (kCall + kBridge + kCall),
        [] {
          walk<WRTIIterable__1_WRTRegionOfInterest_P_Bridge,
               WRTIIterator__1_WRTRegionOfInterest_P_Bridge>(fixture().regionsBridge);
@@ -179,7 +195,8 @@ std::vector<Row> familyRows() {
            iterator->get_Current(current.put());
          }
        }},
-      {"map lookup", [] { [fixture().mapBridge lookupWithKey:fixture().key error:nullptr]; },
+      {"map lookup", kCall + kArgument + kCleanupList + kCleanup + kBridge,
+       [] { [fixture().mapBridge lookupWithKey:fixture().key error:nullptr]; },
        [] { [fixture().mapWritten lookupWithKey:fixture().key error:nullptr]; },
        [] {
          HSTRING key = WRTHSTRINGFromCFString(fixture().key);
@@ -188,14 +205,14 @@ std::vector<Row> familyRows() {
              ->Lookup(key, value.put());
          WRTHSTRINGRelease(key);
        }},
-      {"box + unbox Int32",
+      {"box + unbox Int32", 2 + kBridge + kCast + kCall,
        [] {
-         id boxed = [WRTPropertyValueBridge createInt32WithValue:5 error:nullptr];
-         [[WRTIPropertyValueBridge cast:boxed] getInt32WithError:nullptr];
+         id boxed = [WRT_CLASS(WRTPropertyValueBridge) createInt32WithValue:5 error:nullptr];
+         [[WRT_CLASS(WRTIPropertyValueBridge) cast:boxed] getInt32WithError:nullptr];
        },
        [] {
-         id boxed = [WrittenValue createInt32WithValue:5 error:nullptr];
-         [[WrittenValue cast:boxed] getInt32WithError:nullptr];
+         id boxed = [WRT_CLASS(WrittenValue) createInt32WithValue:5 error:nullptr];
+         [[WRT_CLASS(WrittenValue) cast:boxed] getInt32WithError:nullptr];
        },
        [] {
          WRTHSTRINGHeader header;
@@ -209,10 +226,10 @@ std::vector<Row> familyRows() {
          int value = 0;
          held<abi::IPropertyValue>(boxed.get())->GetInt32(&value);
        }},
-      {"completed operation", [] { await<WRTIAsyncOperation__1_WRTUINT32_Bridge>(completed()); },
-       [] { await<WrittenOperation>(completed()); }, [] { awaitAlone(completed()); }},
-      {"completion latency", [] { await<WRTIAsyncOperation__1_WRTUINT32_Bridge>(started()); },
-       [] { await<WrittenOperation>(started()); }, [] { awaitAlone(started()); }},
+      {"completed operation", kAwait, [] { awaitBridge(completed()); },
+       [] { awaitWritten(completed()); }, [] { awaitAlone(completed()); }},
+      {"completion latency", kAwait, [] { awaitBridge(started()); },
+       [] { awaitWritten(started()); }, [] { awaitAlone(started()); }},
   };
 }
 

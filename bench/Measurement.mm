@@ -9,7 +9,7 @@ namespace wrt::bench {
 std::vector<Variant> variants(const Row &row) {
   const std::string name = row.name;
   return {{name + "/bridge", row.bridge},
-          {name + "/messages", row.messages},
+          {name + "/written", row.written},
           {name + "/platform", row.platform}};
 }
 

@@ -27,7 +27,7 @@ std::string table(const Measurements &measurements) {
   for (const Row &row : rows()) {
     const std::string name = row.name;
     const Measurement &bridge = measurements.at(name + "/bridge");
-    const Measurement &messages = measurements.at(name + "/messages");
+    const Measurement &messages = measurements.at(name + "/written");
     const Measurement &platform = measurements.at(name + "/platform");
     text += "| " + name + " | " + format("%.1f ns", bridge.nanoseconds) + " | " +
             format("%.2f", bridge.nanoseconds / messages.nanoseconds) + " | " +

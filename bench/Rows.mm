@@ -1,10 +1,12 @@
 #include "bench/Row.h"
 
 #include "bench/FamilyRows.h"
+#include "bench/Messages.h"
 #include "bench/QuietComponent.h"
 #include "bench/WrittenOut.h"
 #include "platform/linux/string/HString.h"
 
+#include <ClassReceiver.h>
 #include <WRTBridge.h>
 #include <WRTBridgeUtil.h>
 #include <platform/test.platform.h>
@@ -64,51 +66,53 @@ private:
 /// The rows of the test interfaces.
 std::vector<Row> testRows() {
   return {
-      {"void call", [] { [fixture().bridge voidFunctionWithError:nullptr]; },
+      {"void call", kCall, [] { [fixture().bridge voidFunctionWithError:nullptr]; },
        [] { [fixture().written voidFunctionWithError:nullptr]; }, [] { Held()->VoidFunction(); }},
-      {"Int32 get", [] { [fixture().bridge returnPrimitiveWithError:nullptr]; },
+      {"Int32 get", kCall, [] { [fixture().bridge returnPrimitiveWithError:nullptr]; },
        [] { [fixture().written returnPrimitiveWithError:nullptr]; },
        [] {
          int32_t value = 0;
          Held()->ReturnPrimitive(&value);
        }},
-      {"Int32 set", [] { [fixture().bridge inPrimitiveWithX:5 error:nullptr]; },
+      {"Int32 set", kCall, [] { [fixture().bridge inPrimitiveWithX:5 error:nullptr]; },
        [] { [fixture().written inPrimitiveWithX:5 error:nullptr]; },
        [] { Held()->InPrimitive(5); }},
-      {"String get", [] { [fixture().bridge returnStringWithError:nullptr]; },
+      {"String get", kCall, [] { [fixture().bridge returnStringWithError:nullptr]; },
        [] { [fixture().written returnStringWithError:nullptr]; },
        [] {
          HSTRING handle = nullptr;
          Held()->ReturnString(&handle);
          [WRTHSTRINGToCFString(handle) release];
        }},
-      {"String set", [] { [fixture().bridge inStringWithArg:fixture().string error:nullptr]; },
+      {"String set", kCall + kArgument + kCleanupList + kCleanup,
+       [] { [fixture().bridge inStringWithArg:fixture().string error:nullptr]; },
        [] { [fixture().written inStringWithArg:fixture().string error:nullptr]; },
        [] {
          HSTRING handle = WRTHSTRINGFromCFString(fixture().string);
          Held()->InString(handle);
          WRTHSTRINGRelease(handle);
        }},
-      {"object get", [] { [fixture().bridge returnInterfaceWithError:nullptr]; },
+      {"object get", kCall + kBridge, [] { [fixture().bridge returnInterfaceWithError:nullptr]; },
        [] { [fixture().written returnInterfaceWithError:nullptr]; },
        [] {
          abi::TestInterface *object = nullptr;
          Held()->ReturnInterface(&object);
          WRTIUnknownRelease(object);
        }},
-      {"object in", [] { [fixture().bridge inInterfaceWithArg:fixture().bridge error:nullptr]; },
+      {"object in", kCall + kArgument + kCleanupList + kQuery + kCleanup,
+       [] { [fixture().bridge inInterfaceWithArg:fixture().bridge error:nullptr]; },
        [] { [fixture().written inInterfaceWithArg:fixture().written error:nullptr]; },
        [] {
          const Held argument;
          Held()->InInterface(argument.operator->());
        }},
-      {"struct get", [] { [fixture().bridge returnStructWithError:nullptr]; },
+      {"struct get", kCall, [] { [fixture().bridge returnStructWithError:nullptr]; },
        [] { [fixture().written returnStructWithError:nullptr]; },
        [] {
          WRTTestStruct value{};
          Held()->ReturnStruct(&value);
        }},
-      {"17 strings in",
+      {"17 strings in", kCall + kArgument + kCleanupList + kBatch + 18 * kCleanup + 2 + 18 + 17,
        [] { [fixture().bridge inStringArrayWithArr:fixture().strings error:nullptr]; },
        [] { [fixture().written inStringArrayWithArr:fixture().strings error:nullptr]; },
        [] {
@@ -120,7 +124,7 @@ std::vector<Row> testRows() {
            WRTHSTRINGRelease(block[i]);
          WRTTaskMemFree(block);
        }},
-      {"17 strings out",
+      {"17 strings out", kCall + kArgument + kCleanupList + kCleanup + 1 + 17,
        [] {
          [fixture().bridge outStringArrayPreallocatedWithSize:17
                                                           arr:fixture().filled
@@ -142,6 +146,8 @@ std::vector<Row> testRows() {
          WRTTaskMemFree(block);
        }},
       {"delegate invoke",
+       kCall + kArgument + kCleanupList + kCleanup + kDelegate + kStringArgument +
+           2 * kBridgeArgument,
        [] {
          [fixture().bridge
              inDelegateWithArg:^HRESULT(int, NSString *, id, WRTTestClassBridge *) {
@@ -167,7 +173,7 @@ std::vector<Row> testRows() {
          } handler;
          Held()->InDelegate(&handler);
        }},
-      {"failing call",
+      {"failing call", kCall + 1,
        [] {
          NSError *error = nil;
          [fixture().failingBridge voidFunctionWithError:&error];
@@ -177,8 +183,9 @@ std::vector<Row> testRows() {
          [fixture().failingWritten voidFunctionWithError:&error];
        },
        [] { Held(fixture().failing->identity())->VoidFunction(); }},
-      {"create + release", [] { [[[WRTTestClassBridge alloc] init] release]; },
-       [] { [[[WrittenOut alloc] init] release]; },
+      {"create + release", kCreation,
+       [] { [[[WRT_CLASS(WRTTestClassBridge) alloc] init] release]; },
+       [] { [[[WRT_CLASS(WrittenOut) alloc] init] release]; },
        [] { WRTIUnknownRelease(WRTActivateInstance(WRTTestClassClassString)); }},
   };
 }

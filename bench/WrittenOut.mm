@@ -12,6 +12,7 @@ namespace {
 
 using wrt::abi::TestInterface;
 using wrt::bench::addCleanup;
+using wrt::bench::newCleanups;
 using wrt::bench::runCleanups;
 
 TestInterface *abi(WRTTestInterface *interface) {
@@ -96,7 +97,7 @@ TestInterface *abi(WRTTestInterface *interface) {
   WRTTestInterface *interface = [self _WRTTestInterfaceWithError:&failure];
   if (!failure) {
     HSTRING handle = WRTCreateHSTRINGFromNSString(arg);
-    NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+    NSMutableArray *cleanups = newCleanups();
     addCleanup(cleanups, ^{
       WRTHSTRINGRelease(handle);
     });
@@ -123,7 +124,7 @@ TestInterface *abi(WRTTestInterface *interface) {
   if (status < 0)
     failure = WRTCreateNSErrorFromHRESULT(status);
   else if (object)
-    result = [WRTTestInterfaceBridge bridgeTransfer:object];
+    result = [WRT_CLASS(WRTTestInterfaceBridge) bridgeTransfer:object];
   WRTIUnknownRelease(interface);
   if (error)
     *error = failure;
@@ -138,7 +139,7 @@ TestInterface *abi(WRTTestInterface *interface) {
     WRTTestInterface *object = [arg _WRTTestInterfaceWithError:&failure];
     NSMutableArray *cleanups = nil;
     if (!failure) {
-      cleanups = [[NSMutableArray alloc] init];
+      cleanups = newCleanups();
       addCleanup(cleanups, ^{
         WRTIUnknownRelease(object);
       });
@@ -177,7 +178,7 @@ TestInterface *abi(WRTTestInterface *interface) {
   if (!failure) {
     const int count = static_cast<int>([arr count]);
     auto *block = static_cast<HSTRING *>(WRTTaskMemAlloc([arr count] * sizeof(HSTRING)));
-    NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+    NSMutableArray *cleanups = newCleanups();
     addCleanup(cleanups, ^{
       WRTTaskMemFree(block);
     });
@@ -208,7 +209,7 @@ TestInterface *abi(WRTTestInterface *interface) {
   if (!failure) {
     auto *block =
         static_cast<HSTRING *>(WRTTaskMemAlloc(static_cast<size_t>(size) * sizeof(HSTRING)));
-    NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+    NSMutableArray *cleanups = newCleanups();
     addCleanup(cleanups, ^{
       WRTTaskMemFree(block);
     });
@@ -241,8 +242,8 @@ TestInterface *abi(WRTTestInterface *interface) {
     id adapter =
         objc_retainBlock(^HRESULT(int x, HSTRING s, WRTTestInterface *i, WRTTestInterface *c) {
           NSString *string = objc_retain(WRTCreateNSStringFromHSTRING(s));
-          id first = objc_retain([WRTTestInterfaceBridge bridge:i]);
-          id second = objc_retain([WRTTestClassBridge bridge:c]);
+          id first = objc_retain([WRT_CLASS(WRTTestInterfaceBridge) bridge:i]);
+          id second = objc_retain([WRT_CLASS(WRTTestClassBridge) bridge:c]);
           const HRESULT status = handler(x, string, first, second);
           objc_release(second);
           objc_release(first);
@@ -250,7 +251,7 @@ TestInterface *abi(WRTTestInterface *interface) {
           return status;
         });
     void *delegate = WRTTestDelegateFromBlock(adapter);
-    NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+    NSMutableArray *cleanups = newCleanups();
     addCleanup(cleanups, ^{
       WRTIUnknownRelease(delegate);
     });

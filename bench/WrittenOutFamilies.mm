@@ -20,6 +20,7 @@
 
 using namespace wrt;
 using bench::addCleanup;
+using bench::newCleanups;
 using bench::runCleanups;
 
 namespace {
@@ -62,7 +63,7 @@ void finish(void *interface, HRESULT status, NSError **error) {
   if (failure)
     return nil;
   auto *block = static_cast<HSTRING *>(WRTTaskMemAlloc(capacity * sizeof(HSTRING)));
-  NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+  NSMutableArray *cleanups = newCleanups();
   addCleanup(cleanups, ^{
     WRTTaskMemFree(block);
   });
@@ -70,7 +71,7 @@ void finish(void *interface, HRESULT status, NSError **error) {
   NSMutableArray *result = nil;
   const HRESULT status = vector->GetMany(start, capacity, block, &count);
   if (status >= 0) {
-    result = [[NSMutableArray alloc] init];
+    result = [[WRT_CLASS(NSMutableArray) alloc] init];
     for (int i = 0; i < static_cast<int>(count); ++i)
       [result addObject:WRTCreateNSStringFromHSTRING(block[i])];
   }
@@ -97,7 +98,7 @@ void finish(void *interface, HRESULT status, NSError **error) {
     return nil;
   wrt::abi::IIterator__1_WRTRegionOfInterest_P *iterator = nullptr;
   const HRESULT status = iterable->First(&iterator);
-  id result = status < 0 || !iterator ? nil : [WrittenIterator bridgeTransfer:iterator];
+  id result = status < 0 || !iterator ? nil : [WRT_CLASS(WrittenIterator) bridgeTransfer:iterator];
   finish(iterable, status, error);
   return result;
 }
@@ -119,7 +120,7 @@ void finish(void *interface, HRESULT status, NSError **error) {
     return nil;
   wrt::abi::IRegionOfInterest *current = nullptr;
   const HRESULT status = iterator->get_Current(&current);
-  id result = status < 0 ? nil : [WRTRegionOfInterestBridge bridgeTransfer:current];
+  id result = status < 0 ? nil : [WRT_CLASS(WRTRegionOfInterestBridge) bridgeTransfer:current];
   finish(iterator, status, error);
   return result;
 }
@@ -165,14 +166,14 @@ void finish(void *interface, HRESULT status, NSError **error) {
       [self _interfaceWithError:&failure]);
   if (!failure) {
     HSTRING handle = WRTCreateHSTRINGFromNSString(key);
-    NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+    NSMutableArray *cleanups = newCleanups();
     addCleanup(cleanups, ^{
       WRTHSTRINGRelease(handle);
     });
     wrt::abi::IVector__1_WRTHSTRING *value = nullptr;
     const HRESULT status = map->Lookup(handle, &value);
     if (status >= 0 && value)
-      result = [WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:value];
+      result = [WRT_CLASS(WRTIVector__1_WRTHSTRING_Bridge) bridgeTransfer:value];
     runCleanups(cleanups);
     finish(map, status, error);
     objc_release(cleanups);
@@ -205,7 +206,8 @@ void finish(void *interface, HRESULT status, NSError **error) {
     return nil;
   wrt::abi::IInspectable *object = nullptr;
   const HRESULT status = statics->CreateInt32(value, &object);
-  id result = status < 0 || !object ? nil : [WRTIInspectableBridge bridgeTransfer:object];
+  id result =
+      status < 0 || !object ? nil : [WRT_CLASS(WRTIInspectableBridge) bridgeTransfer:object];
   finish(statics, status, error);
   return result;
 }
@@ -241,13 +243,13 @@ void finish(void *interface, HRESULT status, NSError **error) {
   if (!failure) {
     HRESULT (^block)(id, int) = handler;
     id adapter = objc_retainBlock(^HRESULT(void *raw, int asyncStatus) {
-      id bridge = objc_retain([WrittenOperation bridge:raw]);
+      id bridge = objc_retain([WRT_CLASS(WrittenOperation) bridge:raw]);
       const HRESULT answer = block(bridge, asyncStatus);
       objc_release(bridge);
       return answer;
     });
     void *delegate = WRTIAsyncOperationCompletedHandler__1_WRTUINT32FromBlock(adapter);
-    NSMutableArray *cleanups = [[NSMutableArray alloc] init];
+    NSMutableArray *cleanups = newCleanups();
     addCleanup(cleanups, ^{
       WRTIUnknownRelease(delegate);
     });

@@ -1,6 +1,7 @@
 // Measures the rows and prints, or writes into a file, their table.
 
 #include "bench/Callgrind.h"
+#include "bench/CountCheck.h"
 #include "bench/Report.h"
 
 #include <benchmark/benchmark.h>
@@ -16,6 +17,7 @@ constexpr const char *kUsage = R"(Usage: wrt_bench [--write FILE] [--no-callgrin
   Measures every row as bridge call, as method written out by hand and as plain platform calls,
   side by side in one run: time, heap allocations and (by callgrind) instructions per call.
   --write FILE     puts the table between its marks in FILE instead of printing it
+  --count          counts messages and look-ups of classes; wants libwrt_counters.so preloaded
   --no-callgrind   leaves the instructions out
   --benchmark_...  goes to Google Benchmark, as in --benchmark_filter=String
 )";
@@ -62,6 +64,8 @@ int main(int argc, char **argv) {
       runUnderCallgrind();
       return 0;
     }
+    if (argument == "--count")
+      return checkCounts() ? 0 : 1;
     if (argument == "--help" || argument == "-h") {
       std::fputs(kUsage, stdout);
       return 0;
