@@ -21,8 +21,8 @@ inline constexpr int kCleanup = 2;
 /// A bridge for a result: asked for, allocated, initialised along two classes, autoreleased, and
 /// deallocated along the second.
 inline constexpr int kBridge = 6;
-/// An object made by default activation: allocated, initialised, asked for its class, which activates
-/// it, initialised along two classes, and released and deallocated along the second.
+/// An object made by default activation: allocated, initialised, asked for its class, which
+/// activates it, initialised along two classes, and released and deallocated along the second.
 inline constexpr int kCreation = 8;
 /// A cast to another class: asked for, the object retained, asked for its class and for what it
 /// wraps, released; and a bridge.

@@ -1,5 +1,6 @@
 #include "bench/Report.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -8,52 +9,113 @@ namespace wrt::bench {
 
 namespace {
 
-constexpr std::string_view kBegin = "<!-- calls: begin -->\n";
-constexpr std::string_view kEnd = "<!-- calls: end -->\n";
-
 std::string format(const char *pattern, double value) {
   char text[32];
   std::snprintf(text, sizeof text, pattern, value);
   return text;
 }
 
+/// Whose code a library is.
+struct Owner {
+  const char *title;
+  std::vector<std::string_view> libraries; ///< beginnings of file names; none for all the others
+};
+
+const std::vector<Owner> &owners() {
+  static const std::vector<Owner> all = {
+      {"the library", {"libWRTObjcBridge"}},
+      {"embedded platform and component", {"libWRT", "libCross", "libzorvex", "libtest"}},
+      {"Objective-C runtime", {"libobjc"}},
+      {"Foundation", {"libgnustep"}},
+      {"C library", {"libc.", "ld-"}},
+      {"the application", {}},
+  };
+  return all;
+}
+
+size_t ownerOf(std::string_view library) {
+  const auto owns = [&](const Owner &owner) {
+    return owner.libraries.empty() ||
+           std::ranges::any_of(owner.libraries,
+                               [&](std::string_view name) { return library.starts_with(name); });
+  };
+  return static_cast<size_t>(std::ranges::find_if(owners(), owns) - owners().begin());
+}
+
 } // namespace
 
-std::string table(const Measurements &measurements) {
-  std::string text(kBegin);
-  text += "| operation | bridge | ÷ written out | ÷ platform alone | allocations: bridge, written "
-          "out, platform | instructions: bridge, written out, platform |\n"
-          "|---|---|---|---|---|---|\n";
+std::string callTable(const Measurements &measurements) {
+  std::string text =
+      "| operation | bridge | ÷ written out | ÷ floor | ÷ platform alone | messages | allocations: "
+      "bridge, written out, platform | instructions: bridge, written out, floor, platform |\n"
+      "|---|---|---|---|---|---|---|---|\n";
   for (const Row &row : rows()) {
     const std::string name = row.name;
     const Measurement &bridge = measurements.at(name + "/bridge");
-    const Measurement &messages = measurements.at(name + "/written");
+    const Measurement &written = measurements.at(name + "/written");
     const Measurement &platform = measurements.at(name + "/platform");
-    text += "| " + name + " | " + format("%.1f ns", bridge.nanoseconds) + " | " +
-            format("%.2f", bridge.nanoseconds / messages.nanoseconds) + " | " +
-            format("%.1f", bridge.nanoseconds / platform.nanoseconds) + " |";
-    for (const Measurement *one : {&bridge, &messages, &platform})
+    const Measurement floor = floorOf(row, measurements);
+    text += "| " + name + " | " + format("%.1f ns", bridge.nanoseconds);
+    for (const Measurement *one : {&written, &floor, &platform})
+      text += " | " + format("%.2f", bridge.nanoseconds / one->nanoseconds);
+    text += " | " + std::to_string(row.messages) + " |";
+    for (const Measurement *one : {&bridge, &written, &platform})
       text += (one == &bridge ? " " : ", ") + format("%.0f", one->allocations);
     text += " |";
-    for (const Measurement *one : {&bridge, &messages, &platform})
+    for (const Measurement *one : {&bridge, &written, &floor, &platform})
       text += (one == &bridge ? " " : ", ") + format("%.0f", one->instructions);
     text += " |\n";
   }
-  return text + std::string(kEnd);
+  const Measurement message = oneMessage(measurements);
+  return text + "\nOne message to an empty method: " + format("%.1f ns", message.nanoseconds) +
+         ", " + format("%.0f", message.instructions) + " instructions.\n";
 }
 
-std::string writeTable(const std::string &path, const std::string &table) {
+std::string placeTable(const Measurements &measurements) {
+  std::string text = "| operation |";
+  for (const Owner &owner : owners())
+    text += std::string(" ") + owner.title + " |";
+  text += "\n|---|";
+  for (size_t i = 0; i < owners().size(); ++i)
+    text += "---|";
+  text += "\n";
+  for (const Row &row : rows()) {
+    std::vector<double> shares(owners().size());
+    for (const auto &[place, count] : measurements.at(std::string(row.name) + "/bridge").places)
+      shares[ownerOf(place.library)] += count;
+    text += std::string("| ") + row.name + " |";
+    for (const double share : shares)
+      text += format(" %.0f |", share);
+    text += "\n";
+  }
+  return text;
+}
+
+std::string functionList(const std::string &name, const Measurement &measurement) {
+  std::vector<std::pair<double, Place>> places;
+  for (const auto &[place, count] : measurement.places)
+    places.emplace_back(count, place);
+  std::ranges::sort(places, std::greater());
+  std::string text = name + ": " + format("%.0f instructions\n", measurement.instructions);
+  for (const auto &[count, place] : places)
+    text += format("%8.0f  ", count) + place.library + "  " + place.function + "\n";
+  return text;
+}
+
+std::string writeTable(const std::string &path, const std::string &mark, const std::string &table) {
+  const std::string begin = "<!-- " + mark + ": begin -->\n";
+  const std::string end = "<!-- " + mark + ": end -->\n";
   std::ifstream in(path);
   if (!in)
     return "cannot read " + path;
   std::stringstream buffer;
   buffer << in.rdbuf();
   std::string text = buffer.str();
-  const size_t begin = text.find(kBegin);
-  const size_t end = text.find(kEnd);
-  if (begin == std::string::npos || end == std::string::npos || end < begin)
-    return path + " has no marks for the table: " + std::string(kBegin) + std::string(kEnd);
-  text.replace(begin, end + kEnd.size() - begin, table);
+  const size_t from = text.find(begin);
+  const size_t to = text.find(end);
+  if (from == std::string::npos || to == std::string::npos || to < from)
+    return path + " has no marks for the table: " + begin + end;
+  text.replace(from + begin.size(), to - from - begin.size(), table);
   std::ofstream out(path, std::ios::trunc);
   out << text;
   return out.flush() ? "" : "cannot write " + path;

@@ -2,21 +2,28 @@
 
 #include "bench/Callgrind.h"
 #include "bench/CountCheck.h"
+#include "bench/Picture.h"
 #include "bench/Report.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <cstring>
+#include <fstream>
 
 using namespace wrt::bench;
 
 namespace {
 
-constexpr const char *kUsage = R"(Usage: wrt_bench [--write FILE] [--no-callgrind] [--benchmark_...]
+constexpr const char *kUsage =
+    R"(Usage: wrt_bench [--write FILE] [--picture FILE] [--functions VARIANT] [--no-callgrind]
+                 [--benchmark_...]
+       wrt_bench --count
   Measures every row as bridge call, as method written out by hand and as plain platform calls,
   side by side in one run: time, heap allocations and (by callgrind) instructions per call.
-  --write FILE     puts the table between its marks in FILE instead of printing it
+  --write FILE     puts the tables between their marks in FILE instead of printing them
+  --picture FILE   writes a picture (SVG) of where the instructions go
+  --functions V    prints the functions that run the instructions of V, as in "object in/bridge"
   --count          counts messages and look-ups of classes; wants libwrt_counters.so preloaded
   --no-callgrind   leaves the instructions out
   --benchmark_...  goes to Google Benchmark, as in --benchmark_filter=String
@@ -56,6 +63,8 @@ int fail(const std::string &problem) {
 
 int main(int argc, char **argv) {
   std::string file;
+  std::string pictureFile;
+  std::string functionsOf;
   bool usesCallgrind = true;
   std::vector<char *> others{argv[0]};
   for (int i = 1; i < argc; ++i) {
@@ -72,6 +81,10 @@ int main(int argc, char **argv) {
     }
     if (argument == "--write" && i + 1 < argc)
       file = argv[++i];
+    else if (argument == "--picture" && i + 1 < argc)
+      pictureFile = argv[++i];
+    else if (argument == "--functions" && i + 1 < argc)
+      functionsOf = argv[++i];
     else if (argument == "--no-callgrind")
       usesCallgrind = false;
     else if (argument.starts_with("--benchmark_"))
@@ -81,14 +94,12 @@ int main(int argc, char **argv) {
   }
 
   Measurements measurements;
-  for (const Row &row : rows()) {
-    for (const Variant &variant : variants(row)) {
-      measurements[variant.name].allocations = allocationsPerCall(variant.operation);
-      benchmark::RegisterBenchmark(variant.name.c_str(), measureTime, variant.operation)
-          ->Repetitions(9)
-          ->ReportAggregatesOnly()
-          ->MinTime(0.02);
-    }
+  for (const Variant &variant : allVariants()) {
+    measurements[variant.name].allocations = allocationsPerCall(variant.operation);
+    benchmark::RegisterBenchmark(variant.name.c_str(), measureTime, variant.operation)
+        ->Repetitions(9)
+        ->ReportAggregatesOnly()
+        ->MinTime(0.02);
   }
   // Repetitions of the variants take turns, so that a busy moment of the machine hits all of them.
   char interleave[] = "--benchmark_enable_random_interleaving=true";
@@ -102,11 +113,27 @@ int main(int argc, char **argv) {
       return fail(problem);
   }
 
-  const std::string result = table(measurements);
-  if (file.empty()) {
-    std::fputs(result.c_str(), stdout);
+  if (!functionsOf.empty()) {
+    const auto found = measurements.find(functionsOf);
+    if (found == measurements.end())
+      return fail("there is no variant \"" + functionsOf + "\"");
+    std::fputs(functionList(functionsOf, found->second).c_str(), stdout);
     return 0;
   }
-  const std::string problem = writeTable(file, result);
-  return problem.empty() ? 0 : fail(problem);
+  if (!pictureFile.empty()) {
+    std::ofstream out(pictureFile, std::ios::trunc);
+    out << picture(measurements);
+    if (!out.flush())
+      return fail("cannot write " + pictureFile);
+  }
+  if (file.empty()) {
+    std::fputs((callTable(measurements) + "\n" + placeTable(measurements)).c_str(), stdout);
+    return 0;
+  }
+  for (const auto &[mark, table] : {std::pair("calls", callTable(measurements)),
+                                    std::pair("places", placeTable(measurements))}) {
+    if (const std::string problem = writeTable(file, mark, table); !problem.empty())
+      return fail(problem);
+  }
+  return 0;
 }
