@@ -10,6 +10,7 @@
 #include "core/Log.h"
 #include "core/Retained.h"
 
+#include <ClassReceiver.h>
 #include <DispatchSemaphore.h>
 #include <WRTBridge.h>
 #include <WRTObjcBridge/WRTConversions.h>
@@ -80,7 +81,7 @@ NSData *WRTCreateNSDataFromIBuffer(WRTIBuffer *buffer, unsigned long long length
   if (status < 0 || !byteAccess || (!bytes && static_cast<uint32_t>(length) > 0))
     logFailure(__func__, __LINE__, @"Failed buffer byte access");
   else
-    data = [NSData dataWithBytes:bytes length:static_cast<uint32_t>(length)];
+    data = [WRT_CLASS(NSData) dataWithBytes:bytes length:static_cast<uint32_t>(length)];
   WRTIUnknownSafeRelease(byteAccess);
   return data;
 }
@@ -88,14 +89,14 @@ NSData *WRTCreateNSDataFromIBuffer(WRTIBuffer *buffer, unsigned long long length
 WRTRandomAccessStreamReferenceBridge *
 WRTCreateWRTRandomAccessReferenceBridgeFromNSData(NSData *data) {
   // The stream reads these bytes on another thread; they must not move or go before it is done.
-  const wrt::Retained<NSMutableData *> copy([NSMutableData dataWithData:data]);
+  const wrt::Retained<NSMutableData *> copy([WRT_CLASS(NSMutableData) dataWithData:data]);
   const auto length = static_cast<uint32_t>([copy.get() length]);
-  WRTIBufferBridge *buffer = [WRTIBufferBridge
+  WRTIBufferBridge *buffer = [WRT_CLASS(WRTIBufferBridge)
       bridgeTransfer:WRTCreateBufferWrappingBytes([copy.get() mutableBytes], length)];
   NSError *error = nil;
   [buffer setLengthWithValue:length error:&error];
   const auto stream = wrt::Retained<WRTInMemoryRandomAccessStreamBridge *>::adopt(
-      [[WRTInMemoryRandomAccessStreamBridge alloc] init]);
+      [[WRT_CLASS(WRTInMemoryRandomAccessStreamBridge) alloc] init]);
   error = notCalled();
   const Wrote operation = [stream.get() writeAsyncWithBuffer:buffer error:&error];
   // Without an operation nobody would ever end the wait.
@@ -122,8 +123,8 @@ WRTCreateWRTRandomAccessReferenceBridgeFromNSData(NSData *data) {
     return nil;
   }
   done.wait();
-  return [WRTRandomAccessStreamReferenceBridge createFromStreamWithStream:stream.get()
-                                                                    error:&error];
+  return [WRT_CLASS(WRTRandomAccessStreamReferenceBridge) createFromStreamWithStream:stream.get()
+                                                                               error:&error];
 }
 
 NSData *WRTCreateNSDataFromRandomAccessStreamReference(
@@ -148,13 +149,14 @@ NSData *WRTCreateNSDataFromRandomAccessStreamReference(
         if (!raw || problem)
           return failOpening(semaphore, __LINE__, @"Failed fetching rawStream");
         problem = notCalled();
-        const unsigned long long size =
-            [[WRTIRandomAccessStreamBridge cast:raw] getSizeWithError:&problem];
+        WRTIRandomAccessStreamBridge *stream = [WRT_CLASS(WRTIRandomAccessStreamBridge) cast:raw];
+        const unsigned long long size = [stream getSizeWithError:&problem];
         if (problem)
           return failOpening(semaphore, __LINE__, @"Failed fetching size of randomAccessStream");
         const auto count = static_cast<uint32_t>(size);
-        WRTIInputStreamBridge *input = [WRTIInputStreamBridge cast:raw];
-        WRTBufferBridge *buffer = [WRTBufferBridge createWithCapacity:count error:&problem];
+        WRTIInputStreamBridge *input = [WRT_CLASS(WRTIInputStreamBridge) cast:raw];
+        WRTBufferBridge *buffer = [WRT_CLASS(WRTBufferBridge) createWithCapacity:count
+                                                                           error:&problem];
         const Read reading = [input readAsyncWithBuffer:buffer
                                                   count:count
                                                 options:WRTInputStreamOptionsNone

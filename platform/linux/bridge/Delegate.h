@@ -3,10 +3,11 @@
 
 #include "platform/linux/bridge/AutoreleasePool.h"
 
-#include <ObjCRuntime.h>
+#include <Block.h>
 #include <WRTObjcBridge/WRTTypes.h>
 #include <WRTStatus.h>
 #include <atomic>
+#include <memory>
 #include <objc/objc.h>
 
 namespace wrt {
@@ -51,8 +52,9 @@ struct Invoker<HRESULT(Arguments...)> {
     // The thread may be one that Objective-C has never seen and that has no pool.
     const AutoreleasePool pool;
     // The block may make the component drop the delegate, and with it the block itself.
-    const id block = objc_autorelease(objc_retain(self->block));
-    return static_cast<Block>(block)(arguments...);
+    const std::unique_ptr<const void, void (*)(const void *)> kept(_Block_copy(self->block),
+                                                                   _Block_release);
+    return static_cast<Block>(self->block)(arguments...);
   }
 
   static inline const Table kTable{queryInterface, addRef, release,
