@@ -55,7 +55,7 @@ namespace log = wrt::log;
     interface = nullptr;
   }
   if (error)
-    *error = WRTCreateNSErrorFromHRESULT(status);
+    *error = status < 0 ? WRTCreateNSErrorFromHRESULT(status) : nil;
   return interface;
 }
 

@@ -1,6 +1,7 @@
 #ifndef WRT_MARSHAL_FRAME_H
 #define WRT_MARSHAL_FRAME_H
 
+#include <WRTBridge.h>
 #include <WRTObjcBridge/WRTTypes.h>
 
 #import <Foundation/Foundation.h>
@@ -17,12 +18,23 @@ using Accessor = void *(*)(id object, NSError **error);
 class Frame {
 public:
   /// Asks `receiver` for the interface. Its failure is swallowed: the member then returns at once.
-  Frame(id receiver, Accessor accessor);
+  Frame(id receiver, Accessor accessor) : interface_(accessor(receiver, &error_)) {
+    // What comes along with an error is not ours.
+    if (error_)
+      interface_ = nullptr;
+  }
   Frame(const Frame &) = delete;
   Frame &operator=(const Frame &) = delete;
   /// Runs the clean-ups, releases the interface and tells the outcome. An exception of the
   /// application's that passes through the call finds nothing left behind, and tells nothing.
-  ~Frame() noexcept(false);
+  ~Frame() noexcept(false) {
+    if (!interface_)
+      return;
+    cleanups_.run();
+    WRTIUnknownRelease(interface_);
+    if (place_)
+      *place_ = error_;
+  }
 
   /// Whether there is an interface to call.
   bool isOpen() const { return interface_ != nullptr; }
