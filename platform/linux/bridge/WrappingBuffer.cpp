@@ -5,10 +5,9 @@
 using namespace wrt;
 
 WRT_DLLEXPORT void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
-  // All of the bytes are content at first.
+  // Room alone, as a new buffer is: whoever passes it on says how much of it is content.
   abi::IBuffer *buffer =
-      implement::make<components::ByteBuffer>(static_cast<uint8_t *>(bytes), length, length)
-          .detach();
+      implement::make<components::ByteBuffer>(static_cast<uint8_t *>(bytes), length, 0).detach();
   return buffer;
 }
 

@@ -43,7 +43,7 @@ TEST_F(Bridge, BufferWrapsTheBytesOfTheCaller) {
   EXPECT_EQ(value, 5u);
   EXPECT_EQ(callSlot(buffer, kPutLengthSlot, uint32_t{6}), status::kInvalidArgument);
   EXPECT_EQ(callSlot(buffer, kLengthSlot, &value), status::kOk);
-  EXPECT_EQ(value, 5u);
+  EXPECT_EQ(value, 0u);
   EXPECT_EQ(callSlot(buffer, kPutLengthSlot, uint32_t{2}), status::kOk);
   EXPECT_EQ(callSlot(buffer, kLengthSlot, &value), status::kOk);
   EXPECT_EQ(value, 2u);
