@@ -280,11 +280,11 @@ void workThrows() {
 // The status changes at once, the handler is called when the work has ended, with no result.
 void cancelRunning() {
   PoolDrained drained;
-  auto started = std::make_shared<Gate>();
+  auto started = std::make_shared<Gate>(), proceed = std::make_shared<Gate>();
   Gate called;
   Gate *const calledGate = &called;
   UIntOperation operation = startedOperation<UInt32>(
-      [UIntBridge class], [started](const Work<> &work, uint32_t &result) -> HRESULT {
+      [UIntBridge class], [started, proceed](const Work<> &work, uint32_t &result) -> HRESULT {
         std::mutex mutex;
         std::unique_lock lock(mutex);
         started->open();
@@ -292,6 +292,7 @@ void cancelRunning() {
         EXPECT_FALSE(
             never.wait_for(lock, work.token(), std::chrono::seconds(30), [] { return false; }));
         EXPECT_TRUE(work.isCanceled());
+        proceed->wait();
         result = 5;
         return status::kOk;
       });
@@ -310,6 +311,9 @@ void cancelRunning() {
   [infoOf(operation) cancelWithError:&error];
   EXPECT_EQ(nil, error);
   EXPECT_EQ(kCanceled, [infoOf(operation) getStatusWithError:nullptr]);
+  [infoOf(operation) closeWithError:&error];
+  EXPECT_EQ(status::kIllegalStateChange, [error code]) << "the work has not ended";
+  proceed->open();
   called.wait();
   [infoOf(operation) cancelWithError:&error];
   EXPECT_EQ(nil, error) << "again is no failure";

@@ -58,7 +58,7 @@ HRESULT AsyncState::cancel() {
 HRESULT AsyncState::close() {
   ComPtr<Handler> handler; // dropped outside of the lock
   std::lock_guard lock(mutex_);
-  if (status_ == kStarted)
+  if (!ended_)
     return status::kIllegalStateChange;
   closed_ = true;
   handler = std::move(handler_);

@@ -27,7 +27,7 @@ public:
   /// Asks the work to stop; nothing happens once the operation has ended. The status is `Canceled`
   /// from now on, the handler is called when the work has ended.
   HRESULT cancel();
-  /// Refused with `E_ILLEGAL_STATE_CHANGE` while the operation runs; may be repeated.
+  /// Refused with `E_ILLEGAL_STATE_CHANGE` while the work runs, canceled or not; may be repeated.
   HRESULT close();
 
   /// Sets the handler (borrowed, null allowed), which is called at once if the work has ended
