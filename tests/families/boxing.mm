@@ -143,11 +143,11 @@ void objects() {
   NSError *error = staleErrorOfCaller();
   Boxed inner = [Values createEmptyWithError:&error];
   EXPECT_EQ(0, [valueOf(inner) getTypeWithError:&error]);
-  Boxed object = [Values createInspectableWithValue:inner error:&error];
-  EXPECT_EQ(13, [valueOf(object) getTypeWithError:&error]);
-  Boxed null = [Values createInspectableWithValue:nil error:&error];
-  EXPECT_EQ(13, [valueOf(null) getTypeWithError:&error]);
+  EXPECT_TRUE([static_cast<id>(inner) isEqual:[Values createInspectableWithValue:inner
+                                                                           error:&error]]);
   EXPECT_EQ(nil, error);
+  EXPECT_EQ(nil, [Values createInspectableWithValue:nil error:&error]);
+  EXPECT_EQ(status::kInvalidArgument, [error code]);
   EXPECT_EQ(nil, [Values createInspectableWithValue:strangerOf([WRTIInspectableBridge class])
                                               error:&error]);
   EXPECT_EQ(kNoInterface, [error code]);
@@ -451,6 +451,25 @@ void noMemory() {
       "no memory for [0-9]+ bytes");
 }
 
+std::string classNameOf(id boxed) {
+  StringHolder name;
+  static_cast<abi::IInspectable *>([boxed inner])->GetRuntimeClassName(name.put());
+  return {name.view().begin(), name.view().end()};
+}
+
+void classNames() {
+  abi::IReference__1_WRTColor *color = nullptr;
+  makeReference<Struct<WRTColor, "Windows.UI.Color", UInt8, UInt8, UInt8, UInt8>>(&color, {});
+  EXPECT_EQ("Windows.Foundation.IReference`1<Windows.UI.Color>",
+            classNameOf([WRTIReference__1_WRTColor_Bridge bridgeTransfer:color]));
+  EXPECT_EQ("Windows.Foundation.IReference`1<Int32>",
+            classNameOf([Values createInt32WithValue:5 error:nullptr]));
+  EXPECT_EQ("Windows.Foundation.IReference`1<String>",
+            classNameOf([Values createStringWithValue:@"" error:nullptr]));
+  EXPECT_EQ("Windows.Foundation.IReferenceArray`1<Object>",
+            classNameOf([Values createInspectableArrayWithValue:@[] error:nullptr]));
+}
+
 // A component reads arrays through references too.
 void referenceArrays() {
   std::array<int, 3> values{1, -2, 3};
@@ -480,6 +499,7 @@ const Cell cells[] = {
     {"boxing.reference.each.normal", references},
     {"boxing.reference.passed.normal", passedReferences},
     {"boxing.reference.array.normal", referenceArrays},
+    {"boxing.value.class_name.normal", classNames},
 };
 
 } // namespace

@@ -71,8 +71,10 @@ public:
   HRESULT WRT_ABI CreateString(Abi<String> value, abi::IInspectable **object) override {
     return box<String>(value, object);
   }
+  /// An object is its own value; there is none for null.
   HRESULT WRT_ABI CreateInspectable(Abi<Inspectable> value, abi::IInspectable **object) override {
-    return box<Inspectable>(value, object);
+    const HRESULT status = ComPtr(value).copyTo(object);
+    return status >= 0 && value == nullptr ? status::kInvalidArgument : status;
   }
   HRESULT WRT_ABI CreateGuid(Abi<Guid> value, abi::IInspectable **object) override {
     return box<Guid>(value, object);

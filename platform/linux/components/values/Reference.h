@@ -10,6 +10,7 @@
 #define WRT_COMPONENTS_REFERENCE_H
 
 #include "platform/linux/components/generic/InterfaceCast.h"
+#include "platform/linux/components/values/BoxName.h"
 #include "platform/linux/components/values/GiveOutArray.h"
 #include "platform/linux/components/values/PropertyValueMembers.h"
 #include "platform/linux/components/values/ReferenceInterfaces.h"
@@ -28,6 +29,12 @@ public:
       return status::kPointer;
     return T::giveOut(std::get<Scalar<T>>(this->content_).value, value);
   }
+
+private:
+  std::u16string_view runtimeClassName() const override {
+    static const std::u16string name = boxName("IReference", T::kSignature.view());
+    return name;
+  }
 };
 
 /// A value of any other type.
@@ -41,6 +48,11 @@ public:
   }
 
 private:
+  std::u16string_view runtimeClassName() const override {
+    static const std::u16string name = boxName("IReference", T::kSignature.view());
+    return name;
+  }
+
   const Stored<T> value_;
 };
 
@@ -54,6 +66,12 @@ public:
 
   HRESULT WRT_ABI get_Value(uint32_t *count, Abi<T> **values) override {
     return giveOutArray<T>(std::get<Elements<T>>(this->content_).values, count, values);
+  }
+
+private:
+  std::u16string_view runtimeClassName() const override {
+    static const std::u16string name = boxName("IReferenceArray", T::kSignature.view());
+    return name;
   }
 };
 
