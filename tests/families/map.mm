@@ -224,6 +224,47 @@ void split() {
   EXPECT_FALSE(none || high) << "one entry is not split";
 }
 
+/// An object that asks for `size` on another thread whenever it is asked for an interface.
+class Reentrant final : public Implements<Memberless<abi::IInspectable>> {
+public:
+  std::function<void()> question;
+  int answers = 0;
+
+  HRESULT WRT_ABI QueryInterface(const GUID *iid, void **result) override {
+    auto gate = std::make_shared<Gate>();
+    std::thread([question = question, gate] {
+      question();
+      gate->open();
+    }).detach();
+    gate->wait();
+    ++answers;
+    return Implements::QueryInterface(iid, result);
+  }
+};
+
+// Whoever is asked for an interface may use the collection meanwhile.
+void reentrant() {
+  const auto object = make<Reentrant>(), other = make<Reentrant>();
+  const auto map = make<Map<Inspectable, Int32>>();
+  const auto vector = make<Vector<Inspectable>>(Items<Inspectable>{object, other});
+  object->question = other->question = [map = map.get(), vector = vector.get()] {
+    uint32_t size = 0;
+    map->get_Size(&size);
+    vector->get_Size(&size);
+  };
+  uint8_t flag = 0;
+  uint32_t index = 0;
+  int32_t value = 0;
+  EXPECT_EQ(status::kOk, map->Insert(object.get(), 1, &flag));
+  EXPECT_EQ(status::kOk, map->Insert(other.get(), 2, &flag));
+  EXPECT_EQ(status::kOk, map->Lookup(other.get(), &value));
+  EXPECT_EQ(2, value);
+  EXPECT_EQ(status::kOk, map->Remove(object.get()));
+  EXPECT_EQ(status::kOk, vector->IndexOf(other.get(), &index, &flag));
+  EXPECT_EQ(1u, index);
+  EXPECT_LT(2, object->answers + other->answers);
+}
+
 const Cell cells[] = {
     {"map.strings.all.normal", lists},
     {"map.strings.key.absent", absentKey},
@@ -233,6 +274,7 @@ const Cell cells[] = {
     {"map.objects.key_and_value.interface_missing", objectLacksInterface},
     {"map.iterator.pairs.normal", iteration},
     {"map.view.split.normal", split},
+    {"collection.object.any.reentrant", reentrant},
 };
 
 } // namespace

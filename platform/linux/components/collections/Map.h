@@ -41,10 +41,11 @@ public:
       status = V::store(value, storedValue);
     if (status < 0)
       return status;
+    Key<K> place(storedKey);
     // A value that is replaced is dropped with `storedValue`, outside of the lock.
     entries_.change([&](Entries<K, V> &entries) {
-      const auto [place, isNew] = entries.try_emplace(storedKey);
-      std::swap(place->second, storedValue);
+      const auto [entry, isNew] = entries.try_emplace(std::move(place));
+      std::swap(entry->second, storedValue);
       *replaced = !isNew;
       return status::kOk;
     });
@@ -58,9 +59,10 @@ public:
     HRESULT status = K::store(key, storedKey);
     if (status < 0)
       return status;
+    const Key<K> wanted(storedKey);
     typename Entries<K, V>::node_type removed; // dropped outside of the lock
     status = entries_.change([&](Entries<K, V> &entries) {
-      removed = entries.extract(storedKey);
+      removed = entries.extract(wanted);
       return removed.empty() ? status::kBounds : status::kOk;
     });
     if (status >= 0)

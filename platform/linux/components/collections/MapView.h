@@ -9,17 +9,33 @@
 
 namespace wrt::implement {
 
+/// How a map keeps a key.
+template <class K>
+struct KeyOf {
+  using Type = Stored<K>;
+};
+template <class K>
+  requires requires { typename K::Key; }
+struct KeyOf<K> {
+  using Type = typename K::Key;
+};
+template <class K>
+using Key = typename KeyOf<K>::Type;
+
 /// The order of a map's keys: strings by their UTF-16 units, objects by identity.
 template <class K>
 struct KeyOrder {
-  bool operator()(const Stored<K> &left, const Stored<K> &right) const {
-    return K::less(left, right);
+  bool operator()(const Key<K> &left, const Key<K> &right) const {
+    if constexpr (std::same_as<Key<K>, Stored<K>>)
+      return K::less(left, right);
+    else
+      return left < right;
   }
 };
 
 /// The keys of a map and their values.
 template <class K, class V>
-using Entries = std::map<Stored<K>, Stored<V>, KeyOrder<K>>;
+using Entries = std::map<Key<K>, Stored<V>, KeyOrder<K>>;
 
 /// A key and its value, as iterating a map yields them.
 template <class K, class V>
@@ -58,7 +74,7 @@ public:
     if (value == nullptr)
       return status::kPointer;
     *value = Abi<V>{};
-    return withKey(key, [&](const Contents &entries, const Stored<K> &wanted) {
+    return withKey(key, [&](const Contents &entries, const Key<K> &wanted) {
       const auto found = entries.find(wanted);
       return found == entries.end() ? status::kBounds : V::giveOut(found->second, value);
     });
@@ -68,7 +84,7 @@ public:
     if (found == nullptr)
       return status::kPointer;
     *found = 0;
-    return withKey(key, [&](const Contents &entries, const Stored<K> &wanted) {
+    return withKey(key, [&](const Contents &entries, const Key<K> &wanted) {
       *found = entries.contains(wanted);
       return status::kOk;
     });
@@ -98,10 +114,11 @@ public:
 private:
   template <class Use>
   HRESULT withKey(Abi<K> key, Use use) const {
-    Stored<K> wanted{};
-    const HRESULT status = K::store(key, wanted);
+    Stored<K> stored{};
+    const HRESULT status = K::store(key, stored);
     if (status < 0)
       return status;
+    const Key<K> wanted(std::move(stored));
     return store_->read([&](const Contents &entries) { return use(entries, wanted); });
   }
 

@@ -53,7 +53,7 @@ public:
     const HRESULT status = T::store(value, wanted);
     if (status < 0)
       return status;
-    return store_->read([&](const Items<T> &items) {
+    const auto find = [&](const Items<T> &items) {
       for (size_t i = 0; i < items.size() && *found == 0; ++i) {
         if (T::equal(items[i], wanted)) {
           *index = static_cast<uint32_t>(i);
@@ -61,7 +61,12 @@ public:
         }
       }
       return status::kOk;
-    });
+    };
+    // Objects are asked who they are, and may come back to this list while they are.
+    if constexpr (requires { typename T::Key; })
+      return find(copy());
+    else
+      return store_->read(find);
   }
 
   /// From the end there is nothing to read, which is no failure; beyond it is `E_BOUNDS`.

@@ -12,24 +12,26 @@ namespace {
 
 constexpr std::u16string_view kName = u"Windows.UI.Xaml.ResourceDictionary";
 
-/// Keys: boxed strings by their text, every other object by what it is. Strings come first.
-struct Key : Inspectable {
-  static bool equal(const ComPtr<abi::IInspectable> &left, const ComPtr<abi::IInspectable> &right) {
-    return !less(left, right) && !less(right, left);
-  }
-  static bool less(const ComPtr<abi::IInspectable> &left, const ComPtr<abi::IInspectable> &right) {
-    const auto leftText = unboxText(left.get()), rightText = unboxText(right.get());
-    if (leftText && rightText)
-      return *leftText < *rightText;
-    if (leftText || rightText)
-      return leftText.has_value();
-    return Inspectable::less(left, right);
-  }
+/// Keys: boxed strings by their text, every other object by what it is.
+struct TextOrObject : Inspectable {
+  class Key : public ObjectKey<abi::IInspectable> {
+  public:
+    Key(const ComPtr<abi::IInspectable> &object)
+        : ObjectKey(object), text_(unboxText(object.get())) {}
+
+    bool operator<(const Key &other) const {
+      return text_ || other.text_ ? text_ < other.text_ : ObjectKey::operator<(other);
+    }
+
+  private:
+    std::optional<std::u16string> text_;
+  };
 };
 
 /// Windows.UI.Xaml.ResourceDictionary as a plain map: there are no merged and no theme
 /// dictionaries.
-class ResourceDictionary final : public MapObject<Key, Inspectable, abi::IResourceDictionary> {
+class ResourceDictionary final
+    : public MapObject<TextOrObject, Inspectable, abi::IResourceDictionary> {
 public:
   HRESULT WRT_ABI get_Source(abi::IUriRuntimeClass **result) override { return none(result); }
   HRESULT WRT_ABI put_Source(abi::IUriRuntimeClass *) override { return status::kNotImplemented; }

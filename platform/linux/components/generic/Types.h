@@ -4,7 +4,8 @@
 ///     Vector<ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">>
 ///
 /// Each type tells how its values cross interfaces (`Abi`), how components keep them (`Stored`,
-/// which owns what it keeps), how one becomes the other, and its signature.
+/// which owns what it keeps), how one becomes the other, and its signature. Those whose values
+/// cannot be compared without calling somebody have a `Key`, which a map keeps in their place.
 #ifndef WRT_COMPONENTS_TYPES_H
 #define WRT_COMPONENTS_TYPES_H
 
@@ -13,6 +14,7 @@
 #include "platform/linux/implement/StringHolder.h"
 
 #include <cstring>
+#include <functional>
 
 namespace wrt::implement {
 
@@ -98,10 +100,26 @@ template <class T, FixedText name, class... Fields>
 using Struct = Value<T, FixedText("struct(") + name +
                             (... + (FixedText(";") + Fields::kSignature)) + FixedText(")")>;
 
-/// Whether two interface pointers (borrowed, null allowed) are to one object.
+/// The pointer that stands for the object (borrowed, null allowed) as long as it lives, whichever
+/// its interface. Asks the object, which may call back: not to be asked for under a lock.
+WRT_DLLEXPORT abi::IUnknown *identityOf(abi::IUnknown *object);
+/// Whether two interface pointers are to one object; asks both.
 WRT_DLLEXPORT bool isSameObject(abi::IUnknown *left, abi::IUnknown *right);
-/// A total order of objects that takes one object for one, whichever its interface.
-WRT_DLLEXPORT bool isObjectBefore(abi::IUnknown *left, abi::IUnknown *right);
+
+/// An object as the key of a map: its identity is learnt once, so that comparing calls nobody.
+template <class Interface>
+class ObjectKey {
+public:
+  ObjectKey(ComPtr<Interface> object)
+      : object_(std::move(object)), identity_(identityOf(object_.get())) {}
+
+  operator const ComPtr<Interface> &() const { return object_; }
+  bool operator<(const ObjectKey &other) const { return std::less<>()(identity_, other.identity_); }
+
+private:
+  ComPtr<Interface> object_;
+  const abi::IUnknown *identity_;
+};
 
 namespace detail {
 
@@ -110,6 +128,7 @@ template <class Interface>
 struct ObjectValues {
   using Abi = Interface *;
   using Stored = ComPtr<Interface>;
+  using Key = ObjectKey<Interface>;
 
   static HRESULT store(Interface *value, ComPtr<Interface> &stored) {
     stored = ComPtr<Interface>(value);
@@ -124,9 +143,6 @@ struct ObjectValues {
   }
   static bool equal(const ComPtr<Interface> &left, const ComPtr<Interface> &right) {
     return isSameObject(left.get(), right.get());
-  }
-  static bool less(const ComPtr<Interface> &left, const ComPtr<Interface> &right) {
-    return isObjectBefore(left.get(), right.get());
   }
 };
 
