@@ -201,7 +201,13 @@ void uris() {
   StringHolder absolute;
   combined->get_AbsoluteUri(absolute.put());
   EXPECT_EQ("http://h/a/d#e", utf8(absolute));
-  for (const char *bad : {"", "relative/path", "http://[::1", "http://a/%"})
+  // What begins with two slashes behind no host must not become one.
+  const UriHolder hostless("le:/.//C:/x");
+  EXPECT_EQ("le:/.//C:/x", hostless(&U::get_AbsoluteUri));
+  EXPECT_EQ("", hostless(&U::get_Host));
+  EXPECT_EQ("http://h:65535/", UriHolder("http://h:065535")(&U::get_AbsoluteUri));
+  for (const char *bad : {"", "relative/path", "http://[::1", "http://a/%", "http://a:65536/",
+                          "http://a:99999999/", "http://a:99999999999/"})
     EXPECT_EQ(kInvalid, UriHolder(bad).status) << bad;
   StringHolder escaped, unescaped;
   const auto escapes = statics<abi::IUriEscapeStatics>(u"Windows.Foundation.Uri");

@@ -33,16 +33,6 @@ public:
     constexpr unsigned kParts = URI_NORMALIZE_SCHEME | URI_NORMALIZE_HOST | URI_NORMALIZE_PATH;
     return uriNormalizeSyntaxExA(&uri_, kParts) == URI_SUCCESS;
   }
-  std::string text() const {
-    int size = 0;
-    if (uriToStringCharsRequiredA(&uri_, &size) != URI_SUCCESS)
-      return {};
-    std::string result(static_cast<size_t>(size) + 1, '\0');
-    if (uriToStringA(result.data(), &uri_, size + 1, nullptr) != URI_SUCCESS)
-      return {};
-    result.resize(static_cast<size_t>(size));
-    return result;
-  }
   const UriUriA &get() const { return uri_; }
 
 private:
@@ -110,7 +100,10 @@ std::optional<ParsedUri> describe(UriHolder &holder) {
     result.host = "[" + result.host + "]";
   result.port = defaultPort(result.scheme);
   const std::string_view port = viewOf(uri.portText);
-  std::from_chars(port.data(), port.data() + port.size(), result.port);
+  constexpr int32_t kLastPort = 65535;
+  const auto [_, error] = std::from_chars(port.data(), port.data() + port.size(), result.port);
+  if (!port.empty() && (error != std::errc() || result.port > kLastPort))
+    return std::nullopt;
   // "file:///x" has an empty host, which the library tells from none by its place in the text.
   const bool hasHost = uri.hostText.first != nullptr;
   result.path = pathOf(uri, hasHost);
@@ -122,7 +115,10 @@ std::optional<ParsedUri> describe(UriHolder &holder) {
   const std::string_view slashes = hasHost ? "//" : "";
   std::string rest = result.host;
   if (!port.empty() && result.port != defaultPort(result.scheme))
-    (rest += ':') += port;
+    (rest += ':') += std::to_string(result.port);
+  // Without a host a path of "//x" would be read as one.
+  if (!hasHost && result.path.starts_with("//"))
+    rest += "/.";
   rest += result.path + result.query + result.fragment;
   result.display = result.scheme + ":";
   (result.display += slashes) += rest;
@@ -160,7 +156,10 @@ std::optional<ParsedUri> combineUri(std::string_view base, std::string_view rela
   if (!parsedBase.parse(escapeIllegal(base)) || !parsedRelative.parse(escapeIllegal(relative)) ||
       !combined.resolve(parsedRelative, parsedBase))
     return std::nullopt;
-  return parseUri(combined.text());
+  auto result = describe(combined);
+  if (result)
+    result->raw = result->absolute;
+  return result;
 }
 
 std::string escapeUriComponent(std::string_view text) {
