@@ -3,9 +3,11 @@
 
 #include "platform/linux/components/storage/StorageTypes.h"
 #include "tests/storage/StorageFixture.h"
+#include "tests/support/LogRecorder.h"
 
 #include <abi/IVector.abi.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -108,6 +110,16 @@ void lookup() {
   EXPECT_EQ(kNotFound, folderStatus(folder.path() / "none"));
   EXPECT_EQ(static_cast<HRESULT>(0x80070003), fileStatus(folder.path() / "a.txt/b"));
   EXPECT_EQ(static_cast<HRESULT>(0x80070781), fileStatus(folder.path() / "circle"));
+  // ".." is the kernel's: above the folder that a link leads to.
+  fs::create_directories(folder.path() / "far/inner");
+  fs::create_symlink("far/inner", folder.path() / "away");
+  folder.add("far/b.txt", "b");
+  EXPECT_EQ(0, fileStatus(folder.path() / "away/.././b.txt"));
+  EXPECT_EQ(kNotFound, fileStatus(folder.path() / "away/../a.txt"));
+  EXPECT_EQ(kNotFound, folderStatus(folder.path() / "none/.."));
+  ComPtr<abi::IStorageFolder> above;
+  EXPECT_EQ(0, findFolder(folder.path() / "sub/../away/..//.", above));
+  EXPECT_EQ("far", nameOf(above.get()));
   EXPECT_EQ(kInvalid, fileStatus(folder.path() / "sub")) << "a folder is no file";
   EXPECT_EQ(kInvalid, folderStatus(folder.path() / "a.txt")) << "nor the other way round";
   EXPECT_EQ(kInvalid, fileStatus("a.txt")) << "relative";
@@ -139,21 +151,31 @@ void permissions() {
   made.add("closed/inner.txt", "i");
   fs::permissions(secret, fs::perms::none);
   fs::permissions(made.path() / "closed", fs::perms::none);
+  made.add("listed/inner.txt", "z");
+  fs::permissions(made.path() / "listed", fs::perms(0744));
+  clearLog();
   {
     const NoPrivileges noPrivileges;
     ComPtr<abi::IStorageFile> file;
-    ComPtr<abi::IStorageFolder> folder, closed;
+    ComPtr<abi::IStorageFolder> folder, closed, listed;
     ASSERT_EQ(0, findFile(secret, file)) << "it is there";
     EXPECT_EQ(kDenied, readStatus(file));
     EXPECT_EQ(kDenied, fileStatus(made.path() / "closed/inner.txt"));
     ASSERT_EQ(0, findFolder(made.path() / "closed", closed));
     EXPECT_EQ("failed " + std::to_string(kDenied), namesIn(closed));
+    ASSERT_EQ(0, findFolder(made.path() / "listed", listed));
+    EXPECT_EQ("failed " + std::to_string(kDenied), namesIn(listed)) << "names that lead nowhere";
     ASSERT_EQ(0, findFolder(made.path(), folder));
     EXPECT_EQ("secret.txt", names([&](auto **op) {
                 return folder.as<abi::IStorageFolderQueryOperations>()
                     ->GetFilesAsyncOverloadDefaultStartAndCount(1, op);
               }))
         << "a folder below that is closed does not keep the others from being listed";
+    const auto log = logRecords();
+    for (const char *name : {"closed", "listed"})
+      EXPECT_EQ(1, std::ranges::count(log,
+                                      "Left out " + (made.path() / name).string() + ": 0x80070005",
+                                      &LogRecord::text));
     EXPECT_EQ(kDenied, outcome<FileOperation>(
                            [&](auto **op) {
                              return folder->CreateFileAsyncOverloadDefaultOptions(text("new").get(),
@@ -299,11 +321,21 @@ void querying() {
 void properties() {
   settleAfterwards();
   const TemporaryFolder made;
+  made.add("page.HTML", "1");
+  ComPtr<abi::IStorageFolder> folder;
+  ASSERT_EQ(0, findFolder(made.path(), folder));
+  ComPtr<abi::IVectorView__1_WRTStorageFile_P> files;
+  ASSERT_EQ(0, outcome<FilesOperation>(
+                   [&](auto **op) {
+                     return folder->GetFilesAsyncOverloadDefaultOptionsStartAndCount(op);
+                   },
+                   files.put()));
+  ComPtr<abi::IStorageFile> file;
+  ASSERT_EQ(0, files->GetAt(0, file.put()));
+  // Whoever writes between the list and the question is seen.
   const fs::path path = made.add("page.HTML", "12345");
   const timespec when[] = {{981158400, 0}, {981158400, 0}}; // 2001-02-03
   utimensat(AT_FDCWD, path.c_str(), when, 0);
-  ComPtr<abi::IStorageFile> file;
-  ASSERT_EQ(0, findFile(path, file));
   ComPtr<abi::IBasicProperties> facts;
   ASSERT_EQ(
       0, outcome<abi::IAsyncOperation__1_WRTBasicProperties_P>(

@@ -242,31 +242,44 @@ HRESULT startAsync(Declared **operation, Lambda lambda) {
   return handOut<IAsync<Result, Progress>>(object, operation);
 }
 
+namespace detail {
+
+template <class Result, class Progress, class Declared>
+HRESULT endedAsync(Declared **operation, HRESULT outcome, ResultPlace<Result> place) {
+  const auto object = make<AsyncObject<Result, Progress>>();
+  object->finish(outcome, std::move(place));
+  return handOut<IAsync<Result, Progress>>(object, operation);
+}
+
+} // namespace detail
+
+/// An operation whose answer costs about as much as a system call, less than a change of threads:
+/// `lambda` is that of `startAsync` without the `Work`, and has run when this returns.
+template <class Result, class Declared, class Lambda>
+HRESULT answerAsync(Declared **operation, Lambda lambda) {
+  if (operation == nullptr)
+    return status::kPointer;
+  detail::ResultPlace<Result> place;
+  const HRESULT outcome = detail::guarded(lambda, place.value);
+  return detail::endedAsync<Result, void>(operation, outcome, std::move(place));
+}
+
 /// An action that has completed; `*operation` is +1.
 template <class Progress = void, class Declared>
 HRESULT completedAction(Declared **operation) {
-  using Operation = detail::AsyncObject<void, Progress>;
-  const ComPtr<Operation> object = make<Operation>();
-  object->finish(status::kOk, {});
-  return handOut<IAsync<void, Progress>>(object, operation);
+  return detail::endedAsync<void, Progress>(operation, status::kOk, {});
 }
 
 /// An operation that has completed with `result`; `*operation` is +1.
 template <class Result, class Progress = void, class Declared>
 HRESULT completedAsync(Declared **operation, Stored<Result> result) {
-  using Operation = detail::AsyncObject<Result, Progress>;
-  const ComPtr<Operation> object = make<Operation>();
-  object->finish(status::kOk, {std::move(result)});
-  return handOut<IAsync<Result, Progress>>(object, operation);
+  return detail::endedAsync<Result, Progress>(operation, status::kOk, {std::move(result)});
 }
 
 /// An operation that has failed with `failure`, a negative status; `*operation` is +1.
 template <class Result = void, class Progress = void, class Declared>
 HRESULT failedAsync(Declared **operation, HRESULT failure) {
-  using Operation = detail::AsyncObject<Result, Progress>;
-  const ComPtr<Operation> object = make<Operation>();
-  object->finish(failure, {});
-  return handOut<IAsync<Result, Progress>>(object, operation);
+  return detail::endedAsync<Result, Progress>(operation, failure, {});
 }
 
 } // namespace wrt::implement

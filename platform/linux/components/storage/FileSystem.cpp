@@ -2,6 +2,7 @@
 
 #include "platform/linux/components/foundation/Text.h"
 #include "platform/linux/components/storage/FileStatus.h"
+#include "platform/linux/components/storage/StorageLog.h"
 #include "platform/linux/components/streams/ByteStore.h"
 #include "platform/linux/memory/Allocation.h"
 
@@ -24,21 +25,26 @@ int64_t universalTime(const statx_timestamp &time) {
   return (time.tv_sec + kSecondsFrom1601) * 10'000'000 + time.tv_nsec / 100;
 }
 
-/// Nothing for what is neither a file nor a folder, or no longer there.
+/// Nothing for what is neither a file nor a folder. Asks the system for links alone: the folder
+/// itself tells what else is what.
 bool classify(const fs::directory_entry &entry, ItemKind *kind) {
   std::error_code error;
-  const fs::file_status status = entry.status(error);
-  if (fs::is_directory(status))
+  if (entry.is_directory(error))
     *kind = ItemKind::kFolder;
-  else if (fs::is_regular_file(status))
+  else if (entry.is_regular_file(error))
     *kind = ItemKind::kFile;
   else
     return false;
   return true;
 }
 
+/// As comparing the paths part by part does, which takes ten times as long.
 void sortByName(std::vector<Listed> &items) {
-  std::ranges::sort(items, {}, [](const Listed &item) -> const Path & { return item.path; });
+  constexpr auto rank = [](char c) { return c == '/' ? 0 : static_cast<uint8_t>(c); };
+  std::ranges::sort(items, [&](const Listed &left, const Listed &right) {
+    return std::ranges::lexicographical_compare(left.path.native(), right.path.native(), {}, rank,
+                                                rank);
+  });
 }
 
 bool isTaken(const Path &path) {
@@ -97,6 +103,25 @@ HRESULT emptyFolder(const Path &folder) {
 
 } // namespace
 
+Path withoutDots(const Path &path) {
+  if (!path.is_absolute())
+    return path;
+  Path result = path.root_path();
+  for (const Path &part : path.relative_path()) {
+    std::error_code error;
+    if (part == "..") {
+      if (!fs::is_directory(result, error))
+        return path;
+      if (fs::is_symlink(result, error))
+        result = fs::canonical(result, error);
+      result = result.parent_path();
+    } else if (part != "." && !part.empty()) {
+      result /= part;
+    }
+  }
+  return path.has_filename() ? result : result / "";
+}
+
 HRESULT readFacts(const Path &path, ItemFacts *facts) {
   struct statx found;
   if (::statx(AT_FDCWD, path.c_str(), 0, STATX_BASIC_STATS | STATX_BTIME, &found) != 0)
@@ -114,6 +139,8 @@ HRESULT readFacts(const Path &path, ItemFacts *facts) {
 HRESULT listFolder(const Path &folder, std::vector<Listed> *items) {
   items->clear();
   std::error_code error;
+  if (::faccessat(AT_FDCWD, folder.c_str(), X_OK, AT_EACCESS) != 0)
+    return statusOfErrno(errno);
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
     ItemKind kind;
@@ -134,8 +161,10 @@ HRESULT listTree(const Path &folder, std::vector<Listed> *items) {
     if (item.kind != ItemKind::kFolder || fs::is_symlink(item.path, error))
       continue;
     std::vector<Listed> below;
-    if (listFolder(item.path, &below) >= 0)
+    if (const HRESULT status = listFolder(item.path, &below); status >= 0)
       items->insert(items->end(), below.begin(), below.end());
+    else if (status != kFileNotFound) // which has gone meanwhile
+      logLeftOut(item.path, status);
   }
   sortByName(*items);
   return status::kOk;

@@ -28,18 +28,25 @@ struct ItemFacts {
 /// What to do when the name is taken. Values of Windows.Storage.CreationCollisionOption.
 enum class Collision { kUniqueName = 0, kReplace = 1, kFail = 2, kOpen = 3 };
 
+/// The path without "." and "..", which mean what they mean to the system: behind a symbolic link
+/// ".." is the folder above the one that it leads to. A slash at the end stays. What is not
+/// absolute or does not exist comes back as it is, or so that nothing is there.
+Path withoutDots(const Path &path);
+
 /// Fails with file not found, access denied, ...
 HRESULT readFacts(const Path &path, ItemFacts *facts);
 
 /// The folder's items in the order of their names, which is that of their bytes. Items that vanish
 /// meanwhile, links that lead nowhere and what is neither file nor folder are left out. Hidden
-/// items (names with a leading dot) belong to it.
+/// items (names with a leading dot) belong to it. A folder whose items cannot be reached is refused
+/// with access denied like one that cannot be read.
 struct Listed {
   Path path;
   ItemKind kind;
 };
 HRESULT listFolder(const Path &folder, std::vector<Listed> *items);
-/// Also everything below; folders that cannot be read are passed over, except `folder` itself.
+/// Also everything below; folders that cannot be read are logged and passed over, except `folder`
+/// itself.
 /// Symbolic links to folders are listed and not entered.
 HRESULT listTree(const Path &folder, std::vector<Listed> *items);
 

@@ -157,9 +157,8 @@ public:
   using Result = abi::IAsyncOperation__1_WRTStorageFile_P;
 
   HRESULT WRT_ABI GetFileFromPathAsync(HSTRING path, Result **result) override {
-    return startAsync<FileRef>(result, [path = toPath(viewOf(path)).lexically_normal()](
-                                           const Work<> &, ComPtr<abi::IStorageFile> &file) {
-      return openFile(path, file);
+    return answerAsync<FileRef>(result, [&](ComPtr<abi::IStorageFile> &file) {
+      return openFile(withoutDots(toPath(viewOf(path))), file);
     });
   }
 

@@ -70,8 +70,8 @@ private:
   HRESULT get(HSTRING name, Operation **result, Open open) {
     if (!isItemName(viewOf(name)))
       return refuse(result);
-    return startAsync<T>(result, [path = path() / toPath(viewOf(name)), open](
-                                     const Work<> &, Stored<T> &item) { return open(path, item); });
+    return answerAsync<T>(
+        result, [&](Stored<T> &item) { return open(path() / toPath(viewOf(name)), item); });
   }
 };
 
@@ -213,14 +213,13 @@ private:
 class FolderFactory final : public ActivationFactory<abi::IStorageFolderStatics> {
 public:
   HRESULT WRT_ABI GetFolderFromPathAsync(HSTRING path, FolderOperation **result) override {
-    // Without the slash at its end, so that the folder has a name.
-    Path wanted = toPath(viewOf(path)).lexically_normal();
-    if (!wanted.has_filename() && wanted.has_relative_path())
-      wanted = wanted.parent_path();
-    return startAsync<FolderRef>(result,
-                                 [wanted](const Work<> &, ComPtr<abi::IStorageFolder> &folder) {
-                                   return openFolder(wanted, folder);
-                                 });
+    return answerAsync<FolderRef>(result, [&](ComPtr<abi::IStorageFolder> &folder) {
+      // Without the slash at its end, so that the folder has a name.
+      Path wanted = withoutDots(toPath(viewOf(path)));
+      if (!wanted.has_filename() && wanted.has_relative_path())
+        wanted = wanted.parent_path();
+      return openFolder(wanted, folder);
+    });
   }
 
 private:

@@ -53,14 +53,13 @@ public:
   }
   HRESULT WRT_ABI
   GetBasicPropertiesAsync(abi::IAsyncOperation__1_WRTBasicProperties_P **result) override {
-    return startAsync<BasicPropertiesRef>(
-        result, [path = path()](const Work<> &, ComPtr<abi::IBasicProperties> &properties) {
-          ItemFacts facts;
-          const HRESULT status = readFacts(path, &facts);
-          if (status >= 0)
-            properties = makeBasicProperties(facts);
-          return status;
-        });
+    return answerAsync<BasicPropertiesRef>(result, [&](ComPtr<abi::IBasicProperties> &properties) {
+      ItemFacts facts;
+      const HRESULT status = readFacts(path(), &facts);
+      if (status >= 0)
+        properties = makeBasicProperties(facts);
+      return status;
+    });
   }
 
   HRESULT WRT_ABI get_Name(HSTRING *name) override { return text(path().filename(), name); }
@@ -82,11 +81,10 @@ public:
   }
 
   HRESULT WRT_ABI GetParentAsync(abi::IAsyncOperation__1_WRTStorageFolder_P **result) override {
-    return startAsync<FolderRef>(
-        result, [path = path()](const Work<> &, ComPtr<abi::IStorageFolder> &parent) {
-          // The root has none, which is no failure.
-          return path.has_relative_path() ? openFolder(path.parent_path(), parent) : status::kOk;
-        });
+    return answerAsync<FolderRef>(result, [own = path()](ComPtr<abi::IStorageFolder> &parent) {
+      // The root has none, which is no failure.
+      return own.has_relative_path() ? openFolder(own.parent_path(), parent) : status::kOk;
+    });
   }
   HRESULT WRT_ABI IsEqual(abi::IStorageItem *item, unsigned char *result) override {
     if (result == nullptr)
