@@ -39,7 +39,7 @@ public:
   }
   HRESULT WRT_ABI CreateElementNS(abi::IInspectable *uri, HSTRING name,
                                   abi::IXmlElement **result) override {
-    const std::string space = encodeUtf8(unboxText(uri).value_or(u""));
+    const std::string space = xmlText(unboxText(uri).value_or(u""));
     return create(result, [&](XmlTree &tree) { return tree.createElement(&space, utf8(name)); });
   }
   HRESULT WRT_ABI CreateAttribute(HSTRING name, abi::IXmlAttribute **result) override {
@@ -47,7 +47,7 @@ public:
   }
   HRESULT WRT_ABI CreateAttributeNS(abi::IInspectable *uri, HSTRING name,
                                     abi::IXmlAttribute **result) override {
-    const std::string space = encodeUtf8(unboxText(uri).value_or(u""));
+    const std::string space = xmlText(unboxText(uri).value_or(u""));
     return create(result, [&](XmlTree &tree) { return tree.createAttribute(&space, utf8(name)); });
   }
   HRESULT WRT_ABI CreateDocumentFragment(abi::IXmlDocumentFragment **result) override {
@@ -76,13 +76,17 @@ public:
   }
   HRESULT WRT_ABI ImportNode(abi::IXmlNode *node, unsigned char deep,
                              abi::IXmlNode **result) override {
-    const NodeRef original = nodeOf(node);
-    if (original.node == nullptr || original.node->type == XML_DOCUMENT_NODE)
-      return create(result, [](XmlTree &) -> xmlNode * { return nullptr; });
-    std::unique_lock<std::mutex> other;
-    if (original.tree != nodeRef().tree)
-      other = std::unique_lock(original.tree->mutex);
-    return create(result, [&](XmlTree &tree) { return tree.copy(original.node, deep != 0); });
+    const NodeRef original = nodeOf(node), self = nodeRef();
+    NodeRef copy{self.tree};
+    if (original.tree == self.tree) {
+      std::lock_guard lock(self.tree->mutex);
+      copy.node = self.tree->copy(original.node, deep != 0);
+    } else if (original.tree != nullptr) {
+      // In no order of ours, as another thread may import the other way.
+      std::scoped_lock locks(self.tree->mutex, original.tree->mutex);
+      copy.node = self.tree->copy(original.node, deep != 0);
+    }
+    return giveMade(std::move(copy), result);
   }
   HRESULT WRT_ABI get_Implementation(abi::IXmlDomImplementation **r) override {
     return notImplemented(r);
@@ -145,6 +149,10 @@ private:
       made = {self.tree, create(*self.tree)};
       return status::kOk;
     });
+    return giveMade(std::move(made), result);
+  }
+  template <class Interface>
+  static HRESULT giveMade(NodeRef made, Interface **result) {
     const bool failed = made.node == nullptr;
     const HRESULT given = giveNode(std::move(made), result);
     return given >= 0 && failed ? status::kInvalidArgument : given;

@@ -4,7 +4,7 @@ namespace wrt::components {
 namespace {
 
 /// A namespace as members take it: a boxed string, or null for none.
-std::string uriOf(abi::IInspectable *uri) { return encodeUtf8(unboxText(uri).value_or(u"")); }
+std::string uriOf(abi::IInspectable *uri) { return xmlText(unboxText(uri).value_or(u"")); }
 
 /// Windows.Data.Xml.Dom.XmlElement.
 class XmlElement final : public XmlNodeObject<abi::IXmlElement> {
@@ -15,31 +15,37 @@ public:
   HRESULT WRT_ABI get_TagName(HSTRING *name) override { return get_NodeName(name); }
 
   HRESULT WRT_ABI GetAttribute(HSTRING name, HSTRING *value) override {
-    return valueOf([&](xmlNode *self) { return findAttribute(self, utf8(name)); }, value);
+    return ask([&](const NodeRef &self) {
+      return giveText(attributeValue(self.node, utf8(name)), value);
+    });
   }
   HRESULT WRT_ABI GetAttributeNS(abi::IInspectable *uri, HSTRING name, HSTRING *value) override {
-    return valueOf([&](xmlNode *self) { return findAttribute(self, uriOf(uri), utf8(name)); },
-                   value);
+    const std::string space = uriOf(uri);
+    return ask([&](const NodeRef &self) {
+      xmlNode *attribute = findAttribute(self.node, space, utf8(name));
+      return giveText(attribute == nullptr ? "" : *nodeValue(attribute), value);
+    });
   }
   HRESULT WRT_ABI SetAttribute(HSTRING name, HSTRING value) override {
-    return set([&](xmlNode *self) { return findAttribute(self, utf8(name)); }, nullptr, name,
-               value);
+    return ask([&](const NodeRef &self) {
+      return self.tree->setAttribute(self.node, nullptr, utf8(name), utf8(value));
+    });
   }
   HRESULT WRT_ABI SetAttributeNS(abi::IInspectable *uri, HSTRING name, HSTRING value) override {
-    const std::string space = uriOf(uri), whole = utf8(name);
-    return set(
-        [&](xmlNode *self) {
-          return findAttribute(self, space, whole.substr(whole.find(':') + 1));
-        },
-        &space, name, value);
+    const std::string space = uriOf(uri);
+    return ask([&](const NodeRef &self) {
+      return self.tree->setAttribute(self.node, &space, utf8(name), utf8(value));
+    });
   }
   HRESULT WRT_ABI RemoveAttribute(HSTRING name) override {
-    return ask(
-        [&](const NodeRef &self) { return drop(self, findAttribute(self.node, utf8(name))); });
+    return ask([&](const NodeRef &self) {
+      return self.tree->removeAttribute(self.node, nullptr, utf8(name));
+    });
   }
   HRESULT WRT_ABI RemoveAttributeNS(abi::IInspectable *uri, HSTRING name) override {
+    const std::string space = uriOf(uri);
     return ask([&](const NodeRef &self) {
-      return drop(self, findAttribute(self.node, uriOf(uri), utf8(name)));
+      return self.tree->removeAttribute(self.node, &space, utf8(name));
     });
   }
 
@@ -48,8 +54,8 @@ public:
   }
   HRESULT WRT_ABI GetAttributeNodeNS(abi::IInspectable *uri, HSTRING name,
                                      abi::IXmlAttribute **result) override {
-    return nodeFor([&](xmlNode *self) { return findAttribute(self, uriOf(uri), utf8(name)); },
-                   result);
+    const std::string space = uriOf(uri);
+    return nodeFor([&](xmlNode *self) { return findAttribute(self, space, utf8(name)); }, result);
   }
   HRESULT WRT_ABI SetAttributeNode(abi::IXmlAttribute *attribute,
                                    abi::IXmlAttribute **result) override {
@@ -87,13 +93,6 @@ public:
 
 private:
   template <class Find>
-  HRESULT valueOf(Find find, HSTRING *value) {
-    return ask([&](const NodeRef &self) {
-      xmlNode *attribute = find(self.node);
-      return giveText(attribute == nullptr ? "" : *nodeValue(attribute), value);
-    });
-  }
-  template <class Find>
   HRESULT nodeFor(Find find, abi::IXmlAttribute **result) {
     NodeRef found;
     ask([&](const NodeRef &self) {
@@ -101,26 +100,6 @@ private:
       return status::kOk;
     });
     return giveNode(std::move(found), result);
-  }
-  template <class Find>
-  HRESULT set(Find find, const std::string *uri, HSTRING name, HSTRING value) {
-    return ask([&](const NodeRef &self) {
-      xmlNode *attribute = find(self.node);
-      if (attribute == nullptr) {
-        attribute = self.tree->createAttribute(uri, utf8(name));
-        xmlNode *old = nullptr;
-        if (attribute == nullptr)
-          return status::kInvalidArgument;
-        self.tree->setAttributeNode(self.node, attribute, &old);
-      }
-      setNodeValue(attribute, utf8(value));
-      return status::kOk;
-    });
-  }
-  static HRESULT drop(const NodeRef &self, xmlNode *attribute) {
-    // What is not there need not be removed.
-    return attribute == nullptr ? status::kOk
-                                : self.tree->removeAttributeNode(self.node, attribute);
   }
 };
 
@@ -183,9 +162,7 @@ protected:
     return this->ask([&](const NodeRef &self) {
       std::u16string text = toUtf16(*nodeValue(self.node));
       const HRESULT status = change(text);
-      if (status >= 0)
-        setNodeValue(self.node, encodeUtf8(text));
-      return status;
+      return status < 0 ? status : self.tree->setValue(self.node, xmlText(text));
     });
   }
 };
@@ -198,16 +175,16 @@ public:
 
   HRESULT WRT_ABI SplitText(unsigned offset, abi::IXmlText **result) override {
     NodeRef second;
-    const HRESULT status = this->edit([&](std::u16string &text) {
-      if (offset > text.size())
+    const HRESULT status = this->ask([&](const NodeRef &self) {
+      const std::u16string text = toUtf16(*nodeValue(self.node));
+      const std::string first = xmlText(text.substr(0, offset));
+      if (offset > text.size() || first == kNoText)
         return status::kInvalidArgument;
-      // The tree is locked already.
-      const NodeRef self = this->nodeRef();
-      second = {self.tree, self.tree->createText(self.node->type, encodeUtf8(text.substr(offset)))};
-      text.resize(offset);
-      return self.node->parent == nullptr
-                 ? status::kOk
-                 : self.tree->insert(self.node->parent, second.node, self.node->next);
+      second = {self.tree, self.tree->createText(self.node->type, xmlText(text.substr(offset)))};
+      xmlNode *parent = self.node->parent;
+      const HRESULT status =
+          parent == nullptr ? status::kOk : self.tree->insert(parent, second.node, self.node->next);
+      return status < 0 ? status : self.tree->setValue(self.node, first);
     });
     const HRESULT given = giveNode(status < 0 ? NodeRef() : second, result);
     return status < 0 ? status : given;

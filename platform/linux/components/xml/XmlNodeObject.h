@@ -5,6 +5,7 @@
 
 #include "platform/linux/components/foundation/BoxedText.h"
 #include "platform/linux/components/foundation/Text.h"
+#include "platform/linux/components/xml/XmlChars.h"
 #include "platform/linux/components/xml/XmlTree.h"
 #include "platform/linux/implement/Implements.h"
 #include "platform/linux/implement/StringHolder.h"
@@ -56,7 +57,7 @@ HRESULT giveNodes(const std::shared_ptr<XmlTree> &tree, const std::vector<xmlNod
 HRESULT giveNodeMap(const std::shared_ptr<XmlTree> &tree, const std::vector<xmlNode *> &nodes,
                     abi::IXmlNamedNodeMap **result);
 
-inline std::string utf8(HSTRING text) { return encodeUtf8(viewOf(text)); }
+inline std::string utf8(HSTRING text) { return xmlText(viewOf(text)); }
 inline HRESULT giveText(std::string_view text, HSTRING *result) {
   return result == nullptr ? status::kPointer : makeString(toUtf16(text), result);
 }
@@ -94,10 +95,8 @@ public:
   HRESULT WRT_ABI put_NodeValue(abi::IInspectable *value) override {
     const auto text = unboxText(value);
     return ask([&](const NodeRef &self) {
-      if (!text || !nodeValue(self.node))
-        return status::kInvalidArgument;
-      setNodeValue(self.node, encodeUtf8(*text));
-      return status::kOk;
+      return text && nodeValue(self.node) ? self.tree->setValue(self.node, xmlText(*text))
+                                          : status::kInvalidArgument;
     });
   }
   HRESULT WRT_ABI get_NamespaceUri(abi::IInspectable **uri) override {
@@ -168,7 +167,9 @@ public:
                                abi::IXmlNode **result) override {
     const NodeRef added = nodeOf(child), before = nodeOf(reference);
     return change(added, result, [&](const NodeRef &self) {
-      return self.tree->insert(self.node, added.node, before.node);
+      return reference == nullptr || before.tree == self.tree
+                 ? self.tree->insert(self.node, added.node, before.node)
+                 : status::kInvalidArgument;
     });
   }
   HRESULT WRT_ABI AppendChild(abi::IXmlNode *child, abi::IXmlNode **result) override {
@@ -183,21 +184,15 @@ public:
                                abi::IXmlNode **result) override {
     const NodeRef added = nodeOf(child), removed = nodeOf(old);
     return change(removed, result, [&](const NodeRef &self) {
-      if (added.tree != self.tree || removed.node->parent != self.node)
-        return status::kInvalidArgument;
-      if (added.node == removed.node)
-        return status::kOk;
-      const HRESULT status = self.tree->insert(self.node, added.node, removed.node);
-      return status < 0 ? status : self.tree->remove(self.node, removed.node);
+      return added.tree == self.tree ? self.tree->replace(self.node, added.node, removed.node)
+                                     : status::kInvalidArgument;
     });
   }
   HRESULT WRT_ABI CloneNode(unsigned char deep, abi::IXmlNode **result) override {
     NodeRef copy;
     const HRESULT status = ask([&](const NodeRef &self) {
-      if (self.node->type == XML_DOCUMENT_NODE)
-        return status::kNotImplemented;
       copy = {self.tree, self.tree->copy(self.node, deep != 0)};
-      return status::kOk;
+      return copy.node == nullptr ? status::kNotImplemented : status::kOk;
     });
     const HRESULT given = giveNode(copy, result);
     return status < 0 ? status : given;
@@ -216,15 +211,7 @@ public:
     return ask([&](const NodeRef &self) { return giveText(innerText(self.node), text); });
   }
   HRESULT WRT_ABI put_InnerText(HSTRING text) override {
-    return ask([&](const NodeRef &self) {
-      if (self.node->type == XML_DOCUMENT_NODE || self.node->type == XML_DTD_NODE)
-        return status::kInvalidArgument;
-      if (nodeValue(self.node))
-        setNodeValue(self.node, utf8(text));
-      else
-        self.tree->setText(self.node, utf8(text));
-      return status::kOk;
-    });
+    return ask([&](const NodeRef &self) { return self.tree->setText(self.node, utf8(text)); });
   }
 
   HRESULT WRT_ABI SelectSingleNode(HSTRING xpath, abi::IXmlNode **result) override {
@@ -294,7 +281,7 @@ private:
 
   static HRESULT select(const NodeRef &self, HSTRING xpath, abi::IInspectable *namespaces,
                         std::vector<xmlNode *> *nodes) {
-    const std::string declarations = encodeUtf8(unboxText(namespaces).value_or(u""));
+    const std::string declarations = xmlText(unboxText(namespaces).value_or(u""));
     std::lock_guard lock(self.tree->mutex);
     return selectNodes(self.node, utf8(xpath), declarations, nodes);
   }

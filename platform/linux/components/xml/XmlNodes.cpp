@@ -1,3 +1,5 @@
+#include "platform/linux/components/xml/XmlChars.h"
+#include "platform/linux/components/xml/XmlNamespaces.h"
 #include "platform/linux/components/xml/XmlTree.h"
 
 #include <algorithm>
@@ -8,14 +10,6 @@
 
 namespace wrt::components {
 namespace {
-
-const xmlChar *chars(const std::string &text) {
-  return reinterpret_cast<const xmlChar *>(text.c_str());
-}
-
-std::string text(const xmlChar *chars) {
-  return chars == nullptr ? std::string() : reinterpret_cast<const char *>(chars);
-}
 
 std::string takeText(xmlChar *chars) {
   std::string result = text(chars);
@@ -37,6 +31,63 @@ void visitElements(xmlNode *node, Visit visit) {
     visit(child);
     visitElements(child, visit);
   }
+}
+
+/// Makes the library's table of identifiers anew, which does not follow changes.
+void refreshIdentifiers(xmlDoc *document) {
+  xmlFreeIDTable(static_cast<xmlIDTable *>(std::exchange(document->ids, nullptr)));
+  visitElements(reinterpret_cast<xmlNode *>(document), [&](xmlNode *element) {
+    for (xmlNode *node : attributesOf(element)) {
+      auto *attribute = reinterpret_cast<xmlAttr *>(node);
+      // Of two with one value the first is found.
+      if (xmlIsID(document, element, attribute) == 1)
+        xmlAddID(nullptr, document, chars(*nodeValue(node)), attribute);
+    }
+  });
+}
+
+/// For the time of a search gives an attribute an element that has none: the library looks at it
+/// without asking whether it is there.
+class LoneAttribute {
+public:
+  explicit LoneAttribute(xmlNode *context) {
+    while (context->parent != nullptr)
+      context = context->parent;
+    if (context->type != XML_ATTRIBUTE_NODE)
+      return;
+    attribute_ = context;
+    element_ = xmlNewDocNode(context->doc, nullptr, chars("none"), nullptr);
+    element_->properties = reinterpret_cast<xmlAttr *>(attribute_);
+    attribute_->parent = element_;
+  }
+  LoneAttribute(const LoneAttribute &) = delete;
+  LoneAttribute &operator=(const LoneAttribute &) = delete;
+  ~LoneAttribute() {
+    if (attribute_ == nullptr)
+      return;
+    attribute_->parent = nullptr;
+    element_->properties = nullptr;
+    xmlFreeNode(element_);
+  }
+
+  const xmlNode *element() const { return element_; }
+
+private:
+  xmlNode *attribute_ = nullptr;
+  xmlNode *element_ = nullptr;
+};
+
+/// Whether the node is of the tree: namespaces are copies made for a result, and what is within
+/// entities belongs to the DTD.
+bool isOfTree(const xmlNode *node) {
+  if (node->type == XML_NAMESPACE_DECL ||
+      (node->parent != nullptr && node->parent->type == XML_DTD_NODE))
+    return false;
+  for (; node != nullptr; node = node->parent) {
+    if (node->type == XML_ENTITY_DECL)
+      return false;
+  }
+  return true;
 }
 
 /// Registers `xmlns:prefix="uri"` declarations by letting the parser read them.
@@ -101,20 +152,6 @@ std::string innerText(xmlNode *node) {
   return node == nullptr ? std::string() : takeText(xmlNodeGetContent(node));
 }
 
-void setNodeValue(xmlNode *node, const std::string &value) {
-  if (node->type != XML_ATTRIBUTE_NODE) {
-    // This sets the text as it is, for these kinds of nodes.
-    xmlNodeSetContent(node, chars(value));
-    return;
-  }
-  auto *attribute = reinterpret_cast<xmlAttr *>(node);
-  xmlFreeNodeList(std::exchange(attribute->children, nullptr));
-  attribute->last = nullptr;
-  xmlNode *content = xmlNewDocText(node->doc, chars(value));
-  content->parent = node;
-  attribute->children = attribute->last = content;
-}
-
 std::vector<xmlNode *> childrenOf(const xmlNode *node) {
   std::vector<xmlNode *> children;
   // What hangs below entities belongs to the DTD.
@@ -153,6 +190,14 @@ xmlNode *findAttribute(const xmlNode *element, const std::string &uri,
   return nullptr;
 }
 
+std::string attributeValue(const xmlNode *element, const std::string &name) {
+  if (xmlNode *attribute = findAttribute(element, name))
+    return *nodeValue(attribute);
+  const auto prefix = declaredPrefix(name);
+  const xmlNs *space = prefix ? findDeclaration(element, *prefix) : nullptr;
+  return space == nullptr ? std::string() : text(space->href);
+}
+
 std::vector<xmlNode *> elementsByName(xmlNode *node, const std::string &name) {
   std::vector<xmlNode *> found;
   visitElements(node, [&](xmlNode *element) {
@@ -163,6 +208,7 @@ std::vector<xmlNode *> elementsByName(xmlNode *node, const std::string &name) {
 }
 
 xmlNode *elementById(xmlNode *document, const std::string &id) {
+  refreshIdentifiers(document->doc);
   xmlAttr *attribute = xmlGetID(reinterpret_cast<xmlDoc *>(document), chars(id));
   return attribute == nullptr ? nullptr : attribute->parent;
 }
@@ -192,6 +238,11 @@ std::string serialize(xmlNode *node) {
 HRESULT selectNodes(xmlNode *context, const std::string &xpath, const std::string &namespaces,
                     std::vector<xmlNode *> *nodes) {
   nodes->clear();
+  if (xpath == kNoText)
+    return status::kInvalidArgument;
+  const LoneAttribute lone(context);
+  if (xpath.find("id(") != xpath.npos)
+    refreshIdentifiers(context->doc);
   const std::unique_ptr<xmlXPathContext, decltype(&xmlXPathFreeContext)> evaluation(
       xmlXPathNewContext(context->doc), xmlXPathFreeContext);
   if (evaluation == nullptr)
@@ -210,8 +261,7 @@ HRESULT selectNodes(xmlNode *context, const std::string &xpath, const std::strin
   xmlXPathNodeSetSort(result->nodesetval);
   for (int i = 0; i < result->nodesetval->nodeNr; ++i) {
     xmlNode *node = result->nodesetval->nodeTab[i];
-    // Namespaces are copies made for this result.
-    if (node->type != XML_NAMESPACE_DECL)
+    if (node != lone.element() && isOfTree(node))
       nodes->push_back(node);
   }
   return status::kOk;

@@ -1,40 +1,22 @@
 #include "platform/linux/components/xml/XmlTree.h"
 
+#include "platform/linux/components/xml/XmlChars.h"
+#include "platform/linux/components/xml/XmlNamespaces.h"
+
 #include <algorithm>
-#include <libxml/parser.h>
-#include <utility>
+#include <strings.h>
 
 namespace wrt::components {
 namespace {
 
-const xmlChar *chars(const std::string &text) {
-  return reinterpret_cast<const xmlChar *>(text.c_str());
-}
-
-std::pair<std::string, std::string> splitName(const std::string &qualifiedName) {
-  const size_t colon = qualifiedName.find(':');
-  if (colon == qualifiedName.npos)
-    return {"", qualifiedName};
-  return {qualifiedName.substr(0, colon), qualifiedName.substr(colon + 1)};
-}
-
-bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == text.npos; }
-
-HRESULT parseStatus(int error) {
-  switch (error) {
-  case XML_ERR_TAG_NAME_MISMATCH:
-  case XML_ERR_TAG_NOT_FINISHED:
-    return kXmlEndTagMismatch;
-  case XML_ERR_NO_MEMORY:
-    return status::kOutOfMemory;
-  default:
-    return kXmlInvalid;
-  }
-}
-
 bool canHaveChildren(const xmlNode *node) {
   return node->type == XML_ELEMENT_NODE || node->type == XML_DOCUMENT_NODE ||
          node->type == XML_DOCUMENT_FRAG_NODE;
+}
+
+bool canBeChild(const xmlNode *node) {
+  return isCharacterData(node) || node->type == XML_ELEMENT_NODE || node->type == XML_PI_NODE ||
+         node->type == XML_ENTITY_REF_NODE;
 }
 
 bool isWithin(const xmlNode *node, const xmlNode *ancestor) {
@@ -45,6 +27,21 @@ bool isWithin(const xmlNode *node, const xmlNode *ancestor) {
   return false;
 }
 
+int depthOf(const xmlNode *node) {
+  int depth = 0;
+  for (; node != nullptr; node = node->parent)
+    depth += node->type == XML_ELEMENT_NODE;
+  return depth;
+}
+
+/// The number of levels of elements from `node` down.
+int heightOf(const xmlNode *node) {
+  int below = 0;
+  for (const xmlNode *child : childrenOf(node))
+    below = std::max(below, heightOf(child));
+  return below + (node->type == XML_ELEMENT_NODE);
+}
+
 /// Links without joining neighbouring texts, which the library's own functions do.
 void link(xmlNode *parent, xmlNode *child, xmlNode *reference) {
   child->parent = parent;
@@ -52,8 +49,15 @@ void link(xmlNode *parent, xmlNode *child, xmlNode *reference) {
   child->prev = reference != nullptr ? reference->prev : parent->last;
   (child->prev != nullptr ? child->prev->next : parent->children) = child;
   (reference != nullptr ? reference->prev : parent->last) = child;
-  if (child->type == XML_ELEMENT_NODE)
-    xmlReconciliateNs(child->doc, child);
+  bindNamespaces(child);
+}
+
+std::vector<xmlNode *> insertedNodes(xmlNode *child) {
+  return child->type == XML_DOCUMENT_FRAG_NODE ? childrenOf(child) : std::vector{child};
+}
+
+bool isNCName(const std::string &name) {
+  return name != kNoText && xmlValidateNCName(chars(name), 0) == 0;
 }
 
 void freeLoose(xmlNode *node) {
@@ -73,24 +77,6 @@ XmlTree::~XmlTree() {
   xmlFreeDoc(document_);
 }
 
-HRESULT XmlTree::parse(std::string_view text, bool detect, std::shared_ptr<XmlTree> *tree) {
-  if (text.size() > INT32_MAX)
-    return status::kOutOfMemory;
-  // Entity references stay nodes: substituting them is what would read external ones.
-  constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING;
-  const std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)> context(xmlNewParserCtxt(),
-                                                                             xmlFreeParserCtxt);
-  if (context == nullptr)
-    return status::kOutOfMemory;
-  xmlDoc *document = xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()),
-                                       nullptr, detect ? nullptr : "UTF-8", kOptions);
-  if (document == nullptr)
-    return isBlank(text) ? kXmlMissingRoot : parseStatus(context->errNo);
-  *tree = std::make_shared<XmlTree>();
-  xmlFreeDoc(std::exchange((*tree)->document_, document));
-  return status::kOk;
-}
-
 xmlNode *XmlTree::adopt(xmlNode *node) {
   if (node != nullptr)
     loose_.insert(node);
@@ -98,36 +84,42 @@ xmlNode *XmlTree::adopt(xmlNode *node) {
 }
 
 xmlNode *XmlTree::createElement(const std::string *uri, const std::string &qualifiedName) {
-  if (xmlValidateQName(chars(qualifiedName), 0) != 0)
-    return nullptr;
   const auto [prefix, name] = splitName(qualifiedName);
+  if (!isName(qualifiedName) || prefix == "xmlns" || (uri != nullptr && *uri == kNoText))
+    return nullptr;
   if (uri == nullptr || uri->empty())
     return adopt(xmlNewDocNode(document_, nullptr, chars(qualifiedName), nullptr));
+  if (prefix == "xml" || *uri == kXmlNamespace)
+    return nullptr;
   xmlNode *node = xmlNewDocNode(document_, nullptr, chars(name), nullptr);
   xmlSetNs(node, xmlNewNs(node, chars(*uri), prefix.empty() ? nullptr : chars(prefix)));
   return adopt(node);
 }
 
 xmlNode *XmlTree::createAttribute(const std::string *uri, const std::string &qualifiedName) {
-  if (xmlValidateQName(chars(qualifiedName), 0) != 0)
-    return nullptr;
   const auto [prefix, name] = splitName(qualifiedName);
+  if (!isName(qualifiedName) || declaredPrefix(qualifiedName) ||
+      (uri != nullptr && *uri == kNoText))
+    return nullptr;
   if (uri == nullptr || uri->empty())
     return adopt(
         reinterpret_cast<xmlNode *>(xmlNewDocProp(document_, chars(qualifiedName), nullptr)));
-  if (prefix.empty())
+  if (prefix.empty() || (prefix == "xml") != (*uri == kXmlNamespace))
     return nullptr;
   xmlAttr *attribute = xmlNewDocProp(document_, chars(name), nullptr);
   // Namespaces that no element declares yet hang on the document, behind that of `xml`.
-  xmlNs *last = xmlSearchNs(document_, document(), chars("xml"));
-  while (last->next != nullptr)
-    last = last->next;
-  xmlNs *space = last->next = xmlNewNs(nullptr, chars(*uri), chars(prefix));
-  attribute->ns = space;
+  attribute->ns = xmlSearchNs(document_, document(), chars("xml"));
+  if (prefix != "xml") {
+    while (attribute->ns->next != nullptr)
+      attribute->ns = attribute->ns->next;
+    attribute->ns = attribute->ns->next = xmlNewNs(nullptr, chars(*uri), chars(prefix));
+  }
   return adopt(reinterpret_cast<xmlNode *>(attribute));
 }
 
 xmlNode *XmlTree::createText(xmlElementType type, const std::string &content) {
+  if (!canHold(type, content))
+    return nullptr;
   switch (type) {
   case XML_TEXT_NODE:
     return adopt(xmlNewDocText(document_, chars(content)));
@@ -139,13 +131,13 @@ xmlNode *XmlTree::createText(xmlElementType type, const std::string &content) {
 }
 
 xmlNode *XmlTree::createProcessingInstruction(const std::string &target, const std::string &data) {
-  if (xmlValidateNCName(chars(target), 0) != 0)
+  if (!isNCName(target) || strcasecmp(target.c_str(), "xml") == 0 || !canHold(XML_PI_NODE, data))
     return nullptr;
   return adopt(xmlNewDocPI(document_, chars(target), chars(data)));
 }
 
 xmlNode *XmlTree::createEntityReference(const std::string &name) {
-  if (xmlValidateNCName(chars(name), 0) != 0)
+  if (!isNCName(name))
     return nullptr;
   return adopt(xmlNewReference(document_, chars(name)));
 }
@@ -153,36 +145,85 @@ xmlNode *XmlTree::createEntityReference(const std::string &name) {
 xmlNode *XmlTree::createFragment() { return adopt(xmlNewDocFragment(document_)); }
 
 xmlNode *XmlTree::copy(xmlNode *node, bool deep) {
+  if (node->type == XML_DOCUMENT_NODE || node->type == XML_DTD_NODE)
+    return nullptr;
+  if (node->type == XML_ATTRIBUTE_NODE) {
+    // The library's own copy of one by itself has no namespace.
+    const auto uri = namespaceUri(node);
+    xmlNode *attribute = createAttribute(uri ? &*uri : nullptr, nodeName(node));
+    setValue(attribute, *nodeValue(node));
+    return attribute;
+  }
   // 1 copies everything, 2 an element with its attributes alone.
-  return adopt(xmlDocCopyNode(node, document_, deep ? 1 : 2));
+  xmlNode *copied = xmlDocCopyNode(node, document_, deep ? 1 : 2);
+  bindNamespaces(copied);
+  return adopt(copied);
 }
 
 void XmlTree::unlink(xmlNode *node) {
   xmlUnlinkNode(node);
+  bindNamespaces(node);
   loose_.insert(node);
 }
 
-HRESULT XmlTree::insert(xmlNode *parent, xmlNode *child, xmlNode *reference) {
-  if (child->doc != document_ || !canHaveChildren(parent) || isWithin(parent, child) ||
-      child->type == XML_ATTRIBUTE_NODE || (reference != nullptr && reference->parent != parent))
-    return status::kInvalidArgument;
-  const std::vector<xmlNode *> added =
-      child->type == XML_DOCUMENT_FRAG_NODE ? childrenOf(child) : std::vector<xmlNode *>{child};
-  if (parent->type == XML_DOCUMENT_NODE) {
-    // A document has one element and no text.
-    for (xmlNode *node : added) {
-      const bool second = node->type == XML_ELEMENT_NODE && root() != nullptr && root() != node;
-      if (second || node->type == XML_TEXT_NODE || node->type == XML_CDATA_SECTION_NODE)
-        return status::kInvalidArgument;
-    }
-  }
-  for (xmlNode *node : added) {
+void XmlTree::move(xmlNode *parent, const std::vector<xmlNode *> &nodes, xmlNode *reference) {
+  for (xmlNode *node : nodes) {
     if (node == reference)
       continue;
     xmlUnlinkNode(node);
     loose_.erase(node);
     link(parent, node, reference);
   }
+}
+
+/// Whether `nodes`, which are `child` or its children, may go before `reference` when `old` goes.
+bool XmlTree::mayInsert(const xmlNode *parent, const xmlNode *child,
+                        const std::vector<xmlNode *> &nodes, const xmlNode *reference,
+                        const xmlNode *old) const {
+  if (child->doc != document_ || !canHaveChildren(parent) || isWithin(parent, child) ||
+      depthOf(parent) + heightOf(child) > kMaximumXmlDepth ||
+      !std::ranges::all_of(nodes, canBeChild))
+    return false;
+  if (reference != nullptr &&
+      (reference->parent != parent || reference->type == XML_ATTRIBUTE_NODE))
+    return false;
+  if (parent->type != XML_DOCUMENT_NODE)
+    return true;
+  // A document has one element, behind its type, and no text.
+  const auto isElement = [](const xmlNode *node) { return node->type == XML_ELEMENT_NODE; };
+  for (const xmlNode *node : nodes) {
+    if (!isElement(node) && node->type != XML_COMMENT_NODE && node->type != XML_PI_NODE)
+      return false;
+  }
+  const auto elements = std::ranges::count_if(nodes, isElement);
+  const xmlNode *present = root();
+  const bool stays =
+      present != nullptr && present != old && std::ranges::find(nodes, present) == nodes.end();
+  if (elements + stays > 1)
+    return false;
+  for (; elements != 0 && reference != nullptr; reference = reference->next) {
+    if (reference->type == XML_DTD_NODE && reference != old)
+      return false;
+  }
+  return true;
+}
+
+HRESULT XmlTree::insert(xmlNode *parent, xmlNode *child, xmlNode *reference) {
+  const auto nodes = insertedNodes(child);
+  if (!mayInsert(parent, child, nodes, reference, nullptr))
+    return status::kInvalidArgument;
+  move(parent, nodes, reference);
+  return status::kOk;
+}
+
+HRESULT XmlTree::replace(xmlNode *parent, xmlNode *child, xmlNode *old) {
+  const auto nodes = insertedNodes(child);
+  if (!mayInsert(parent, child, nodes, old, old))
+    return status::kInvalidArgument;
+  if (child == old)
+    return status::kOk;
+  move(parent, nodes, old);
+  unlink(old);
   return status::kOk;
 }
 
@@ -202,8 +243,12 @@ HRESULT XmlTree::setAttributeNode(xmlNode *element, xmlNode *attribute, xmlNode 
   if (attribute->parent != nullptr)
     return status::kInvalidArgument;
   const auto uri = namespaceUri(attribute);
-  const std::string name = reinterpret_cast<const char *>(attribute->name);
-  *old = uri ? findAttribute(element, *uri, name) : findAttribute(element, nodeName(attribute));
+  if (uri)
+    *old = findAttribute(element, *uri, text(attribute->name));
+  // One without a namespace may look the same.
+  if (xmlNode *alike = findAttribute(element, nodeName(attribute));
+      *old == nullptr && alike != nullptr && !(uri && namespaceUri(alike)))
+    *old = alike;
   if (*old != nullptr)
     unlink(*old);
   loose_.erase(attribute);
@@ -213,7 +258,7 @@ HRESULT XmlTree::setAttributeNode(xmlNode *element, xmlNode *attribute, xmlNode 
   for (; *end != nullptr; end = &(*end)->next)
     property->prev = *end;
   *end = property;
-  xmlReconciliateNs(document_, element);
+  bindNamespaces(element);
   return status::kOk;
 }
 
@@ -224,11 +269,69 @@ HRESULT XmlTree::removeAttributeNode(xmlNode *element, xmlNode *attribute) {
   return status::kOk;
 }
 
-void XmlTree::setText(xmlNode *node, const std::string &text) {
+HRESULT XmlTree::setAttribute(xmlNode *element, const std::string *uri,
+                              const std::string &qualifiedName, const std::string &value) {
+  if (!canHold(XML_ATTRIBUTE_NODE, value))
+    return status::kInvalidArgument;
+  if (const auto prefix = declaredPrefix(qualifiedName))
+    return declareNamespace(element, *prefix, value);
+  xmlNode *attribute = uri == nullptr
+                           ? findAttribute(element, qualifiedName)
+                           : findAttribute(element, *uri, splitName(qualifiedName).second);
+  if (attribute == nullptr) {
+    attribute = createAttribute(uri, qualifiedName);
+    if (attribute == nullptr)
+      return status::kInvalidArgument;
+    xmlNode *old = nullptr;
+    setAttributeNode(element, attribute, &old);
+  }
+  return setValue(attribute, value);
+}
+
+HRESULT XmlTree::removeAttribute(xmlNode *element, const std::string *uri,
+                                 const std::string &name) {
+  xmlNode *attribute =
+      uri == nullptr ? findAttribute(element, name) : findAttribute(element, *uri, name);
+  if (attribute != nullptr)
+    return removeAttributeNode(element, attribute);
+  // Names may use what is declared. What is not there need not be removed.
+  const auto prefix = declaredPrefix(name);
+  return prefix && findDeclaration(element, *prefix) != nullptr ? status::kInvalidArgument
+                                                                : status::kOk;
+}
+
+HRESULT XmlTree::setValue(xmlNode *node, const std::string &value) {
+  if (!canHold(node->type, value))
+    return status::kInvalidArgument;
+  if (node->type == XML_ATTRIBUTE_NODE) {
+    // Its first text stays the same node, as somebody may hold it; so do the others, outside.
+    const auto content = childrenOf(node);
+    const bool keepsFirst = !content.empty() && content.front()->type == XML_TEXT_NODE;
+    for (xmlNode *child : content) {
+      if (!keepsFirst || child != content.front())
+        unlink(child);
+    }
+    if (!keepsFirst) {
+      link(node, xmlNewDocText(document_, chars(value)), nullptr);
+      return status::kOk;
+    }
+    node = content.front();
+  }
+  // This sets the text as it is, for these kinds of nodes.
+  xmlNodeSetContent(node, chars(value));
+  return status::kOk;
+}
+
+HRESULT XmlTree::setText(xmlNode *node, const std::string &text) {
+  if (nodeValue(node))
+    return setValue(node, text);
+  if (!canHold(XML_TEXT_NODE, text) || !canHaveChildren(node) || node->type == XML_DOCUMENT_NODE)
+    return status::kInvalidArgument;
   for (xmlNode *child : childrenOf(node))
     unlink(child);
   if (!text.empty())
     link(node, xmlNewDocText(document_, chars(text)), nullptr);
+  return status::kOk;
 }
 
 void XmlTree::normalize(xmlNode *node) {
