@@ -7,9 +7,12 @@
 #include <abi/Windows.Data.Xml.Dom.abi.h>
 #include <abi/Windows.Foundation.Metadata.abi.h>
 #include <abi/Windows.Foundation.abi.h>
+#include <abi/Windows.Storage.Streams.abi.h>
 #include <abi/Windows.System.Profile.abi.h>
 #include <abi/Windows.System.UserProfile.abi.h>
 #include <abi/Windows.UI.Xaml.abi.h>
+
+#include <thread>
 
 namespace wrt::test {
 namespace {
@@ -85,6 +88,12 @@ void selecting() {
   int type = 0;
   found->get_NodeType(&type);
   EXPECT_EQ(1, type);
+
+  ComPtr<abi::IXmlAttribute> lone;
+  ComPtr<abi::IXmlNodeList> before;
+  doc.document->CreateAttribute(text("k").get(), lone.put());
+  EXPECT_EQ(0, lone.as<abi::IXmlNodeSelector>()->SelectNodes(text("preceding::node()").get(),
+                                                             before.put()));
 }
 
 void editing() {
@@ -112,6 +121,21 @@ void editing() {
   Document other;
   EXPECT_EQ(kInvalid, append(root.get(), other.element("c").get())) << "of another document";
   EXPECT_FALSE(doc.element("1 2"));
+  EXPECT_EQ(kInvalid, append(root.get(), doc.document.get())) << "the document goes nowhere";
+
+  // The document's element can be replaced, and a node of an attribute outlives its value.
+  ComPtr<abi::IXmlNode> replaced, value;
+  ComPtr<abi::IXmlAttribute> attribute;
+  root->GetAttributeNode(text("k").get(), attribute.put());
+  attribute.as<abi::IXmlNode>()->get_FirstChild(value.put());
+  root->SetAttribute(text("k").get(), text("new").get());
+  EXPECT_EQ("new", Document::xmlOf(value));
+  const auto fresh = doc.element("fresh");
+  EXPECT_EQ(0, doc.node->ReplaceChild(fresh.as<abi::IXmlNode>().get(),
+                                      root.as<abi::IXmlNode>().get(), replaced.put()));
+  EXPECT_EQ("<fresh/>", doc.xml());
+  EXPECT_EQ(0, doc.node->ReplaceChild(root.as<abi::IXmlNode>().get(),
+                                      fresh.as<abi::IXmlNode>().get(), replaced.put()));
 
   ComPtr<abi::IXmlNode> removed;
   EXPECT_EQ(0, doc.node->RemoveChild(root.as<abi::IXmlNode>().get(), removed.put()));
@@ -129,6 +153,83 @@ void editing() {
   EXPECT_EQ(kInvalid, split->SplitText(3, rest.put()));
 }
 
+// What could not be written is refused, and leaves everything as it was.
+void unwritable() {
+  Document doc;
+  ASSERT_EQ(0, doc.load("<a k='v'><!--c--><?p d?><![CDATA[t]]>x</a>"));
+  const std::string before = doc.xml();
+  const auto put = [&](const char *xpath, std::u16string_view content) {
+    ComPtr<abi::IXmlNode> node;
+    doc.node.as<abi::IXmlNodeSelector>()->SelectSingleNode(text(xpath).get(), node.put());
+    return node.as<abi::IXmlNodeSerializer>()->put_InnerText(StringHolder(content).get());
+  };
+  EXPECT_EQ(kInvalid, put("/a/comment()", u"a--b"));
+  EXPECT_EQ(kInvalid, put("/a/comment()", u"-"));
+  EXPECT_EQ(kInvalid, put("/a/processing-instruction()", u"?>"));
+  EXPECT_EQ(kInvalid, put("/a/text()[1]", u"]]>"));
+  for (const std::u16string_view bad :
+       {std::u16string_view(u"a\0b", 3), std::u16string_view(u"\x1B"),
+        std::u16string_view(u"\xFFFF"), std::u16string_view(u"\xD800")}) {
+    EXPECT_EQ(kInvalid, put("/a", bad));
+    EXPECT_EQ(kInvalid, put("/a/@k", bad));
+  }
+  ComPtr<abi::IXmlProcessingInstruction> instruction;
+  EXPECT_EQ(kInvalid, doc.document->CreateProcessingInstruction(text("XML").get(), nullptr,
+                                                                instruction.put()));
+  EXPECT_EQ(before, doc.xml());
+
+  // Namespaces are declared where they are needed, and said as attributes.
+  ComPtr<abi::IXmlElement> root;
+  StringHolder said;
+  doc.document->get_DocumentElement(root.put());
+  EXPECT_EQ(0, root->SetAttribute(text("xmlns:n").get(), text("a&b").get()));
+  EXPECT_EQ(0, root->GetAttribute(text("xmlns:n").get(), said.put()));
+  EXPECT_EQ("a&b", utf8(said));
+  EXPECT_NE(std::string::npos, doc.xml().find("<a xmlns:n=\"a&#38;b\" k="));
+  EXPECT_EQ(0, doc.load(doc.xml()));
+  EXPECT_EQ(kInvalid, root->SetAttribute(text("xmlns:n").get(), text("other").get()));
+}
+
+void identifiers() {
+  Document doc;
+  ASSERT_EQ(0, doc.load("<!DOCTYPE a [<!ATTLIST b i ID #IMPLIED>]><a><b i='1'/></a>"));
+  const auto found = [&](const char *id) {
+    ComPtr<abi::IXmlElement> element;
+    doc.document->GetElementById(text(id).get(), element.put());
+    return element;
+  };
+  const auto b = found("1");
+  ASSERT_TRUE(b);
+  b->SetAttribute(text("i").get(), text("2").get());
+  EXPECT_FALSE(found("1"));
+  EXPECT_TRUE(found("2"));
+  EXPECT_EQ("<b i=\"2\"/>", doc.first("id('2')"));
+  ComPtr<abi::IXmlElement> root;
+  ComPtr<abi::IXmlNode> removed;
+  doc.document->get_DocumentElement(root.put());
+  root.as<abi::IXmlNode>()->RemoveChild(b.as<abi::IXmlNode>().get(), removed.put());
+  EXPECT_FALSE(found("2"));
+}
+
+// Two threads that import from each other's document.
+void importing() {
+  Document documents[2];
+  for (Document &document : documents)
+    ASSERT_EQ(0, document.load("<a><b/></a>"));
+  const auto import = [&](int to) {
+    for (int i = 0; i < 2000; ++i) {
+      ComPtr<abi::IXmlElement> root;
+      ComPtr<abi::IXmlNode> copy;
+      documents[1 - to].document->get_DocumentElement(root.put());
+      EXPECT_EQ(0,
+                documents[to].document->ImportNode(root.as<abi::IXmlNode>().get(), 1, copy.put()));
+    }
+  };
+  std::thread other(import, 0);
+  import(1);
+  other.join();
+}
+
 void loading() {
   Document doc;
   EXPECT_EQ(static_cast<HRESULT>(0xC00CE558), doc.load(""));
@@ -137,8 +238,33 @@ void loading() {
   ASSERT_EQ(0, doc.load("<?xml version=\"1.0\" encoding=\"utf-16\"?><a>\xC3\xBC</a>"))
       << "the text is text, whatever it says of itself";
   EXPECT_EQ(static_cast<HRESULT>(0xC00CE556), doc.load("<a>&nope</a>"));
+  EXPECT_EQ(static_cast<HRESULT>(0xC00CE556), doc.load("<p:a/>")) << "an unbound prefix";
   EXPECT_EQ("<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>\xC3\xBC</a>", doc.xml())
       << "a failed load changes nothing";
+
+  const auto nested = [](int levels) {
+    std::string xml;
+    for (int i = 0; i < levels; ++i)
+      xml += "<a>";
+    for (int i = 0; i < levels; ++i)
+      xml += "</a>";
+    return xml;
+  };
+  EXPECT_EQ(0, doc.load(nested(2000)));
+  EXPECT_EQ(static_cast<HRESULT>(0xC00CEE81), doc.load(nested(5000)));
+  EXPECT_EQ(0, doc.load("<a k='" + std::string(11 << 20, 'x') + "'>" + std::string(20 << 20, 'y') +
+                        "</a>"));
+
+  // Bytes say what they are.
+  std::string bytes = "<?xml version='1.0' encoding='iso-8859-1'?><a>\xFC</a>";
+  const auto size = static_cast<uint32_t>(bytes.size());
+  const auto buffer = ComPtr<abi::IBuffer>::adopt(
+      static_cast<abi::IBuffer *>(WRTCreateBufferWrappingBytes(bytes.data(), size)));
+  buffer->put_Length(size);
+  EXPECT_EQ(0, doc.document.as<abi::IXmlDocumentIO2>()->LoadXmlFromBuffer(buffer.get()));
+  StringHolder inner;
+  doc.document.as<abi::IXmlNodeSerializer>()->get_InnerText(inner.put());
+  EXPECT_EQ("\xC3\xBC", utf8(inner));
 }
 
 // Nothing outside of the text is read, and entities do not grow without end.
@@ -160,7 +286,8 @@ void entities() {
       bomb += "&e" + std::to_string(i - 1) + ";";
     bomb += "'>";
   }
-  EXPECT_LT(doc.load(bomb + "]><a>&e11;</a>"), 0);
+  for (const char *use : {"]><a>&e11;</a>", "]><a k='&e11;'/>"})
+    EXPECT_EQ(static_cast<HRESULT>(0xC00CEE82), doc.load(bomb + use));
 }
 
 struct UriHolder {
@@ -306,6 +433,9 @@ void preferences() {
 const Cell cells[] = {
     {"xml.document.select.normal", selecting},
     {"xml.document.edit.normal", editing},
+    {"xml.document.edit.unwritable", unwritable},
+    {"xml.document.identifiers.changing", identifiers},
+    {"xml.document.import.other_threads", importing},
     {"xml.document.load.failing", loading},
     {"xml.document.load.entities", entities},
     {"foundation.uri.parts.normal", uris},

@@ -33,6 +33,42 @@ void visitElements(xmlNode *node, Visit visit) {
   }
 }
 
+/// For the time of writing has the names of the namespaces below `node` escaped, which the library
+/// writes as they are.
+class EscapedNamespaces {
+public:
+  explicit EscapedNamespaces(xmlNode *node) { escapeBelow(node); }
+  EscapedNamespaces(const EscapedNamespaces &) = delete;
+  EscapedNamespaces &operator=(const EscapedNamespaces &) = delete;
+  ~EscapedNamespaces() {
+    for (const auto &[space, name] : names_)
+      xmlFree(const_cast<xmlChar *>(std::exchange(space->href, name)));
+  }
+
+private:
+  void escapeBelow(xmlNode *node) {
+    if (node->type == XML_ELEMENT_NODE) {
+      for (xmlNs *space = node->nsDef; space != nullptr; space = space->next)
+        escape(space);
+    }
+    for (xmlNode *child : childrenOf(node))
+      escapeBelow(child);
+  }
+  void escape(xmlNs *space) {
+    const std::string name = text(space->href);
+    if (name.find_first_of("&<>\"\t\n\r") == name.npos)
+      return;
+    std::string escaped;
+    for (const char c : name) {
+      const bool plain = std::string_view("&<>\"\t\n\r").find(c) == std::string_view::npos;
+      escaped += plain ? std::string(1, c) : "&#" + std::to_string(c) + ";";
+    }
+    names_.emplace_back(space, std::exchange(space->href, xmlStrdup(chars(escaped))));
+  }
+
+  std::vector<std::pair<xmlNs *, const xmlChar *>> names_;
+};
+
 /// Makes the library's table of identifiers anew, which does not follow changes.
 void refreshIdentifiers(xmlDoc *document) {
   xmlFreeIDTable(static_cast<xmlIDTable *>(std::exchange(document->ids, nullptr)));
@@ -214,6 +250,7 @@ xmlNode *elementById(xmlNode *document, const std::string &id) {
 }
 
 std::string serialize(xmlNode *node) {
+  const EscapedNamespaces escaped(node);
   const std::unique_ptr<xmlBuffer, decltype(&xmlBufferFree)> buffer(xmlBufferCreate(),
                                                                     xmlBufferFree);
   std::string declaration;

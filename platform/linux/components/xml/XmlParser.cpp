@@ -10,23 +10,32 @@
 namespace wrt::components {
 namespace {
 
-/// How much text may come of a document's references to entities. The library has a limit of its
-/// own, which goes with those of depth and length.
-class ExpansionLimit {
+/// Watches a parser: how much text comes of references to entities, for which the library has a
+/// limit of its own that goes with those of depth and length, and whether prefixes are declared,
+/// which does not keep it from making a document.
+class Watch {
 public:
-  explicit ExpansionLimit(size_t documentSize)
-      : left_(std::max<size_t>(10 * documentSize, 1'000'000)) {}
-
-  bool isExceeded() const { return exceeded_; }
-
-  /// Lets the parser ask this limit for each entity that it comes across.
-  void guard(xmlParserCtxt *context) {
+  Watch(xmlParserCtxt *context, size_t documentSize)
+      : left_(std::max<size_t>(10 * documentSize, 1'000'000)) {
     context->_private = this;
     context->sax->getEntity = [](void *parser, const xmlChar *name) {
       auto *asking = static_cast<xmlParserCtxt *>(parser);
-      return static_cast<ExpansionLimit *>(asking->_private)->find(asking, name);
+      return static_cast<Watch *>(asking->_private)->find(asking, name);
+    };
+    context->sax->serror = [](void *parser, xmlError *error) {
+      auto *watch = static_cast<Watch *>(static_cast<xmlParserCtxt *>(parser)->_private);
+      // A namespace may be called anything. What is within entities is looked up where they are
+      // declared, which is worth a warning to the library.
+      if (error->domain == XML_FROM_NAMESPACE && error->level >= XML_ERR_ERROR &&
+          error->code != XML_WAR_NS_URI)
+        watch->namesAreBound_ = false;
     };
   }
+  Watch(const Watch &) = delete;
+  Watch &operator=(const Watch &) = delete;
+
+  bool isExpansionExceeded() const { return exceeded_; }
+  bool areNamesBound() const { return namesAreBound_; }
 
 private:
   xmlEntity *find(xmlParserCtxt *context, const xmlChar *name) {
@@ -64,6 +73,7 @@ private:
 
   size_t left_;
   bool exceeded_ = false;
+  bool namesAreBound_ = true;
   std::map<const xmlEntity *, size_t> sizes_;
 };
 
@@ -103,32 +113,49 @@ int depthOf(xmlDoc *document) {
   return deepest;
 }
 
+/// The library keeps "&" in the names of namespaces as it was written, unlike in other attributes.
+void decodeNamespaces(xmlNode *node) {
+  if (node->type == XML_ELEMENT_NODE) {
+    for (xmlNs *space = node->nsDef; space != nullptr; space = space->next) {
+      constexpr std::string_view kKept = "&#38;";
+      std::string name = text(space->href);
+      for (size_t at = name.find(kKept); at != name.npos; at = name.find(kKept, at + 1))
+        name.replace(at, kKept.size(), "&");
+      if (name != text(space->href))
+        xmlFree(const_cast<xmlChar *>(std::exchange(space->href, xmlStrdup(chars(name)))));
+    }
+  }
+  for (xmlNode *child : childrenOf(node))
+    decodeNamespaces(child);
+}
+
 } // namespace
 
 HRESULT XmlTree::parse(std::string_view text, bool detect, std::shared_ptr<XmlTree> *tree) {
   if (text.size() > INT32_MAX)
     return status::kOutOfMemory;
   // Entity references stay nodes: substituting them is what would read external ones.
-  constexpr int kOptions =
-      XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_HUGE;
+  constexpr int kOptions = XML_PARSE_NONET | XML_PARSE_HUGE;
   const std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)> context(xmlNewParserCtxt(),
                                                                              xmlFreeParserCtxt);
   if (context == nullptr)
     return status::kOutOfMemory;
-  ExpansionLimit limit(text.size());
-  limit.guard(context.get());
+  const Watch watch(context.get(), text.size());
   std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(
       xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()), nullptr,
                         detect ? nullptr : "UTF-8", kOptions),
       xmlFreeDoc);
-  if (limit.isExceeded())
+  if (watch.isExpansionExceeded())
     return kXmlTooMuchExpansion;
   if (document == nullptr)
     return isBlank(text) ? kXmlMissingRoot : parseStatus(context->errNo);
-  if (context->nsWellFormed == 0) // a prefix without a namespace, say
+  if (!watch.areNamesBound())
     return kXmlInvalid;
   if (depthOf(document.get()) > kMaximumXmlDepth)
     return kXmlTooDeep;
+  auto *top = reinterpret_cast<xmlNode *>(document.get());
+  decodeNamespaces(top);
+  detachReferences(top);
   auto made = std::make_shared<XmlTree>();
   xmlFreeDoc(std::exchange(made->document_, document.release()));
   *tree = std::move(made);

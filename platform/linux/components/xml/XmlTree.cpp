@@ -60,6 +60,11 @@ bool isNCName(const std::string &name) {
   return name != kNoText && xmlValidateNCName(chars(name), 0) == 0;
 }
 
+/// Whether `uri`, null for names that are taken as they are, is none for a name with that prefix.
+bool lacksNamespace(const std::string *uri, const std::string &prefix) {
+  return uri != nullptr && (*uri == kNoText || (uri->empty() && !prefix.empty()));
+}
+
 void freeLoose(xmlNode *node) {
   if (node->type == XML_ATTRIBUTE_NODE)
     xmlFreeProp(reinterpret_cast<xmlAttr *>(node));
@@ -68,6 +73,15 @@ void freeLoose(xmlNode *node) {
 }
 
 } // namespace
+
+void detachReferences(xmlNode *node) {
+  if (node->type == XML_ENTITY_REF_NODE)
+    node->children = node->last = nullptr;
+  for (xmlNode *attribute : attributesOf(node))
+    detachReferences(attribute);
+  for (xmlNode *child : childrenOf(node))
+    detachReferences(child);
+}
 
 XmlTree::XmlTree() : document_(xmlNewDoc(chars("1.0"))) { document_->standalone = kNoDeclaration; }
 
@@ -85,7 +99,7 @@ xmlNode *XmlTree::adopt(xmlNode *node) {
 
 xmlNode *XmlTree::createElement(const std::string *uri, const std::string &qualifiedName) {
   const auto [prefix, name] = splitName(qualifiedName);
-  if (!isName(qualifiedName) || prefix == "xmlns" || (uri != nullptr && *uri == kNoText))
+  if (!isName(qualifiedName) || prefix == "xmlns" || lacksNamespace(uri, prefix))
     return nullptr;
   if (uri == nullptr || uri->empty())
     return adopt(xmlNewDocNode(document_, nullptr, chars(qualifiedName), nullptr));
@@ -98,8 +112,7 @@ xmlNode *XmlTree::createElement(const std::string *uri, const std::string &quali
 
 xmlNode *XmlTree::createAttribute(const std::string *uri, const std::string &qualifiedName) {
   const auto [prefix, name] = splitName(qualifiedName);
-  if (!isName(qualifiedName) || declaredPrefix(qualifiedName) ||
-      (uri != nullptr && *uri == kNoText))
+  if (!isName(qualifiedName) || declaredPrefix(qualifiedName) || lacksNamespace(uri, prefix))
     return nullptr;
   if (uri == nullptr || uri->empty())
     return adopt(
@@ -139,7 +152,9 @@ xmlNode *XmlTree::createProcessingInstruction(const std::string &target, const s
 xmlNode *XmlTree::createEntityReference(const std::string &name) {
   if (!isNCName(name))
     return nullptr;
-  return adopt(xmlNewReference(document_, chars(name)));
+  xmlNode *reference = xmlNewReference(document_, chars(name));
+  detachReferences(reference);
+  return adopt(reference);
 }
 
 xmlNode *XmlTree::createFragment() { return adopt(xmlNewDocFragment(document_)); }
@@ -156,6 +171,7 @@ xmlNode *XmlTree::copy(xmlNode *node, bool deep) {
   }
   // 1 copies everything, 2 an element with its attributes alone.
   xmlNode *copied = xmlDocCopyNode(node, document_, deep ? 1 : 2);
+  detachReferences(copied);
   bindNamespaces(copied);
   return adopt(copied);
 }
@@ -275,6 +291,8 @@ HRESULT XmlTree::setAttribute(xmlNode *element, const std::string *uri,
     return status::kInvalidArgument;
   if (const auto prefix = declaredPrefix(qualifiedName))
     return declareNamespace(element, *prefix, value);
+  if (lacksNamespace(uri, splitName(qualifiedName).first))
+    return status::kInvalidArgument;
   xmlNode *attribute = uri == nullptr
                            ? findAttribute(element, qualifiedName)
                            : findAttribute(element, *uri, splitName(qualifiedName).second);

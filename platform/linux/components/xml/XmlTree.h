@@ -99,6 +99,10 @@ private:
   std::set<xmlNode *> loose_;
 };
 
+/// Lets the references to entities in `node` and below no longer point at their entities: from
+/// there an XPath search would come into the DTD, from the DTD back to the reference, and so on.
+void detachReferences(xmlNode *node);
+
 /// What can be asked of a node without its tree. Names are qualified names.
 std::string nodeName(const xmlNode *node);
 std::optional<std::string> namespaceUri(const xmlNode *node);
