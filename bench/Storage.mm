@@ -14,12 +14,14 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -59,10 +61,10 @@ BENCHMARK(copy)->Name("memcpy (MiB)")->Arg(1)->Arg(64)->UseRealTime();
 /// A folder with as many small files, which goes away when the program ends.
 class FolderOfFiles {
 public:
-  FolderOfFiles() {
+  explicit FolderOfFiles(int count) {
     std::string name = std::filesystem::temp_directory_path() / "storage-bench-XXXXXX";
     path = mkdtemp(name.data());
-    for (int i = 0; i < kFiles; ++i)
+    for (int i = 0; i < count; ++i)
       std::ofstream(path / ("file " + std::to_string(i) + ".txt")) << 'x';
   }
   ~FolderOfFiles() {
@@ -74,7 +76,7 @@ public:
 };
 
 const std::filesystem::path &folderOfFiles() {
-  static const FolderOfFiles folder;
+  static const FolderOfFiles folder(kFiles);
   return folder.path;
 }
 
@@ -119,7 +121,45 @@ void listByBridges(benchmark::State &state) {
   }
   [path release];
 }
-BENCHMARK(listByBridges)->Name("2000 files by the bridges")->UseRealTime();
+BENCHMARK(listByBridges)->Name("2000 files by the bridges")->MeasureProcessCPUTime()->UseRealTime();
+
+/// What of the process is in memory.
+size_t residentBytes() {
+  size_t whole = 0, resident = 0;
+  std::ifstream("/proc/self/statm") >> whole >> resident;
+  return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+}
+
+/// The files of a folder with a great many, as objects, and the memory that the list takes.
+void listMany(benchmark::State &state) {
+  const auto count = static_cast<int>(state.range(0));
+  const FolderOfFiles made(count);
+  double most = 0;
+  NSString *path = [[NSString alloc] initWithUTF8String:made.path.c_str()];
+  for (auto _ : state) {
+    @autoreleasepool {
+      const size_t before = residentBytes();
+      WRTStorageFolderBridge *folder =
+          [wait([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:nullptr])
+              getResultsWithError:nullptr];
+      id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files =
+          [wait([folder getFilesAsyncOverloadDefaultOptionsStartAndCountWithError:nullptr])
+              getResultsWithError:nullptr];
+      if ([files getSizeWithError:nullptr] != static_cast<unsigned>(count))
+        state.SkipWithError("not all files were found");
+      most = std::max(most, static_cast<double>(residentBytes()) - static_cast<double>(before));
+    }
+  }
+  state.counters["bytes/file"] = most / count;
+  [path release];
+}
+BENCHMARK(listMany)
+    ->Name("getFiles (files)")
+    ->Arg(100'000)
+    ->Iterations(5)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
 
 void listByWalk(benchmark::State &state) {
   for (auto _ : state) {
@@ -133,7 +173,7 @@ void listByWalk(benchmark::State &state) {
       state.SkipWithError("not all files were found");
   }
 }
-BENCHMARK(listByWalk)->Name("2000 files by a walk")->UseRealTime();
+BENCHMARK(listByWalk)->Name("2000 files by a walk")->MeasureProcessCPUTime()->UseRealTime();
 
 } // namespace
 

@@ -22,7 +22,7 @@ public:
       const HRESULT status = find(folder, options, &files);
       if (status >= 0)
         list = makeList<FileRef>(files, start, count,
-                                 [](const Listed &file) { return makeFile(file.path); });
+                                 [](Listed &file) { return makeFile(std::move(file.path)); });
       return status;
     });
   }

@@ -99,7 +99,7 @@ public:
       const HRESULT status = findFiles(path, wanted, &files);
       if (status >= 0)
         list = makeList<FileRef>(files, start, count,
-                                 [](const Listed &file) { return makeFile(file.path); });
+                                 [](Listed &file) { return makeFile(std::move(file.path)); });
       return status;
     });
   }
@@ -123,8 +123,8 @@ public:
           const HRESULT status = listFolder(path, &items);
           std::erase_if(items, [](const Listed &item) { return item.kind != ItemKind::kFolder; });
           if (status >= 0)
-            list = makeList<FolderRef>(items, start, count,
-                                       [](const Listed &item) { return makeFolder(item.path); });
+            list = makeList<FolderRef>(
+                items, start, count, [](Listed &item) { return makeFolder(std::move(item.path)); });
           return status;
         });
   }

@@ -16,6 +16,12 @@ public:
     std::lock_guard lock(mutex_);
     return path_;
   }
+  /// Answers from the path without a copy of it; `use` runs under the lock.
+  template <class Use>
+  auto with(Use use) const {
+    std::lock_guard lock(mutex_);
+    return use(path_);
+  }
   void set(Path path) {
     std::lock_guard lock(mutex_);
     path_ = std::move(path);
@@ -55,14 +61,16 @@ public:
   GetBasicPropertiesAsync(abi::IAsyncOperation__1_WRTBasicProperties_P **result) override {
     return answerAsync<BasicPropertiesRef>(result, [&](ComPtr<abi::IBasicProperties> &properties) {
       ItemFacts facts;
-      const HRESULT status = readFacts(path(), &facts);
+      const HRESULT status = path_->with([&](const Path &own) { return readFacts(own, &facts); });
       if (status >= 0)
         properties = makeBasicProperties(facts);
       return status;
     });
   }
 
-  HRESULT WRT_ABI get_Name(HSTRING *name) override { return text(path().filename(), name); }
+  HRESULT WRT_ABI get_Name(HSTRING *name) override {
+    return path_->with([&](const Path &own) { return text(own.filename(), name); });
+  }
   HRESULT WRT_ABI get_Path(HSTRING *result) override { return text(path(), result); }
   HRESULT WRT_ABI get_Attributes(int *attributes) override {
     return facts(attributes, [](const ItemFacts &facts) {

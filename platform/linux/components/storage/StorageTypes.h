@@ -50,11 +50,13 @@ HRESULT notImplemented(Results **...results) {
   return status::kNotImplemented;
 }
 
-/// The objects for listed items, from `start` on and at most `count`.
+/// The objects for listed items, from `start` on and at most `count`. `make` may take the paths.
 template <class T, class Make>
-ComPtr<IVectorView<T>> makeList(const std::vector<Listed> &listed, uint32_t start, uint32_t count,
+ComPtr<IVectorView<T>> makeList(std::vector<Listed> &listed, uint32_t start, uint32_t count,
                                 Make make) {
   Items<T> items;
+  if (start < listed.size())
+    items.reserve(std::min<size_t>(count, listed.size() - start));
   for (size_t i = start; i < listed.size() && items.size() < count; ++i)
     items.push_back(make(listed[i]));
   return implement::make<VectorView<T>>(std::move(items));
