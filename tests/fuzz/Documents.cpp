@@ -313,7 +313,7 @@ private:
     const std::u16string xml = xmlOf(document);
     ComPtr<abi::IXmlElement> root;
     document.as<abi::IXmlDocument>()->get_DocumentElement(root.put());
-    // Prefixes without a namespace stand as they were given, entities as long as they are declared.
+    // References need a document type that declares their entities.
     const auto has = [&](std::u16string_view part) { return xml.find(part) != xml.npos; };
     if (!root || (!has(u"<!DOCTYPE") && (has(u"&e;") || has(u"&f;"))))
       return;
