@@ -12,7 +12,7 @@ extern "C" WRT_DLLEXPORT NSString *WRTHSTRINGToCFString(HSTRING string) {
   const std::u16string_view text = wrt::viewOf(string);
   NSString *result =
       [[WRT_CLASS(NSString) alloc] initWithCharacters:reinterpret_cast<const unichar *>(text.data())
-                                    length:text.size()];
+                                               length:text.size()];
   if ([result length] == text.size())
     return result;
   // GNUstep gives nil for units that are no text and leaves a leading byte order mark out.
