@@ -36,13 +36,14 @@ endif()
 # the same Objective-C ABI and the same 32-bit layouts as the product's, in another object format.
 if(NOT WRT_SANITIZE)
   enable_language(ASM)
+  set(doubles ${PROJECT_SOURCE_DIR}/platform/arm/doubles)
   file(GLOB i386_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.mm
-    ${PROJECT_SOURCE_DIR}/marshal/*.mm doubles/zorvex/*.mm doubles/zorvex/*.cpp
-    doubles/bridge/*.cpp doubles/util/*.mm doubles/log/*.mm)
+    ${PROJECT_SOURCE_DIR}/marshal/*.mm ${doubles}/zorvex/*.mm ${doubles}/zorvex/*.cpp
+    ${doubles}/bridge/*.cpp ${doubles}/util/*.mm ${doubles}/log/*.mm)
   # What is written in terms of generated bridges needs the catalogue.
   list(REMOVE_ITEM i386_sources ${PROJECT_SOURCE_DIR}/core/WRTBufferConversions.mm)
-  add_executable(windows_i386_tests ${i386_sources} doubles/zorvex/MessageSendI386.S
-    sample/Sample.mm arm/SampleTest.mm i386/Main.cpp)
+  add_executable(windows_i386_tests ${i386_sources} ${doubles}/zorvex/MessageSendI386.S
+    sample/Sample.mm sample/SampleNames.cpp i386/SampleTest.mm i386/Main.cpp)
   target_compile_features(windows_i386_tests PRIVATE cxx_std_20)
   target_compile_definitions(windows_i386_tests PRIVATE WRT_BUILDING_BRIDGE)
   target_include_directories(windows_i386_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}

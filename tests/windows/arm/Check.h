@@ -1,14 +1,14 @@
 #ifndef WRT_TESTS_CHECK_H
 #define WRT_TESTS_CHECK_H
 
-#include "doubles/Host.h"
-#include "doubles/bridge/Bridge.h"
-#include "doubles/zorvex/Runtime.h"
+#include "platform/arm/doubles/Host.h"
+#include "platform/arm/doubles/bridge/Bridge.h"
+#include "platform/arm/doubles/zorvex/Runtime.h"
 
 #include <WRTAbi.h>
 
 /// Records one check under its own text.
-#define CHECK(...) testReport(#__VA_ARGS__, (__VA_ARGS__) ? 1 : 0)
+#define CHECK(...) hostReport(#__VA_ARGS__, (__VA_ARGS__) ? 1 : 0)
 
 extern "C" {
 // What the doubles tell beside the platform's own functions (doubles/log, doubles/bridge).

@@ -22,7 +22,7 @@ struct FakeObject {
   explicit FakeObject(const GUID &iid) : functions(&table), iid(iid) {
     auto *slots = reinterpret_cast<void (**)()>(&table);
     for (unsigned i = 0; i < sizeof(Table) / sizeof *slots; ++i)
-      slots[i] = [] { testEnd("a slot is called that no test expects"); };
+      slots[i] = [] { hostEnd("a slot is called that no test expects"); };
     slots[0] = reinterpret_cast<void (*)()>(queryInterface);
     slots[1] = reinterpret_cast<void (*)()>(addReference);
     slots[2] = reinterpret_cast<void (*)()>(release);

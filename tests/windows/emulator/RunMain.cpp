@@ -2,8 +2,8 @@
 //
 // Loads the DLLs in order into an emulated process, attaches each, calls the FUNCTIONs, exports of
 // the last one, and detaches the DLLs in reverse order. The functions tell the host what they
-// checked by `testReport(name, passed)`; one that is to end the program says so before by
-// `testExpectEnd(message)`. Whether each DLL takes its image from the runtime again when it is
+// checked by `hostReport(name, passed)`; one that is to end the program says so before by
+// `hostExpectEnd(message)`. Whether each DLL takes its image from the runtime again when it is
 // detached is checked here. Every check that failed is printed, and a summary at the end. Exit
 // status: 0 when there were checks and all passed, 1 otherwise, 2 for wrong usage.
 #include "Process.h"
@@ -23,18 +23,18 @@ class Run {
 public:
   Run() {
     Machine &machine = process_.machine();
-    machine.define("testReport", [this](const HostCall &call) -> std::uint32_t {
+    machine.define("hostReport", [this](const HostCall &call) -> std::uint32_t {
       check(call[1] != 0, call.machine().readString(call[0]));
       return 0;
     });
-    machine.define("testLog", [](const HostCall &call) -> std::uint32_t {
+    machine.define("hostLog", [](const HostCall &call) -> std::uint32_t {
       std::cout << call.machine().readString(call[0]) << '\n';
       return 0;
     });
-    machine.define("testEnd", [](const HostCall &call) -> std::uint32_t {
+    machine.define("hostEnd", [](const HostCall &call) -> std::uint32_t {
       throw Ended(call.machine().readString(call[0]));
     });
-    machine.define("testExpectEnd", [this](const HostCall &call) -> std::uint32_t {
+    machine.define("hostExpectEnd", [this](const HostCall &call) -> std::uint32_t {
       expectedEnd_ = call.machine().readString(call[0]);
       return 0;
     });

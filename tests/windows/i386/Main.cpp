@@ -1,5 +1,5 @@
 // The host of the tests when they run natively: reports as the emulator does, without one.
-#include "doubles/Host.h"
+#include "platform/arm/doubles/Host.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -15,7 +15,7 @@ extern "C" {
 
 void runTests();
 
-void testReport(const char *name, int passed) {
+void hostReport(const char *name, int passed) {
   ++checks;
   if (passed)
     return;
@@ -23,9 +23,9 @@ void testReport(const char *name, int passed) {
   std::printf("FAILED %s\n", name);
 }
 
-void testLog(const char *text) { std::puts(text); }
+void hostLog(const char *text) { std::puts(text); }
 
-void testEnd(const char *message) {
+void hostEnd(const char *message) {
   std::printf("FAILED: %s\n", message);
   std::exit(1);
 }

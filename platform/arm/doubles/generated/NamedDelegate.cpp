@@ -1,0 +1,28 @@
+#include "platform/arm/doubles/generated/NamedDelegate.h"
+
+#include "platform/arm/doubles/bridge/Delegate.h"
+
+#include <cstddef>
+
+namespace {
+
+const char *lastFactory = "";
+
+static_assert(offsetof(Delegate, block) == 24);
+
+/// Every delegate's Invoke: the block takes the delegate's place in the first register and the
+/// other arguments stay where they are, whatever they are. A block's function is its fourth word.
+[[gnu::naked]] HRESULT invokeBlock() {
+  asm("ldr r0, [r0, #24]\n"
+      "ldr r12, [r0, #12]\n"
+      "bx r12\n");
+}
+
+} // namespace
+
+void *makeNamedDelegate(void *block, const char *factory) {
+  lastFactory = factory;
+  return makeDelegate(block, reinterpret_cast<void *>(invokeBlock));
+}
+
+const char *testLastFactory() { return lastFactory; }
