@@ -17,6 +17,7 @@ constexpr std::uint32_t kHeapSize = 32 << 20;
 // Windows 10 SDK 10.0.16299.0, winnt.h.
 constexpr std::uint32_t kPageReadOnly = 0x02;
 constexpr std::uint32_t kPageReadWrite = 0x04;
+constexpr std::uint32_t kPageWriteCopy = 0x08;
 constexpr std::uint32_t kPageExecuteRead = 0x20;
 constexpr std::uint32_t kPageExecuteReadWrite = 0x40;
 
@@ -50,10 +51,11 @@ void setWord(std::vector<std::uint8_t> &memory, pe::Rva at, std::uint32_t value)
   std::memcpy(&memory.at(at), &value, sizeof value);
 }
 
+/// As Windows maps an image: its data is shared with other processes until it is written.
 std::uint32_t protectionOf(const pe::Section &section) {
   if (section.isExecutable())
     return section.isWritable() ? kPageExecuteReadWrite : kPageExecuteRead;
-  return section.isWritable() ? kPageReadWrite : kPageReadOnly;
+  return section.isWritable() ? kPageWriteCopy : kPageReadOnly;
 }
 
 } // namespace
@@ -125,7 +127,8 @@ std::uint32_t Process::protection(Address address) const {
 
 void Process::setProtection(Address address, std::uint32_t size, std::uint32_t protection) {
   const bool execute = protection == kPageExecuteRead || protection == kPageExecuteReadWrite;
-  const bool write = protection == kPageReadWrite || protection == kPageExecuteReadWrite;
+  const bool write = protection == kPageReadWrite || protection == kPageWriteCopy ||
+                     protection == kPageExecuteReadWrite;
   machine_.protect(address, size, write, execute);
   for (Address page = address; page < address + size; page += Machine::kPageSize)
     protections_[page] = protection;

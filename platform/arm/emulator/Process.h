@@ -65,12 +65,22 @@ public:
   bool hasKernel = true;
   bool hasGetModuleInformation = true;
   bool hasMemory = true;
+  bool allowsProtect = true;
   /// The names under which `GetModuleHandleW` finds no module although it is loaded.
   std::set<std::string> hiddenModules;
+  /// What `GetProcAddress` answers for a name whatever the module exports.
+  std::map<std::string, Address> replacedExports;
   /// The exports of the main program.
   std::map<std::string, Address> programExports;
   /// The functions of the host in the order of their calls.
   std::vector<std::string> calls;
+  /// What `VirtualProtect` was asked for.
+  struct ProtectCall {
+    Address address;
+    std::uint32_t size;
+    std::uint32_t protection;
+  };
+  std::vector<ProtectCall> protectCalls;
 
 private:
   Address resolve(const std::string &library, const std::string &name);

@@ -80,6 +80,9 @@ private:
     const Module *module = process_.moduleAt(call[0]);
     if (!module || module->base != call[0])
       throw Fault(pe::join("GetProcAddress of module ", pe::Hex{call[0]}));
+    if (const auto found = process_.replacedExports.find(name);
+        found != process_.replacedExports.end())
+      return found->second;
     return module->find(name);
   }
 
@@ -116,6 +119,9 @@ private:
   }
 
   std::uint32_t virtualProtect(const HostCall &call) {
+    process_.protectCalls.push_back({call[0], call[1], call[2]});
+    if (!process_.allowsProtect)
+      return 0;
     machine_.writeWord(call[3], process_.protection(call[0]));
     process_.setProtection(call[0], call[1], call[2]);
     return 1;

@@ -1,10 +1,13 @@
 // startuptests IMAGE MAP DLL...: start-up as ARM code, in an image that the DLLs are loaded before.
 #include "FixupTable.h"
+#include "Metadata.h"
 #include "Process.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 namespace wrt::emulator {
@@ -109,6 +112,110 @@ TEST_F(StartUp, PatchesTheImageAndRegistersIt) {
   const std::vector<std::string> end(process.calls.end() - 3, process.calls.end());
   EXPECT_EQ(end,
             (std::vector<std::string>{"free", "GetModuleHandleW zorvex.dll", "GetProcAddress"}));
+}
+
+/// Writable data of an image is copied when it is written: all of it has to be opened first.
+TEST_F(StartUp, OpensEveryPageThatItWritesAndClosesIt) {
+  ASSERT_TRUE(process.attach(*module));
+  ASSERT_FALSE(process.protectCalls.empty());
+  ASSERT_EQ(process.protectCalls.size() % 2, 0u);
+  std::set<Address> opened;
+  for (std::size_t i = 0; i < process.protectCalls.size(); i += 2) {
+    const Process::ProtectCall &open = process.protectCalls[i];
+    const Process::ProtectCall &close = process.protectCalls[i + 1];
+    EXPECT_EQ(open.protection, 0x40u); // PAGE_EXECUTE_READWRITE
+    EXPECT_EQ(close.protection, protections.at(open.address));
+    EXPECT_EQ(std::pair(close.address, close.size), std::pair(open.address, open.size));
+    for (Address page = open.address; page < open.address + open.size; page += Machine::kPageSize)
+      opened.insert(page);
+  }
+  for (const pe::FixupRecord &each : table)
+    EXPECT_TRUE(opened.count(module->address(each.target) & ~(Machine::kPageSize - 1)));
+}
+
+TEST_F(StartUp, PatchesNothingWhenPagesCannotBeOpened) {
+  process.hiddenModules = {"zorvex.dll"};
+  process.allowsProtect = false;
+  ASSERT_TRUE(process.attach(*module));
+  EXPECT_EQ(patchedCount(), 0u);
+  EXPECT_EQ(process.protections(), protections);
+}
+
+/// The runtime is told of every list that the compiler wrote and of the module's base, when all is
+/// in place; the table is applied before the strings get their class.
+TEST_F(StartUp, HandsEverythingToTheRuntimeInOrder) {
+  const pe::Section &lists = *module->image.findSection("objclist");
+  const pe::Rva strings = section("cfstring");
+  const Address stringClass =
+      process.findModule("zorvex.dll")->find("__CFConstantStringClassReference");
+  machine().define("free", [&](const HostCall &) -> std::uint32_t {
+    EXPECT_EQ(patchedCount(), table.size());
+    EXPECT_NE(wordAt(strings), stringClass);
+    return 0;
+  });
+  std::vector<std::set<Address>> handed;
+  machine().define("load", [&](const HostCall &call) -> std::uint32_t {
+    EXPECT_EQ(wordAt(strings), stringClass);
+    EXPECT_EQ(call[0], module->address(section("objcinfo")));
+    EXPECT_EQ(call[1], module->base);
+    EXPECT_EQ(machine().readWord(call[0]) | machine().readWord(call[0] + 4), 0u);
+    std::size_t words = 0;
+    for (Address field = call[0] + 8; field < call[0] + 72; field += 8) {
+      const Address end = machine().readWord(field + 4);
+      handed.emplace_back();
+      for (Address entry = machine().readWord(field); entry < end; entry += 4) {
+        EXPECT_TRUE(lists.contains(entry - module->base));
+        if (const Address word = machine().readWord(entry))
+          handed.back().insert(word), ++words;
+      }
+    }
+    // No word of the lists is left out or told twice.
+    for (pe::Rva at = lists.rva; at < lists.rva + lists.virtualSize; at += 4)
+      words -= wordAt(at) != 0;
+    EXPECT_EQ(words, 0u);
+    return 0;
+  });
+  process.replacedExports["__objc_image_load"] = machine().hostFunction("load");
+  ASSERT_TRUE(process.attach(*module));
+  ASSERT_EQ(handed.size(), 8u);
+
+  // Each list has what it is for.
+  const auto &classes = handed[0], &eager = handed[1], &categories = handed[2],
+             &protocols = handed[3], &classUses = handed[4], &superUses = handed[5],
+             &selectors = handed[6], &protocolUses = handed[7];
+  std::set<Address> exported;
+  std::set<Address> elsewhere;
+  for (const pe::Export &each : module->image.exports())
+    if (each.name.starts_with("OBJC_CLASS_$_"))
+      exported.insert(module->address(each.rva));
+  for (const pe::Import &each : module->image.imports())
+    if (each.name.starts_with("OBJC_CLASS_$_"))
+      elsewhere.insert(wordAt(each.slot));
+  EXPECT_EQ(classes, exported);
+  // Two lists are empty: they can be told apart by their places alone.
+  EXPECT_TRUE(eager.empty() && categories.empty());
+  const pe::Rva info = section("objcinfo");
+  for (const auto &[field, name] : {std::pair{16u, "nonLazyClasses"}, {24u, "categories"}}) {
+    const auto bound = "wrt::startup::(anonymous namespace)::" + std::string(name);
+    EXPECT_EQ(wordAt(info + field), module->address(findInMap(bound + "Begin")) + 4) << name;
+    EXPECT_EQ(wordAt(info + field + 4), module->address(findInMap(bound + "End"))) << name;
+  }
+  const pe::Metadata metadata = pe::Metadata::read(module->image);
+  std::set<std::string> names;
+  for (const Address each : protocols)
+    names.insert(machine().readString(machine().readWord(each + 4)));
+  EXPECT_EQ(names.size(), metadata.protocols.size());
+  EXPECT_TRUE(names.count("WRTIUnknownBridge") && names.count("WRTTestInterfaceBridge"));
+  EXPECT_TRUE(std::ranges::includes(protocols, protocolUses));
+  EXPECT_FALSE(superUses.empty());
+  EXPECT_TRUE(std::ranges::includes(classes, superUses));
+  EXPECT_FALSE(classUses.empty());
+  for (const Address each : classUses)
+    EXPECT_TRUE(classes.count(each) || elsewhere.count(each));
+  names.clear();
+  for (const Address each : selectors)
+    names.insert(machine().readString(each));
+  EXPECT_TRUE(names.count("bridgeTransfer:") && names.count("queryInterfaceWithGUID:error:"));
 }
 
 TEST_F(StartUp, RunsOnce) {
