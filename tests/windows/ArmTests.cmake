@@ -28,3 +28,5 @@ add_test(NAME windows.product.size COMMAND sizereport check ${product} ${product
 add_test(NAME windows.product.code COMMAND methodcode check ${product} ${product_map}
   ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt)
 add_test(NAME windows.images COMMAND imagetests ${product} ${WRT_CATALOGUE} $<TARGET_FILE:fixuptable>)
+add_test(NAME windows.product.calls
+  COMMAND armcalls check ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product})

@@ -4,8 +4,10 @@
 
 #include <unicorn/unicorn.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 namespace wrt::emulator {
 
@@ -23,6 +25,21 @@ constexpr std::uint64_t kTimeLimit = 60'000'000; // microseconds
 
 constexpr std::array kArgumentRegisters{UC_ARM_REG_R0, UC_ARM_REG_R1, UC_ARM_REG_R2, UC_ARM_REG_R3};
 
+int coreRegister(std::size_t index) {
+  switch (index) {
+  case Registers::kStack:
+    return UC_ARM_REG_SP;
+  case Registers::kLink:
+    return UC_ARM_REG_LR;
+  case Registers::kProgram:
+    return UC_ARM_REG_PC;
+  default:
+    return UC_ARM_REG_R0 + static_cast<int>(index);
+  }
+}
+
+int singleRegister(std::size_t index) { return UC_ARM_REG_S0 + static_cast<int>(index); }
+
 } // namespace
 
 /// What the emulator calls.
@@ -30,9 +47,17 @@ struct MachineHooks {
   static void atStub(uc_engine *, std::uint64_t address, std::uint32_t, void *machine) {
     static_cast<Machine *>(machine)->atHostFunction(static_cast<Address>(address));
   }
+  static void atInstruction(uc_engine *, std::uint64_t, std::uint32_t, void *machine) {
+    ++static_cast<Machine *>(machine)->instructions_;
+  }
 };
 
 std::uint32_t HostCall::operator[](std::uint32_t index) const { return machine_.argument(index); }
+
+void HostCall::continueIn(Address function, std::uint32_t argument) const {
+  machine_.next_ = function;
+  machine_.check(uc_reg_write(machine_.engine_, UC_ARM_REG_R0, &argument), "argument");
+}
 
 Machine::Machine() {
   check(uc_open(UC_ARCH_ARM, UC_MODE_THUMB, &engine_), "uc_open");
@@ -123,15 +148,45 @@ void Machine::define(const std::string &name, HostFunction function) {
 }
 
 std::uint32_t Machine::call(Address function, const std::vector<std::uint32_t> &arguments) {
-  if (arguments.size() > kArgumentRegisters.size())
-    throw std::invalid_argument("calls from the host take at most four arguments");
-  for (std::size_t i = 0; i < arguments.size(); ++i)
-    check(uc_reg_write(engine_, kArgumentRegisters[i], &arguments[i]), "argument");
-  // Above the stack pointer there is room that a callee may take for stack arguments.
-  const std::uint32_t stack = kStack + kStackSize - 0x100;
-  const std::uint32_t link = kReturn | 1;
-  check(uc_reg_write(engine_, UC_ARM_REG_SP, &stack), "sp");
-  check(uc_reg_write(engine_, UC_ARM_REG_LR, &link), "lr");
+  Arguments all;
+  if (arguments.size() > all.core.size())
+    throw std::invalid_argument("this form of call takes at most four arguments");
+  std::ranges::copy(arguments, all.core.begin());
+  return enter(function, all).core[0];
+}
+
+Registers Machine::enter(Address function, const Arguments &arguments) {
+  // What must be preserved begins with a pattern of its own.
+  for (std::size_t i = 4; i < Registers::kStack; ++i)
+    entry_.core[i] = 0xC0DE0000 + static_cast<std::uint32_t>(i);
+  for (std::size_t i = 16; i < entry_.single.size(); ++i)
+    entry_.single[i] = 0xF1040000 + static_cast<std::uint32_t>(i);
+  std::ranges::copy(arguments.core, entry_.core.begin());
+  std::ranges::copy(arguments.single, entry_.single.begin());
+  const auto words = static_cast<std::uint32_t>(arguments.stack.size());
+  const Address stack = (kStack + kStackSize - 0x100 - 4 * words) & ~7u;
+  for (std::uint32_t i = 0; i < words; ++i)
+    writeWord(stack + 4 * i, arguments.stack[i]);
+  entry_.core[Registers::kStack] = stack;
+  entry_.core[Registers::kLink] = kReturn | 1;
+  for (std::size_t i = 0; i < Registers::kProgram; ++i)
+    check(uc_reg_write(engine_, coreRegister(i), &entry_.core[i]), "register");
+  for (std::size_t i = 0; i < entry_.single.size(); ++i)
+    check(uc_reg_write(engine_, singleRegister(i), &entry_.single[i]), "register");
+
+  start(function);
+  const Registers left = registers();
+  for (std::size_t i = 4; i < Registers::kLink; ++i)
+    if (i != 12 && left.core[i] != entry_.core[i])
+      throw Fault(pe::join(describe(function & ~1u), " returns with r", i, " ",
+                           pe::Hex{left.core[i]}, ", not ", pe::Hex{entry_.core[i]}));
+  for (std::size_t i = 16; i < left.single.size(); ++i)
+    if (left.single[i] != entry_.single[i])
+      throw Fault(pe::join(describe(function & ~1u), " returns with another s", i));
+  return left;
+}
+
+void Machine::start(Address function) {
   failure_ = nullptr;
   const uc_err error = uc_emu_start(engine_, function | 1, kReturn, kTimeLimit, 0);
   if (failure_)
@@ -143,7 +198,23 @@ std::uint32_t Machine::call(Address function, const std::vector<std::uint32_t> &
   }
   if ((pc & ~1u) != kReturn)
     throw Fault(pe::join("still running at ", describe(pc), " when the time was over"));
-  return readRegister(UC_ARM_REG_R0);
+}
+
+Registers Machine::registers() const {
+  Registers all;
+  for (std::size_t i = 0; i < all.core.size(); ++i)
+    all.core[i] = readRegister(coreRegister(i));
+  for (std::size_t i = 0; i < all.single.size(); ++i)
+    all.single[i] = readRegister(singleRegister(i));
+  return all;
+}
+
+void Machine::countInstructions(Address begin, std::uint32_t size) {
+  uc_hook hook = 0;
+  check(uc_hook_add(engine_, &hook, UC_HOOK_CODE,
+                    reinterpret_cast<void *>(MachineHooks::atInstruction), this, begin,
+                    begin + size - 1),
+        "uc_hook_add");
 }
 
 std::uint32_t Machine::argument(std::uint32_t index) const {
@@ -164,6 +235,11 @@ void Machine::atHostFunction(Address address) {
                            describe(readRegister(UC_ARM_REG_LR) & ~1u)));
     }
     const std::uint32_t result = function->second(HostCall(*this));
+    if (next_) {
+      const Address next = std::exchange(next_, 0) | 1;
+      check(uc_reg_write(engine_, UC_ARM_REG_PC, &next), "pc");
+      return;
+    }
     check(uc_reg_write(engine_, UC_ARM_REG_R0, &result), "result");
   } catch (...) {
     failure_ = std::current_exception();

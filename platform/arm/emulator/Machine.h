@@ -1,6 +1,7 @@
 #ifndef WRT_ARM_MACHINE_H
 #define WRT_ARM_MACHINE_H
 
+#include <array>
 #include <cstdint>
 #include <exception>
 #include <functional>
@@ -23,6 +24,23 @@ struct Fault : std::runtime_error {
 
 class Machine;
 
+/// The processor's registers: r0 to r15, and the floating-point registers as single ones.
+struct Registers {
+  static constexpr std::size_t kStack = 13;
+  static constexpr std::size_t kLink = 14;
+  static constexpr std::size_t kProgram = 15;
+
+  std::array<std::uint32_t, 16> core{};
+  std::array<std::uint32_t, 32> single{};
+};
+
+/// What a function is called with: the registers that pass arguments, and the stack's words.
+struct Arguments {
+  std::array<std::uint32_t, 4> core{};
+  std::array<std::uint32_t, 16> single{};
+  std::vector<std::uint32_t> stack;
+};
+
 /// A call of a function of the host: its arguments, as the procedure call standard passes integers.
 class HostCall {
 public:
@@ -30,6 +48,8 @@ public:
 
   /// Argument `index`, from registers or from the stack.
   std::uint32_t operator[](std::uint32_t index) const;
+  /// Goes on in a function of the program, which returns to the caller in this one's place.
+  void continueIn(Address function, std::uint32_t argument) const;
   Machine &machine() const { return machine_; }
 
 private:
@@ -68,16 +88,28 @@ public:
 
   /// Calls a function with up to four arguments and returns what it leaves in r0.
   std::uint32_t call(Address function, const std::vector<std::uint32_t> &arguments);
+  /// Calls a function and returns all registers as it leaves them. Those that a function has to
+  /// preserve begin with values of their own; it is a fault to return with others.
+  Registers enter(Address function, const Arguments &arguments);
 
   std::uint32_t argument(std::uint32_t index) const;
+  Registers registers() const;
+  /// The registers with which a function is entered: what an unwinder has to come to.
+  const Registers &entry() const { return entry_; }
+
+  /// Counts the instructions that run in a range from now on.
+  void countInstructions(Address begin, std::uint32_t size);
+  std::uint64_t instructions() const { return instructions_; }
   /// Says of an address in which module it lies; for the messages of faults.
   std::function<std::string(Address)> describe;
 
 private:
+  void start(Address function);
   void atHostFunction(Address address);
   std::uint32_t readRegister(int which) const;
   void check(int error, const char *what) const;
 
+  friend class HostCall;
   friend struct MachineHooks;
 
   uc_struct *engine_ = nullptr;
@@ -85,6 +117,10 @@ private:
   std::map<Address, std::string> stubNames_;
   std::map<std::string, HostFunction> functions_;
   std::exception_ptr failure_;
+  Registers entry_;
+  std::uint64_t instructions_ = 0;
+  /// Set by a function of the host that goes on elsewhere.
+  Address next_ = 0;
 };
 
 } // namespace wrt::emulator

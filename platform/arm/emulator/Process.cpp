@@ -12,7 +12,7 @@ namespace {
 constexpr Address kFirstModule = 0x40000000;
 constexpr std::uint32_t kModuleAlignment = 0x100000;
 constexpr Address kHeap = 0x71000000;
-constexpr std::uint32_t kHeapSize = 32 << 20;
+constexpr std::uint32_t kHeapSize = 512 << 20;
 
 // Windows 10 SDK 10.0.16299.0, winnt.h.
 constexpr std::uint32_t kPageReadOnly = 0x02;
@@ -114,6 +114,13 @@ Module *Process::findModule(const std::string &name) {
   return found == modules_.end() ? nullptr : found->get();
 }
 
+Address Process::find(const std::string &symbol) const {
+  for (auto each = modules_.rbegin(); each != modules_.rend(); ++each)
+    if (const Address address = (*each)->find(symbol))
+      return address;
+  throw Fault(symbol + " is exported by no module");
+}
+
 Module *Process::moduleAt(Address address) {
   const auto found = std::ranges::find_if(
       modules_, [=](const std::unique_ptr<Module> &each) { return each->contains(address); });
@@ -158,6 +165,8 @@ void Process::release(Address block) {
 }
 
 Address Process::resolve(const std::string &library, const std::string &name) {
+  if (hostImports.count(name))
+    return machine_.hostFunction(name);
   const bool isRuntime = library.starts_with("api-ms-win-crt-");
   if (Module *module = findModule(isRuntime ? "crt.dll" : library)) {
     if (const Address address = module->find(name))

@@ -49,6 +49,8 @@ public:
 
   Machine &machine() { return machine_; }
   Module *findModule(const std::string &name);
+  /// The export of any module, the last loaded first; throws when there is none.
+  Address find(const std::string &symbol) const;
   Module *moduleAt(Address address);
 
   /// The protection of a page, as `VirtualQuery` tells it.
@@ -68,6 +70,8 @@ public:
   bool allowsProtect = true;
   /// The names under which `GetModuleHandleW` finds no module although it is loaded.
   std::set<std::string> hiddenModules;
+  /// Imports that go to functions of the host, whatever module exports them.
+  std::set<std::string> hostImports;
   /// What `GetProcAddress` answers for a name whatever the module exports.
   std::map<std::string, Address> replacedExports;
   /// The exports of the main program.

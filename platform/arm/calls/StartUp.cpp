@@ -1,0 +1,55 @@
+#include "StartUp.h"
+
+#include "FixupTable.h"
+#include "Metadata.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace wrt::emulator {
+
+namespace {
+
+/// How many records of the table have been applied.
+std::size_t patched(Process &process, const Module &module, const pe::FixupTable &table) {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(table.present, [&](const pe::FixupRecord &record) {
+        const auto word = [&](pe::Rva rva) {
+          return process.machine().readWord(module.address(rva));
+        };
+        return word(record.target) == record.addend + word(record.slot);
+      }));
+}
+
+std::uint32_t registeredImages(Process &process) {
+  return process.machine().call(process.find("testRegisteredImages"), {});
+}
+
+} // namespace
+
+void startUp(Process &process, const std::vector<std::string> &files, std::ostream &out) {
+  const auto attach = [&](Module &module) {
+    if (!process.attach(module))
+      throw Fault(module.name + " refuses to be attached");
+  };
+  for (std::size_t i = 0; i + 1 < files.size(); ++i)
+    attach(process.load(files[i]));
+  Module &product = process.load(files.back());
+  const pe::FixupTable table = pe::FixupTable::read(product.image);
+  const std::uint32_t images = registeredImages(process);
+  process.protectCalls.clear();
+  attach(product);
+
+  const pe::Metadata metadata = pe::Metadata::read(product.image);
+  out << product.name << ": " << product.image.size() << " bytes in memory at "
+      << pe::Hex{product.base} << ", linked for " << pe::Hex{product.image.preferredBase()} << "\n"
+      << "start-up: " << patched(process, product, table) << " of " << table.present.size()
+      << " records patched, " << process.protectCalls.size() / 2
+      << " runs of pages opened and closed\n"
+      << "registered: " << registeredImages(process) - images << " image with "
+      << metadata.classes.size() << " classes, " << metadata.methodCount() << " methods, "
+      << metadata.protocols.size() << " protocols\n";
+}
+
+} // namespace wrt::emulator
