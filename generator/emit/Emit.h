@@ -34,6 +34,7 @@ std::string emitBridgeExports(const Input &input);
 /// The lines of the hand-written classes come first in both tables.
 std::string emitCatalogue(const Input &input);
 std::string emitDigest(const Input &input);
+std::string emitIdentifiers(const Input &input);
 
 } // namespace bridgegen
 

@@ -3,6 +3,8 @@
 #include "generator/output/Writer.h"
 #include "generator/project/BridgeClass.h"
 
+#include <set>
+
 namespace bridgegen {
 
 namespace {
@@ -53,6 +55,33 @@ std::string emitCatalogue(const Input &input) {
                    method.member ? std::to_string(method.member->slot) : "-");
   });
   return writer.text();
+}
+
+std::string emitIdentifiers(const Input &input) {
+  std::set<std::string> lines;
+  const auto add = [&](const InterfaceType &type) {
+    lines.insert("interface\t" + type.bridgeName + "\t" + type.bridgeClass() + "\t" +
+                 type.iid.lower() + "\n");
+  };
+  forEachBridge(input.model, [&](const BridgeClass &bridge) {
+    for (const BridgeMethod &method : bridge.methods) {
+      if (method.interface)
+        add(*method.interface);
+    }
+    if (!bridge.type->isRuntimeClass()) {
+      add(asInterface(*bridge.type));
+      return;
+    }
+    const InterfaceType *standsFor = crossingInterface(*bridge.type);
+    if (standsFor)
+      add(*standsFor);
+    lines.insert("class\t" + bridge.type->bridgeName + "\t" + bridge.name + "\t" +
+                 bridge.type->name + "\t" + (standsFor ? standsFor->bridgeName : "-") + "\n");
+  });
+  std::string text;
+  for (const std::string &line : lines)
+    text += line;
+  return text;
 }
 
 std::string emitDigest(const Input &input) {

@@ -17,7 +17,7 @@ public:
     type.kind = next();
     switch (type.kind) {
     case '^':
-      this->type();
+      type.fields = {this->type()};
       break;
     case '@':
       if (take('?')) {

@@ -16,6 +16,7 @@ struct EncodedType {
   char kind = 'v';
   /// Of an object: its class, or its protocol in angle brackets. Of a structure: its tag.
   std::string name;
+  /// Of a pointer: what it points at.
   std::vector<EncodedType> fields;
 
   bool isStructure() const { return kind == '{'; }

@@ -1,6 +1,6 @@
 # The product's image, read and executed in the emulated machine.
 
-wrt_add_host_tools(wrt_arm_tests ${CMAKE_CURRENT_SOURCE_DIR}/emulator runemulated startuptests imagetests)
+wrt_add_host_tools(wrt_arm_tests ${CMAKE_CURRENT_SOURCE_DIR}/emulator runemulated startuptests imagetests armsweep)
 
 include(${PROJECT_SOURCE_DIR}/tests/headers/HeaderTests.cmake)
 
@@ -30,3 +30,5 @@ add_test(NAME windows.product.code COMMAND methodcode check ${product} ${product
 add_test(NAME windows.images COMMAND imagetests ${product} ${WRT_CATALOGUE} $<TARGET_FILE:fixuptable>)
 add_test(NAME windows.product.calls
   COMMAND armcalls check ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product})
+add_test(NAME windows.product.sweep
+  COMMAND armsweep ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})

@@ -20,8 +20,9 @@ constexpr Address kStack = 0x60000000;
 constexpr std::uint32_t kStackSize = 0x100000;
 /// Where calls return to: the first stub, which has no function.
 constexpr Address kReturn = kStubs;
-/// Long enough for everything that runs here, short enough to notice a program that does not end.
-constexpr std::uint64_t kTimeLimit = 60'000'000; // microseconds
+/// Basic blocks in one call: enough for everything that runs here, few enough to notice a program
+/// that does not end. (The emulator's own time limit starts a thread for each call.)
+constexpr std::uint64_t kBlockLimit = 500'000'000;
 
 constexpr std::array kArgumentRegisters{UC_ARM_REG_R0, UC_ARM_REG_R1, UC_ARM_REG_R2, UC_ARM_REG_R3};
 
@@ -46,6 +47,10 @@ int singleRegister(std::size_t index) { return UC_ARM_REG_S0 + static_cast<int>(
 struct MachineHooks {
   static void atStub(uc_engine *, std::uint64_t address, std::uint32_t, void *machine) {
     static_cast<Machine *>(machine)->atHostFunction(static_cast<Address>(address));
+  }
+  static void atBlock(uc_engine *engine, std::uint64_t, std::uint32_t, void *machine) {
+    if (++static_cast<Machine *>(machine)->blocks_ > kBlockLimit)
+      uc_emu_stop(engine);
   }
   static void atInstruction(uc_engine *, std::uint64_t, std::uint32_t, void *machine) {
     ++static_cast<Machine *>(machine)->instructions_;
@@ -76,6 +81,9 @@ Machine::Machine() {
   uc_hook hook = 0;
   check(uc_hook_add(engine_, &hook, UC_HOOK_CODE, reinterpret_cast<void *>(MachineHooks::atStub),
                     this, kStubs + 4, kStubs + kStubsSize - 1),
+        "uc_hook_add");
+  check(uc_hook_add(engine_, &hook, UC_HOOK_BLOCK, reinterpret_cast<void *>(MachineHooks::atBlock),
+                    this, 1, 0),
         "uc_hook_add");
   describe = [](Address address) { return pe::join(pe::Hex{address}); };
 }
@@ -188,7 +196,8 @@ Registers Machine::enter(Address function, const Arguments &arguments) {
 
 void Machine::start(Address function) {
   failure_ = nullptr;
-  const uc_err error = uc_emu_start(engine_, function | 1, kReturn, kTimeLimit, 0);
+  blocks_ = 0;
+  const uc_err error = uc_emu_start(engine_, function | 1, kReturn, 0, 0);
   if (failure_)
     std::rethrow_exception(failure_);
   const Address pc = readRegister(UC_ARM_REG_PC);
@@ -197,7 +206,7 @@ void Machine::start(Address function) {
                          describe(readRegister(UC_ARM_REG_LR) & ~1u)));
   }
   if ((pc & ~1u) != kReturn)
-    throw Fault(pe::join("still running at ", describe(pc), " when the time was over"));
+    throw Fault(pe::join("still running at ", describe(pc), " after too long a time"));
 }
 
 Registers Machine::registers() const {

@@ -118,6 +118,7 @@ private:
   std::map<std::string, HostFunction> functions_;
   std::exception_ptr failure_;
   Registers entry_;
+  std::uint64_t blocks_ = 0;
   std::uint64_t instructions_ = 0;
   /// Set by a function of the host that goes on elsewhere.
   Address next_ = 0;
