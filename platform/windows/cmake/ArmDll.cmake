@@ -3,7 +3,9 @@
 
 find_program(WRT_LLD_LINK lld-link-19 REQUIRED)
 find_program(WRT_DLLTOOL llvm-dlltool-19 REQUIRED)
+find_program(WRT_NM llvm-nm-19 REQUIRED)
 set(WRT_ARM_LINK "${CMAKE_CURRENT_LIST_DIR}/../link.sh" CACHE INTERNAL "Runs the linker")
+set(WRT_IMPORTED_DATA "${CMAKE_CURRENT_LIST_DIR}/../imported-data.sh" CACHE INTERNAL "Names imported data")
 
 set(WRT_ARM_IMPORT_LIBRARIES "${CMAKE_BINARY_DIR}/imports")
 
@@ -68,7 +70,7 @@ function(wrt_add_arm_dll target)
   # Names of sections in images have 8 characters: the lists of the Objective-C metadata share one.
   set(lists classlist nlclslist catlist protolist classrefs superrefs selrefs protorefs)
   list(TRANSFORM lists REPLACE "(.+)" "/merge:.objc_\\1=objclist")
-  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols /nologo /dll /machine:arm
+  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols -runtime-pseudo-reloc:no /nologo /dll /machine:arm
     /entry:${arg_ENTRY} /nodefaultlib /subsystem:windows /base:0x10000000
     /dynamicbase /nxcompat /appcontainer /Brepro
     # All code and data stay: members are reached through metadata that no symbol refers to. Folding
@@ -78,7 +80,7 @@ function(wrt_add_arm_dll target)
     # Import slots keep a section of their own; the constant-string pass looks for it.
     /merge:.idata=.idata /merge:.CRT=.rdata /merge:.buildid=.rdata
     ${lists} /merge:.objc_imageinfo=.rdata
-    "@${scratch}/objects.rsp")
+    "@${scratch}/objects.rsp" "@${scratch}/imported-data.rsp")
 
   if(arg_DEFINITION)
     list(APPEND link "/def:${arg_DEFINITION}")
@@ -93,6 +95,7 @@ function(wrt_add_arm_dll target)
     set(check COMMAND fixuptable check "${scratch}/${arg_OUTPUT_NAME}.dll")
   endif()
   add_custom_command(OUTPUT "${result}.dll" "${result}.lib" "${result}.map"
+    COMMAND ${WRT_IMPORTED_DATA} ${WRT_NM} "${scratch}/objects.rsp" "${scratch}/imported-data.rsp"
     ${commands}
     COMMAND ${link} "/out:${scratch}/${arg_OUTPUT_NAME}.dll"
             "/implib:${scratch}/${arg_OUTPUT_NAME}.lib" "/lldmap:${scratch}/${arg_OUTPUT_NAME}.map"
@@ -100,7 +103,7 @@ function(wrt_add_arm_dll target)
     ${check}
     COMMAND ${CMAKE_COMMAND} -E copy "${scratch}/${arg_OUTPUT_NAME}.dll"
             "${scratch}/${arg_OUTPUT_NAME}.lib" "${scratch}/${arg_OUTPUT_NAME}.map" "${arg_FOLDER}"
-    DEPENDS ${files} "${scratch}/objects.rsp" ${arg_LIBRARIES}
+    DEPENDS ${files} ${WRT_IMPORTED_DATA} "${scratch}/objects.rsp" ${arg_LIBRARIES}
             ${arg_DEFINITION} $<$<BOOL:${arg_PATCHED}>:fixuptable>
     COMMENT "Linking ${arg_OUTPUT_NAME}.dll" COMMAND_EXPAND_LISTS VERBATIM)
   add_custom_target(${target} ALL DEPENDS "${result}.dll" "${result}.lib" "${result}.map")

@@ -7,8 +7,7 @@ namespace wrt::startup {
 
 /// This image's fixup table: a header and, behind it, the records that the fixup-table tool made.
 /// It is the section `wrtfixup`, put together by the linker in the order of the names' last
-/// letters: the header ($a), the records ($m), the bounds of the linker's own list ($z), which end
-/// the table.
+/// letters: the header ($a), the records ($m), a word that ends the table ($z).
 const std::uint8_t *fixupTable();
 /// In bytes, header included.
 std::uint32_t fixupTableSize();

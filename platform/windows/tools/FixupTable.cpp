@@ -12,29 +12,9 @@ namespace {
 constexpr std::string_view kSectionName = "wrtfixup";
 constexpr std::uint32_t kHeaderSize = 16;
 constexpr std::uint32_t kRecordSize = 16;
-/// The bounds of the linker's list, behind the table.
-constexpr std::uint32_t kTrailerSize = 8;
-
-/// One entry of the linker's list: `target` holds the address of the import slot `slot`, `bits`
-/// wide, plus an offset, and must come to hold the address in that slot plus the offset.
-struct ListEntry {
-  Rva slot;
-  Rva target;
-  std::uint32_t bits;
-};
-
-std::vector<ListEntry> readLinkerList(const Image &image, Rva begin, Rva end) {
-  // Version 2 of the format: two zero words and the version, then entries of 12 bytes.
-  if (begin == end)
-    return {};
-  if (end < begin + 12 || (end - begin) % 12 != 0 || image.u32(begin) != 0 ||
-      image.u32(begin + 4) != 0 || image.u32(begin + 8) != 1)
-    throw FormatError("the linker's list of imported data is not in the expected form");
-  std::vector<ListEntry> entries;
-  for (Rva entry = begin + 12; entry < end; entry += 12)
-    entries.push_back({image.u32(entry), image.u32(entry + 4), image.u32(entry + 8)});
-  return entries;
-}
+/// The word behind the table.
+constexpr std::uint32_t kTrailerSize = 4;
+constexpr std::string_view kImports = ".idata";
 
 std::string nameRecord(const Image &image, std::size_t index, const FixupRecord &record) {
   const Import *import = image.importAt(record.slot);
@@ -65,28 +45,24 @@ FixupTable FixupTable::read(const Image &image) {
                               image.pointer(record + 8), image.u32(record + 12)});
   }
 
-  const auto entries = readLinkerList(image, image.pointer(tableEnd), image.pointer(tableEnd + 4));
-  for (const ListEntry &entry : entries) {
-    const std::string where = image.describe(entry.target);
-    const Section *target = image.sectionAt(entry.target);
-    if (!image.importAt(entry.slot)) {
-      throw FormatError(
-          join(where, " refers to ", image.describe(entry.slot), ", which is no import slot"));
-    }
-    if (!target || target->isExecutable() || entry.bits != 32) {
-      throw FormatError(
-          join(where, " refers to imported data by ", entry.bits, " bits, not by a data word"));
-    }
-    const std::uint32_t addend = image.pointer(entry.target) - entry.slot;
-    if (target->name == "cfstring") {
-      if (addend != 0 || (entry.target - target->rva) % 16 != 0)
-        throw FormatError(join(where, " is not the class word of a constant string"));
+  const Section *imports = image.findSection(kImports);
+  for (const BaseRelocation &relocation : image.baseRelocations()) {
+    const Section *at = image.sectionAt(relocation.rva);
+    if (relocation.kind != RelocationKind::kWord || !at || at == section)
+      continue;
+    const Rva slot = image.pointer(relocation.rva);
+    if (!imports || !imports->contains(slot))
+      continue;
+    const std::string where = image.describe(relocation.rva);
+    if (!image.importAt(slot) || at->isExecutable())
+      throw FormatError(join(where, " refers to ", image.describe(slot), ", which no record can"));
+    if (at->name != "cfstring")
+      result.needed.push_back({relocation.rva, 0, slot, kWordFixup});
+    else if ((relocation.rva - at->rva) % 16 != 0)
+      throw FormatError(join(where, " is not the class word of a constant string"));
+    else
       ++result.constantStrings;
-    } else {
-      result.needed.push_back({entry.target, addend, entry.slot, kWordFixup});
-    }
   }
-  std::ranges::sort(result.needed, {}, &FixupRecord::target);
   for (std::size_t i = 1; i < result.needed.size(); ++i) {
     if (result.needed[i].target - result.needed[i - 1].target < 4)
       throw FormatError(join("two fixups overlap at ", image.describe(result.needed[i].target)));

@@ -25,15 +25,17 @@ inline constexpr std::uint32_t kWordFixup = 0x10;
 
 /// What an image needs and what it has.
 struct FixupTable {
-  /// Made from the linker's own list, by target: what the table has to be.
+  /// The image's words that hold the address of an import slot, by target: what the table has to
+  /// be.
   std::vector<FixupRecord> needed;
   /// The records that the table in the image has, in its order.
   std::vector<FixupRecord> present;
-  /// Words of constant strings in the linker's list; start-up's constant-string pass fills them.
+  /// Words of constant strings that hold the address of an import slot; start-up's constant-string
+  /// pass fills them.
   std::size_t constantStrings = 0;
 
-  /// Reads both from an image that the patcher is linked into. Throws `FormatError`, also when the
-  /// linker's list has something that no record can express.
+  /// Reads both from an image that the patcher is linked into. Throws `FormatError`, also when a
+  /// word points into the import section and not at a slot, or code does.
   static FixupTable read(const Image &image);
 };
 

@@ -1,4 +1,4 @@
-// fixuptable make IMAGE OUT.s    the table's records, from an image of the first link
+// fixuptable make IMAGE OUT.s    the table's records, from an image without them
 // fixuptable check IMAGE         verifies the table of the final image
 //
 // Exit status: 0 when all is well, 1 when the table is wrong or the image cannot be read, 2 for

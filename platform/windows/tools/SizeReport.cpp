@@ -1,6 +1,5 @@
 #include "SizeReport.h"
 
-#include "FixupTable.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -10,10 +9,6 @@
 namespace wrt::pe {
 
 namespace {
-
-// The list that lld makes for imported data (its option -auto-import), in bytes.
-constexpr std::size_t kListHeader = 12;
-constexpr std::size_t kListEntry = 12;
 
 /// The size of a data directory (Microsoft PE and COFF Specification 11.0).
 std::uint32_t directorySize(const Image &image, std::uint32_t index) {
@@ -80,9 +75,8 @@ void writeImage(const SizeReport &report, std::ostream &out) {
       << " |\n| constants of members, interface identifiers | " << grouped(sum.constants)
       << " |\n| Objective-C metadata | " << grouped(sum.metadata)
       << " |\n| selectors, encodings, names | " << grouped(sum.strings) << " |\n| fixup table | "
-      << grouped(report.fixups) << " |\n| the linker's list that the table is made from | "
-      << grouped(report.linkerList) << " |\n| export directory | " << grouped(report.exports)
-      << " |\n";
+      << grouped(report.fixups) << " |\n| records for unwinding | " << grouped(report.unwinding)
+      << " |\n| export directory | " << grouped(report.exports) << " |\n";
 }
 
 void writeUnits(const SizeReport &report, std::ostream &out) {
@@ -156,17 +150,17 @@ SizeReport SizeReport::read(const std::filesystem::path &imageFile,
   report.file = std::filesystem::file_size(imageFile);
   report.sections = image.sections();
   report.exports = directorySize(image, 0);
-  const FixupTable table = FixupTable::read(image);
   report.fixups = image.findSection("wrtfixup")->virtualSize;
-  report.linkerList = static_cast<std::uint32_t>(
-      kListHeader + kListEntry * (table.needed.size() + table.constantStrings));
   std::map<std::string, std::size_t> places;
   for (const Chunk &chunk : LinkMap::read(mapFile).chunks) {
     const std::string name = unitOf(chunk.file);
     const auto [place, isNew] = places.emplace(name, report.units.size());
     if (isNew)
       report.units.push_back({.name = name});
-    add(report.units[place->second], chunk);
+    if (chunk.section.starts_with(".pdata") || chunk.section.starts_with(".xdata"))
+      report.unwinding += chunk.size;
+    else
+      add(report.units[place->second], chunk);
     if (isMethod(chunk))
       report.methods.emplace(chunk.section.substr(chunk.section.find('$') + 1), chunk.size);
   }
