@@ -35,9 +35,12 @@ string(JOIN " " WRT_ARM_HEADERS
   "-isystem ${CMAKE_CURRENT_LIST_DIR}/include"
   "-isystem ${WRT_ARM_SYSROOT}/usr/share/mingw-w64/include")
 # -fno-exceptions and -fno-rtti: nothing is thrown on the target and no support library is linked.
+# -funwind-tables: each function that saves its return address has a record for Windows' unwinder.
+# -Os: with -Oz the compiler makes room on the stack by pushing registers whose slots it then
+# overwrites, and the records say that these are to be restored.
 # -Werror=global-constructors: the initializer tables have start-up's own entries and no others.
 string(JOIN " " WRT_ARM_CODE
-  "-Oz -fno-exceptions -fno-unwind-tables -fno-asynchronous-unwind-tables"
+  "-Os -fno-exceptions -funwind-tables"
   "-ffunction-sections -fno-stack-protector -fno-ident -faddrsig")
 string(JOIN " " WRT_ARM_CXX
   "-nostdinc++ -isystem ${WRT_ARM_SYSROOT}/usr/lib/llvm-19/include/c++/v1"

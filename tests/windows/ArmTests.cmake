@@ -7,6 +7,7 @@ include(${PROJECT_SOURCE_DIR}/tests/headers/HeaderTests.cmake)
 set(product ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll)
 set(product_map ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.map)
 add_test(NAME windows.product.rules COMMAND inspectimage check ${product}
+  ${CMAKE_CURRENT_SOURCE_DIR}/goldens/imports.txt ${WRT_BRIDGE_EXPORTS}
   WRTCreateNSStringFromHSTRING WRTCreateHSTRINGFromNSString WRTCreateNSErrorFromHRESULT
   WRTCreateNSDataFromIBuffer WRTCreateWRTRandomAccessReferenceBridgeFromNSData
   WRTCreateNSDataFromRandomAccessStreamReference)
@@ -32,3 +33,10 @@ add_test(NAME windows.product.calls
   COMMAND armcalls check ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.sweep
   COMMAND armsweep ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
+
+# Writes anew what follows from the code: the goldens of methods, the ceilings of calls, docs/size.md.
+add_custom_target(update_goldens
+  COMMAND methodcode update ${product} ${product_map} ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt
+  COMMAND armcalls write ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product}
+  COMMAND sizereport write ${product} ${product_map} ${PROJECT_SOURCE_DIR}/docs/size.md
+  DEPENDS WRTObjcBridge ${WRT_ARM_DOUBLES} VERBATIM)

@@ -1,8 +1,10 @@
-// inspectimage facts IMAGE                   machine, sections, exports, imports, relocations
-// inspectimage metadata IMAGE                every class and protocol as text
-// inspectimage check IMAGE [FUNCTION]...     what must hold of an image that exports these
-// functions inspectimage compare IMAGE CATALOGUE       the methods against the generator's
-// catalogue
+// inspectimage facts IMAGE                machine, sections, exports, imports, relocations
+// inspectimage metadata IMAGE             every class and protocol as text
+// inspectimage check IMAGE IMPORTS NAMES FUNCTION...
+//     what must hold of an image that exports the FUNCTIONs; IMPORTS has a line `library symbol`
+//     for each import but those of WRTBridge_zorvex.dll that follow from declarations, which NAMES
+//     has
+// inspectimage compare IMAGE CATALOGUE    the methods against the generator's catalogue
 //
 // The last line of all but `facts` says what was seen. Exit status: 0 when all is well, 1 when
 // something differs or the image cannot be read, 2 for wrong usage.
@@ -11,6 +13,7 @@
 #include "ProductRules.h"
 #include "Text.h"
 
+#include <fstream>
 #include <iostream>
 #include <string_view>
 
@@ -42,6 +45,27 @@ int facts(const Image &image) {
   return 0;
 }
 
+/// The lines of a file; throws when it cannot be read.
+std::vector<std::string> readLines(const std::string &file) {
+  std::ifstream stream(file);
+  if (!stream)
+    throw FormatError("cannot read " + file);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(stream, line);)
+    lines.push_back(line);
+  return lines;
+}
+
+ProductFacts readFacts(const std::string &imports, const std::string &names) {
+  ProductFacts facts;
+  for (const std::string &line : readLines(imports))
+    facts.imports.insert(line);
+  // Export lines of a module definition: a name, and DATA for what is no function.
+  for (const std::string &line : readLines(names))
+    facts.imports.insert("WRTBridge_zorvex.dll " + line.substr(0, line.find(' ')));
+  return facts;
+}
+
 int summarize(const Metadata &metadata, const std::vector<std::string> &differences) {
   for (const std::string &difference : differences)
     std::cout << difference << '\n';
@@ -63,10 +87,12 @@ int main(int argc, char **argv) {
       writeText(metadata, std::cout);
       return summarize(metadata, {});
     }
-    if (command == "check") {
+    if (command == "check" && argc > 5) {
       const Image image = Image::read(argv[2]);
       const Metadata metadata = Metadata::read(image);
-      return summarize(metadata, checkProduct(image, metadata, {argv + 3, argv + argc}));
+      ProductFacts facts = readFacts(argv[3], argv[4]);
+      facts.functions = {argv + 5, argv + argc};
+      return summarize(metadata, checkProduct(image, metadata, facts));
     }
     if (command == "compare" && argc == 4) {
       const Metadata metadata = Metadata::read(Image::read(argv[2]));
@@ -76,8 +102,7 @@ int main(int argc, char **argv) {
     std::cerr << "inspectimage: " << argv[2] << ": " << error.what() << '\n';
     return 1;
   }
-  std::cerr
-      << "usage: inspectimage facts|metadata IMAGE | check IMAGE [FUNCTION]... | compare IMAGE "
-         "CATALOGUE\n";
+  std::cerr << "usage: inspectimage facts|metadata IMAGE | check IMAGE IMPORTS NAMES FUNCTION... | "
+               "compare IMAGE CATALOGUE\n";
   return 2;
 }

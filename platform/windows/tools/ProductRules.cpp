@@ -1,6 +1,7 @@
 #include "ProductRules.h"
 
 #include "Text.h"
+#include "UnwindData.h"
 
 #include <algorithm>
 
@@ -16,20 +17,26 @@ constexpr std::uint16_t kDynamicBase = 0x0040;
 constexpr std::uint16_t kNoExecute = 0x0100;
 constexpr std::uint16_t kAppContainer = 0x1000;
 
-constexpr std::string_view kSiblings[] = {"zorvex.dll", "WRTBridge_zorvex.dll",
-                                          "WRTBridgeUtil_zorvex.dll",
-                                          "CrossPortability_zorvex.dll"};
+/// Whether a Thumb instruction pushes lr: PUSH in 16 and 32 bits, STR with the stack pointer
+/// written back.
+bool savesLink(std::uint16_t first, std::uint16_t second) {
+  return (first & 0xFF00) == 0xB500 || (first == 0xE92D && second & 0x4000) ||
+         (first == 0xF84D && (second & 0xFF00) == 0xED00);
+}
+
+bool isWide(std::uint16_t first) { return first >= 0xE800; }
 
 class Checker {
 public:
   Checker(const Image &image, const Metadata &metadata) : image_(image), metadata_(metadata) {}
 
-  std::vector<std::string> run(const std::set<std::string> &functions) {
+  std::vector<std::string> run(const ProductFacts &facts) {
     checkHeaders();
     checkSections();
-    checkExports(functions);
-    checkImports();
+    checkExports(facts.functions);
+    checkImports(facts.imports);
     checkCode();
+    checkUnwinding();
     return std::move(problems_);
   }
 
@@ -79,12 +86,33 @@ private:
       require(false, name, " is not exported");
   }
 
-  void checkImports() {
-    for (const Import &import : image_.imports()) {
-      const bool known = std::ranges::count(kSiblings, import.library) ||
-                         import.library.starts_with("api-ms-win-");
-      require(known, import.name, " is imported from ", import.library);
+  void checkImports(std::set<std::string> expected) {
+    for (const Import &import : image_.imports())
+      require(expected.erase(import.library + ' ' + import.name), import.name, " is imported from ",
+              import.library, " without a reason");
+    for (const std::string &name : expected)
+      require(false, name, " is not imported");
+  }
+
+  void checkUnwinding() {
+    const std::vector<UnwindRecord> records = readUnwindRecords(image_);
+    for (std::size_t i = 1; i < records.size(); ++i)
+      require(records[i - 1].begin + records[i - 1].length <= records[i].begin,
+              "the unwind record of ", image_.describe(records[i].begin), " is out of order");
+    const Section *code = image_.findSection(".text");
+    if (!code)
+      return;
+    std::size_t functions = 0;
+    for (Rva at = code->rva; at + 4 <= code->rva + code->virtualSize;) {
+      const std::uint16_t first = image_.u16(at);
+      if (savesLink(first, image_.u16(at + 2))) {
+        ++functions;
+        require(findRecord(records, at), "no unwind record for the function at ",
+                image_.describe(at));
+      }
+      at += isWide(first) ? 4 : 2;
     }
+    require(functions > 0, "no function saves its return address");
   }
 
   void checkCode() {
@@ -113,8 +141,8 @@ private:
 } // namespace
 
 std::vector<std::string> checkProduct(const Image &image, const Metadata &metadata,
-                                      const std::set<std::string> &functions) {
-  return Checker(image, metadata).run(functions);
+                                      const ProductFacts &facts) {
+  return Checker(image, metadata).run(facts);
 }
 
 } // namespace wrt::pe

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -33,6 +34,11 @@ namespace {
 
 class Inspection : public testing::Test {
 protected:
+  Inspection() {
+    for (const Import &import : image.imports())
+      facts.imports.insert(import.library + ' ' + import.name);
+  }
+
   /// What differs after a change of the catalogue, one line each.
   std::string differenceAfter(const std::function<void(std::vector<CatalogueEntry> &)> &change) {
     auto changed = catalogue;
@@ -47,12 +53,11 @@ protected:
   const Image image = Image::read(test::imageFile);
   const Metadata metadata = Metadata::read(image);
   const std::vector<CatalogueEntry> catalogue = readCatalogue(test::catalogueFile);
-  const std::set<std::string> functions{"WRTCreateNSStringFromHSTRING",
-                                        "WRTCreateHSTRINGFromNSString",
-                                        "WRTCreateNSErrorFromHRESULT",
-                                        "WRTCreateNSDataFromIBuffer",
-                                        "WRTCreateWRTRandomAccessReferenceBridgeFromNSData",
-                                        "WRTCreateNSDataFromRandomAccessStreamReference"};
+  ProductFacts facts{{"WRTCreateNSStringFromHSTRING", "WRTCreateHSTRINGFromNSString",
+                      "WRTCreateNSErrorFromHRESULT", "WRTCreateNSDataFromIBuffer",
+                      "WRTCreateWRTRandomAccessReferenceBridgeFromNSData",
+                      "WRTCreateNSDataFromRandomAccessStreamReference"},
+                     {}};
   /// Where a method stands in the catalogue.
   std::size_t find(const std::string &className, const std::string &selector) const {
     const auto found = std::ranges::find_if(catalogue, [&](const CatalogueEntry &each) {
@@ -119,18 +124,23 @@ TEST_F(Inspection, RefusesACatalogueLineOfAnotherForm) {
 }
 
 TEST_F(Inspection, ChecksTheRulesOfTheProduct) {
-  EXPECT_TRUE(checkProduct(image, metadata, functions).empty());
-  auto more = functions;
-  more.insert("WRTMissing");
+  EXPECT_TRUE(checkProduct(image, metadata, facts).empty());
+  auto more = facts;
+  more.functions.insert("WRTMissing");
+  more.imports.insert("zorvex.dll objc_missing");
   EXPECT_EQ(checkProduct(image, metadata, more),
-            std::vector<std::string>{"WRTMissing is not exported"});
-  auto fewer = functions;
-  fewer.erase("WRTCreateNSErrorFromHRESULT");
-  EXPECT_EQ(checkProduct(image, metadata, fewer).at(0),
-            "WRTCreateNSErrorFromHRESULT is exported without a reason");
+            (std::vector<std::string>{"WRTMissing is not exported",
+                                      "zorvex.dll objc_missing is not imported"}));
+  auto fewer = facts;
+  fewer.functions.erase("WRTCreateNSErrorFromHRESULT");
+  fewer.imports.erase("zorvex.dll objc_msgSend");
+  const auto problems = checkProduct(image, metadata, fewer);
+  for (const char *problem : {"WRTCreateNSErrorFromHRESULT is exported without a reason",
+                              "objc_msgSend is imported from zorvex.dll without a reason"})
+    EXPECT_EQ(std::ranges::count(problems, problem), 1) << problem;
   Metadata missing = metadata;
   missing.classes.at("WRTTestClassBridge").methods.at(0).implementation ^= 1;
-  EXPECT_EQ(checkProduct(image, missing, functions).size(), 1u);
+  EXPECT_EQ(checkProduct(image, missing, facts).size(), 1u);
 }
 
 TEST_F(Inspection, HeadersThatDisqualifyAnImageAreFound) {
@@ -140,13 +150,28 @@ TEST_F(Inspection, HeadersThatDisqualifyAnImageAreFound) {
     auto bytes = good;
     bytes[offset] ^= bits;
     const Image changed = Image::parse(bytes);
-    return checkProduct(changed, metadata, functions).size();
+    return checkProduct(changed, metadata, facts).size();
   };
   EXPECT_EQ(problemsWith(nt + 4, 0x01), 1u);       // machine
   EXPECT_EQ(problemsWith(nt + 23, 0x20), 1u);      // DLL
   EXPECT_EQ(problemsWith(nt + 24 + 70, 0x40), 1u); // dynamic base
   EXPECT_EQ(problemsWith(nt + 24 + 71, 0x01), 1u); // no execute
   EXPECT_EQ(problemsWith(nt + 24 + 71, 0x10), 1u); // app container
+}
+
+/// A function without its record, and codes that cannot be read.
+TEST_F(Inspection, UnwindRecordsThatAreMissingOrDamagedAreFound) {
+  const Section &records = *image.findSection(".pdata");
+  auto bytes = test::readFile(test::imageFile);
+  const auto place = std::search(bytes.begin(), bytes.end(), image.memory().begin() + records.rva,
+                                 image.memory().begin() + records.rva + 64);
+  ASSERT_NE(place, bytes.end());
+  // The second record's function is the first one's once more.
+  std::copy_n(place, 8, place + 8);
+  EXPECT_FALSE(checkProduct(Image::parse(bytes), metadata, facts).empty());
+  const std::uint32_t outside = image.size();
+  std::memcpy(&place[12], &outside, sizeof outside);
+  EXPECT_THROW(checkProduct(Image::parse(bytes), metadata, facts), FormatError);
 }
 
 /// Files that are no images, or were: refused, never followed out of their bounds.

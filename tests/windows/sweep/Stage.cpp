@@ -63,12 +63,16 @@ Stage::Stage(const std::vector<std::string> &files, Identifiers identifiers)
   block_ = objc_.block(machine_.hostFunction("the block"));
   room_ = process_.allocate(16 * kRoomSize);
   object_.asked = [this](const emulator::Iid &iid, const HostCall &) {
-    if (current_)
-      current_->asked.push_back(iid);
+    if (!current_)
+      return;
+    current_->asked.push_back(iid);
+    checkUnwinding();
   };
   argument_.asked = [this](const emulator::Iid &iid, const HostCall &) {
-    if (current_)
-      current_->argumentsAsked.push_back(iid);
+    if (!current_)
+      return;
+    current_->argumentsAsked.push_back(iid);
+    checkUnwinding();
   };
   object_.called = [this](int slot, const HostCall &call) { return receive(slot, call); };
 }
@@ -78,6 +82,7 @@ void Stage::defineActivation() {
   machine_.define("WRTGetActivationFactory", [this](const HostCall &call) -> std::uint32_t {
     current_->activated.push_back(objc_.handleText(call[0]));
     current_->asked.push_back(readIid(machine_, call[1]));
+    checkUnwinding();
     const bool missing = current_->outcome == Outcome::kInterfaceMissing;
     object_.references += missing ? 0 : 1;
     machine_.writeWord(call[2], missing ? 0 : object_.pointer());
@@ -85,10 +90,16 @@ void Stage::defineActivation() {
   });
   machine_.define("WRTActivateInstance", [this](const HostCall &call) -> std::uint32_t {
     current_->activated.push_back(machine_.readWideString(call[0]));
+    checkUnwinding();
     const bool missing = current_->outcome == Outcome::kInterfaceMissing;
     object_.references += missing ? 0 : 1;
     return missing ? 0 : object_.pointer();
   });
+}
+
+void Stage::checkUnwinding() {
+  const std::string problem = unwinder_.unwind();
+  current_->expect(problem.empty(), problem);
 }
 
 Stage::Counts Stage::counts() {
@@ -192,6 +203,7 @@ std::uint32_t Stage::receive(int slot, const HostCall &) {
   Call &call = *current_;
   ++call.calls;
   call.expect(call.method.slot == std::to_string(slot), pe::join("slot ", slot, " is called"));
+  checkUnwinding();
   const Registers at = machine_.registers();
   Placement placement;
   placement.nextWord(); // the interface pointer, which the object has looked at

@@ -6,6 +6,7 @@
 #include "Identifiers.h"
 #include "Layout.h"
 #include "ObjectiveC.h"
+#include "Unwinder.h"
 
 #include <array>
 #include <unordered_map>
@@ -57,6 +58,8 @@ private:
   void defineActivation();
   void makeArguments(Call &call);
   Registers enter(Call &call, Address receiver);
+  /// Looks at how the function of the host that runs can be left: to the method's caller.
+  void checkUnwinding();
   std::uint32_t receive(int slot, const HostCall &host);
   void checkArgument(Call &call, std::size_t index, Placement &placement, const Registers &at);
   void writeResult(const EncodedType &type, Address place);
@@ -69,6 +72,7 @@ private:
   emulator::Machine &machine_ = process_.machine();
   emulator::ObjectiveC objc_{process_};
   Identifiers identifiers_;
+  emulator::Unwinder unwinder_{process_};
   emulator::HostObject object_{process_};
   emulator::HostObject argument_{process_};
   std::unordered_map<std::string, Address> implementations_;
