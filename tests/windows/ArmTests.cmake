@@ -1,6 +1,6 @@
 # The product's image, read and executed in the emulated machine.
 
-wrt_add_host_tools(wrt_arm_tests ${CMAKE_CURRENT_SOURCE_DIR}/emulator runemulated startuptests imagetests armsweep)
+wrt_add_host_tools(wrt_arm_tests ${CMAKE_CURRENT_SOURCE_DIR}/emulator runemulated startuptests imagetests armsweep buffertests)
 
 include(${PROJECT_SOURCE_DIR}/tests/headers/HeaderTests.cmake)
 
@@ -33,6 +33,8 @@ add_test(NAME windows.product.calls
   COMMAND armcalls check ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.sweep
   COMMAND armsweep ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
+add_test(NAME windows.product.buffers
+  COMMAND buffertests ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
 
 # Writes anew what follows from the code: the goldens of methods, the ceilings of calls, docs/size.md.
 add_custom_target(update_goldens

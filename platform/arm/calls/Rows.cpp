@@ -136,7 +136,7 @@ void Rows::addOthers() {
          object_.called = [&](int slot, const HostCall &call) -> std::uint32_t {
            delegate = call[1];
            crossed_.push_back(pe::join("slot ", slot, ": a delegate"));
-           call.continueIn(machine_.readWord(machine_.readWord(delegate) + 4), delegate);
+           call.continueIn(machine_.readWord(machine_.readWord(delegate) + 4), {delegate});
            return 0;
          };
          objc_.send(test_, "inDelegateWithArg:error:", block);

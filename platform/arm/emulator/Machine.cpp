@@ -59,9 +59,11 @@ struct MachineHooks {
 
 std::uint32_t HostCall::operator[](std::uint32_t index) const { return machine_.argument(index); }
 
-void HostCall::continueIn(Address function, std::uint32_t argument) const {
+void HostCall::continueIn(Address function, const std::vector<std::uint32_t> &arguments) const {
   machine_.next_ = function;
-  machine_.check(uc_reg_write(machine_.engine_, UC_ARM_REG_R0, &argument), "argument");
+  for (std::size_t i = 0; i < arguments.size(); ++i)
+    machine_.check(uc_reg_write(machine_.engine_, kArgumentRegisters.at(i), &arguments[i]),
+                   "argument");
 }
 
 Machine::Machine() {

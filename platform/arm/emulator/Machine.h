@@ -49,7 +49,7 @@ public:
   /// Argument `index`, from registers or from the stack.
   std::uint32_t operator[](std::uint32_t index) const;
   /// Goes on in a function of the program, which returns to the caller in this one's place.
-  void continueIn(Address function, std::uint32_t argument) const;
+  void continueIn(Address function, const std::vector<std::uint32_t> &arguments) const;
   Machine &machine() const { return machine_; }
 
 private:
