@@ -129,27 +129,6 @@ void testObjectsOut(TestObject &object, WRTTestInterfaceBridge *bridge) {
   CHECK(child->references == 1);
 }
 
-void testFailures(TestObject &object, WRTTestInterfaceBridge *bridge) {
-  object.table.VoidFunction = [](WRTTestInterface *) -> HRESULT { return kFail; };
-  NSError *error = nil;
-  [bridge voidFunctionWithError:&error];
-  CHECK([error code] == kFail && [error userInfo] == nil);
-  [bridge voidFunctionWithError:nil];
-
-  // Without the interface there is no call, and the error stays what it was.
-  object.hasInterface = false;
-  NSError *const before = error;
-  [bridge voidFunctionWithError:&error];
-  CHECK(error == before);
-  CHECK([bridge returnStringWithError:&error] == nil && error == before);
-  CHECK(testLogLevel() == 3);
-  object.hasInterface = true;
-  object.table.VoidFunction = [](WRTTestInterface *) -> HRESULT { return 0; };
-  [bridge voidFunctionWithError:&error];
-  CHECK(error == nil);
-  testPoolPop(0);
-}
-
 void testClasses() {
   NSError *error = nil;
   CHECK([WRTTestClassBridge testFactoryFunctionWithError:&error] == nil && error == nil);
@@ -204,7 +183,6 @@ void testObjects() {
   WRTTestInterfaceBridge *bridge = [[WRTTestInterfaceBridge alloc] initWithInner:&object];
   testObjectsIn(object, bridge);
   testObjectsOut(object, bridge);
-  testFailures(object, bridge);
   testClasses();
   CHECK(object.references == 1);
   [bridge release];

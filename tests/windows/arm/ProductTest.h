@@ -5,7 +5,6 @@
 // autoreleased objects.
 namespace wrt::test {
 
-void testValues();
 void testStringsAndArrays();
 void testObjects();
 void testDelegates();

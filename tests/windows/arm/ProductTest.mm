@@ -13,7 +13,6 @@ extern "C" OBJC_EXPORT void runTests() {
   // The product's own image, this one's and that of the string utility's double.
   CHECK(testRegisteredImages() == 3);
   const int live = testLiveObjects();
-  testValues();
   testStringsAndArrays();
   testObjects();
   testDelegates();
