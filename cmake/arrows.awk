@@ -90,12 +90,15 @@ function target(what,    folder, list, i, count, room, own) {
     return roomOf(what)
   if (what ~ /\// || !(what in places))
     return ""
-  # Found in a folder that the compiler was told: in the room itself if one has it.
+  # Found in a folder that the compiler was told: in the room itself if one has it, else in one that the
+  # room may use.
   count = split(substr(places[what], 2), list, "\n")
   room = roomOf(list[1])
   for (i = 1; i <= count; ++i) {
     own = roomOf(list[i])
     if (own == from)
+      return own
+    if (allowed(from, own))
       room = own
   }
   return room
