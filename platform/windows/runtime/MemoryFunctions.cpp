@@ -24,8 +24,14 @@ void *memmove(void *target, const void *source, std::size_t size) {
   return target;
 }
 
+/// What is filled on the path of a call are cells, which are words.
 void *memset(void *target, int value, std::size_t size) {
   auto *to = static_cast<std::uint8_t *>(target);
+  if (value == 0 && reinterpret_cast<std::uintptr_t>(to) % sizeof(std::uint32_t) == 0) {
+    for (; size >= sizeof(std::uint32_t);
+         size -= sizeof(std::uint32_t), to += sizeof(std::uint32_t))
+      *reinterpret_cast<std::uint32_t *>(to) = 0;
+  }
   while (size-- > 0)
     *to++ = static_cast<std::uint8_t>(value);
   return target;
