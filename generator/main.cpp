@@ -1,6 +1,7 @@
 #include "generator/CommandLine.h"
 #include "generator/Generate.h"
 #include "generator/emit/Outputs.h"
+#include "generator/metadata/Import.h"
 
 #include <exception>
 #include <filesystem>
@@ -69,6 +70,13 @@ int generate(const CommandLine &commandLine) {
 } // namespace
 
 int main(int count, char **arguments) {
+  try {
+    if (count > 1 && std::string(arguments[1]) == "import")
+      return metadata::importCommand(std::vector<std::string>(arguments + 2, arguments + count));
+  } catch (const std::exception &failure) {
+    std::cerr << "bridgegen: " << failure.what() << '\n';
+    return kWrongInput;
+  }
   std::string problem;
   const auto commandLine =
       parseCommandLine(std::vector<std::string>(arguments + 1, arguments + count), problem);

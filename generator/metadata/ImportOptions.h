@@ -1,0 +1,28 @@
+#ifndef WRT_GENERATOR_METADATA_IMPORT_OPTIONS_H
+#define WRT_GENERATOR_METADATA_IMPORT_OPTIONS_H
+
+#include "generator/metadata/Selection.h"
+
+#include <ostream>
+
+namespace bridgegen::metadata {
+
+/// What `bridgegen import` is asked to do.
+struct ImportOptions {
+  std::vector<std::string> files;
+  std::string output;
+  std::vector<std::string> known; ///< declarations files and folders of them
+  Wanted wanted;
+  std::map<std::string, std::string> bridgeNames; ///< by the full names of types
+  bool check = false;
+};
+
+/// Reads the arguments behind `import`. Nothing when there is nothing to do any more: help was
+/// printed, or what is wrong, and `status` is the program's.
+std::optional<ImportOptions> parseImportOptions(const std::vector<std::string> &arguments,
+                                                std::ostream &out, std::ostream &errors,
+                                                int &status);
+
+} // namespace bridgegen::metadata
+
+#endif
