@@ -90,11 +90,9 @@ private:
     std::vector<std::string> fields;
     for (const Parameter &parameter : invoke.parameters)
       fields.push_back(shortName(parameter.type, nameSpace_) + " " + parameter.name);
-    writer_.write("%;\n", enclosed("delegate " +
-                                       (invoke.result ? shortName(*invoke.result, nameSpace_) + " "
-                                                      : std::string()) +
-                                       head(definition) + " (",
-                                   fields));
+    const std::string result =
+        invoke.result ? shortName(*invoke.result, nameSpace_) + " " : std::string();
+    writer_.write("delegate %%\n    %;\n", result, head(definition), enclosed("(", fields));
   }
 
   /// Name, type parameters, bridge name and identifier.
@@ -155,7 +153,7 @@ private:
 
   std::string nameSpace_;
   const BridgeNames &bridgeNames_;
-  Writer writer_;
+  Writer writer_{4}; // as declarations written by hand
 };
 
 /// The order of declarations in a file: values and delegates, then classes, each behind its

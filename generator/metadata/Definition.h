@@ -13,12 +13,16 @@ namespace bridgegen::metadata {
 /// use.
 using syntax::TypeName;
 
-/// A row of a file, for messages. Its file must outlive it.
+/// A row of a file, for messages, or the command line. Its file must outlive it.
 struct Place {
   const Tables *tables = nullptr;
   Row row;
 
-  [[noreturn]] void refuse(const std::string &problem) const { tables->refuse(row, problem); }
+  [[noreturn]] void refuse(const std::string &problem) const {
+    if (!tables)
+      throw Refused("error: " + problem);
+    tables->refuse(row, problem);
+  }
 };
 
 struct Parameter {

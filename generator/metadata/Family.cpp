@@ -1,5 +1,7 @@
 #include "generator/metadata/Family.h"
 
+#include "generator/metadata/Names.h"
+
 #include <algorithm>
 
 namespace bridgegen::metadata {
@@ -32,7 +34,38 @@ struct TypeCollector {
   }
 };
 
+/// Takes a type from the front of `text`.
+std::optional<syntax::TypeName> takeType(std::string_view &text) {
+  const auto skip = [&] { text.remove_prefix(std::min(text.find_first_not_of(' '), text.size())); };
+  skip();
+  const size_t end = std::min(text.find_first_of("<>, "), text.size());
+  if (!isDotted(text.substr(0, end)))
+    return std::nullopt;
+  syntax::TypeName type{{std::string(text.substr(0, end)), {}}, {}};
+  text.remove_prefix(end);
+  skip();
+  if (!text.starts_with('<'))
+    return type;
+  do {
+    text.remove_prefix(1);
+    const std::optional<syntax::TypeName> argument = takeType(text);
+    if (!argument)
+      return std::nullopt;
+    type.arguments.push_back(*argument);
+  } while (text.starts_with(','));
+  if (!text.starts_with('>'))
+    return std::nullopt;
+  text.remove_prefix(1);
+  skip();
+  return type;
+}
+
 } // namespace
+
+std::optional<syntax::TypeName> typeOf(std::string_view text) {
+  const std::optional<syntax::TypeName> type = takeType(text);
+  return text.empty() ? type : std::nullopt;
+}
 
 std::vector<const syntax::TypeName *> typesOf(const syntax::Member &member) {
   TypeCollector collector;

@@ -32,6 +32,8 @@ std::vector<const syntax::TypeName *> typesOf(const syntax::Member &member);
 
 /// `Windows.Foundation.IReference<Int32>`: the name of an instance in the model.
 std::string spelled(const syntax::TypeName &type);
+/// The type that is spelled so, spaces or not; nothing when `text` is no type.
+std::optional<syntax::TypeName> typeOf(std::string_view text);
 
 } // namespace bridgegen::metadata
 

@@ -22,11 +22,13 @@ struct Known::Resolver {
     std::string &name = type.name.text;
     if (!model.builtIn(name) &&
         std::find(typeParameters.begin(), typeParameters.end(), name) == typeParameters.end()) {
+      // A type of the same namespace may be one that only the metadata has.
       const auto found = bySimpleName.find(name);
-      if (found != bySimpleName.end()) {
-        const std::string own = fullName(nameSpace, name);
-        name = found->second.contains(own) ? own : *found->second.begin();
-      }
+      const std::string own = fullName(nameSpace, name);
+      if (found != bySimpleName.end() && !found->second.contains(own))
+        name = *found->second.begin();
+      else if (name.find('.') == name.npos)
+        name = own;
     }
     for (syntax::TypeName &argument : type.arguments)
       resolve(argument, nameSpace, typeParameters);

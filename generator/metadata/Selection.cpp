@@ -27,6 +27,7 @@ const char *word(Form form) { return form == Form::Extern ? "extern" : "proxy"; 
 
 Selection::Selection(const Types &types, const Wanted &wanted) : types_(types) {
   select(wanted);
+  listWanted();
   while (!waiting_.empty()) {
     const Definition &next = *waiting_.front();
     waiting_.pop_front();
@@ -53,42 +54,47 @@ void Selection::note(const Definition &definition, const std::string &text) {
 
 void Selection::select(const Wanted &wanted) {
   for (const std::string &name : wanted.proxies)
-    selectInstance(name, Form::Proxy);
+    select(name, Form::Proxy);
   for (const std::string &name : wanted.types)
-    selectInstance(name, Form::Full);
+    select(name, Form::Full);
   const bool isAll = wanted.types.empty() && wanted.nameSpaces.empty() && wanted.proxies.empty();
   std::set<std::string> left(wanted.nameSpaces.begin(), wanted.nameSpaces.end());
   for (const Definition &definition : types_.library().definitions()) {
     const std::vector<std::string> &spaces = wanted.nameSpaces;
     if (isAll || std::find(spaces.begin(), spaces.end(), definition.nameSpace) != spaces.end()) {
       left.erase(definition.nameSpace);
-      select(definition);
+      select(definition, false);
     }
   }
+  if (knownTypes_)
+    notes_.push_back(std::to_string(knownTypes_) + " types are known already and not repeated");
   if (!left.empty())
     throw Refused("error: no type is in the namespace " + quoted(*left.begin()));
 }
 
-void Selection::selectInstance(const std::string &name, Form form) {
-  if (name.find('<') != name.npos) {
-    wantedInstances_.emplace(name, form);
+void Selection::select(const std::string &name, Form form) {
+  if (const std::optional<TypeName> type = typeOf(name); type && !type->arguments.empty()) {
+    wantedInstances_.emplace(spelled(*type), std::pair{*type, form});
     return;
   }
   const Definition *definition = types_.library().find(name);
   if (!definition)
     throw Refused("error: no type " + quoted(name) + " is in the files");
   if (form == Form::Full)
-    select(*definition);
+    select(*definition, true);
   else if (!types_.isKnown(name)) {
     raise(*definition, form);
     selected_[name].isNamed = true;
   }
 }
 
-void Selection::select(const Definition &definition) {
+void Selection::select(const Definition &definition, bool isByName) {
   const std::string name = definition.fullName();
   if (types_.isKnown(name)) {
-    note(definition, "known already, not repeated");
+    if (isByName)
+      note(definition, "known already and not repeated");
+    else
+      ++knownTypes_;
     return;
   }
   const std::optional<Form> role = types_.library().roleOf(name);
@@ -104,6 +110,25 @@ void Selection::select(const Definition &definition) {
   }
   raise(definition, *role);
   selected_[name].isNamed = true;
+}
+
+void Selection::listWanted() {
+  for (const auto &[name, wanted] : wantedInstances_) {
+    const auto &[type, form] = wanted;
+    if (const std::string problem = types_.problem(type, {}); !problem.empty())
+      throw Refused("error: " + quoted(name) + ": " + problem);
+    if (types_.sortOf(type.name.text) != Sort::InterfaceFamily)
+      throw Refused("error: " + quoted(name) + " is no interface");
+    // With the first type that is its user's own, or with its family.
+    std::string home = type.name.text;
+    for (const TypeName &argument : type.arguments) {
+      if (types_.library().find(argument.name.text) && !types_.isKnown(argument.name.text)) {
+        home = argument.name.text;
+        break;
+      }
+    }
+    need(type, Form::Proxy, {{}, home.substr(0, home.rfind('.'))});
+  }
 }
 
 void Selection::raise(const Definition &definition, Form form) {
@@ -231,7 +256,7 @@ void Selection::needInstance(const TypeName &type, Form form, const Needer &need
       need(argument, Form::Extern, needer);
   } else {
     const auto wanted = wantedInstances_.find(name);
-    list(type, wanted == wantedInstances_.end() ? Form::Full : wanted->second, needer);
+    list(type, wanted == wantedInstances_.end() ? Form::Full : wanted->second.second, needer);
   }
 }
 

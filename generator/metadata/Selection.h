@@ -8,7 +8,7 @@ namespace bridgegen::metadata {
 /// What an import is asked for. With neither types nor namespaces it is everything.
 struct Wanted {
   std::vector<std::string> nameSpaces;
-  std::vector<std::string> types;   ///< full names; of instances, as `spelled` gives them
+  std::vector<std::string> types;   ///< full names, also of instances
   std::vector<std::string> proxies; ///< in no more than this form
 };
 
@@ -44,13 +44,14 @@ public:
 private:
   /// Who needs something, for messages and for the place of instances.
   struct Needer {
-    const Place &place;
-    const std::string &nameSpace;
+    Place place;
+    std::string nameSpace;
   };
 
   void select(const Wanted &wanted);
-  void selectInstance(const std::string &name, syntax::Form form);
-  void select(const Definition &definition);
+  void select(const std::string &name, syntax::Form form);
+  void listWanted();
+  void select(const Definition &definition, bool isByName);
   void raise(const Definition &definition, syntax::Form form);
   void complete(const Definition &definition);
   void completeInterface(Selected &selected);
@@ -64,11 +65,12 @@ private:
   const Types &types_;
   std::map<std::string, Selected> selected_;
   std::map<std::string, SelectedInstance> instances_;
-  std::map<std::string, syntax::Form> wantedInstances_;
+  std::map<std::string, std::pair<TypeName, syntax::Form>> wantedInstances_;
   std::set<std::string> delegates_; ///< instances whose arguments have been looked at
   std::deque<const Definition *> waiting_;
   std::vector<Selected> ordered_;
   std::vector<std::string> notes_;
+  size_t knownTypes_ = 0; ///< that were not asked for by name
 };
 
 } // namespace bridgegen::metadata

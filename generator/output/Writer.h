@@ -34,6 +34,25 @@ private:
 /// something that writes itself when called with the writer.
 class Writer {
 public:
+  /// How many spaces a scope indents by.
+  explicit Writer(unsigned indentation = 2) : indentation_(indentation) {}
+
+  /// Everything that is written while this lives is indented, and `end` is written after it.
+  class Scope {
+  public:
+    Scope(Writer &writer, std::string_view end) : writer_(writer), end_(end) { ++writer.depth_; }
+    Scope(const Scope &) = delete;
+    Scope &operator=(const Scope &) = delete;
+    ~Scope() {
+      --writer_.depth_;
+      writer_.append(end_);
+    }
+
+  private:
+    Writer &writer_;
+    std::string end_;
+  };
+
   template <class... Arguments>
   void write(std::type_identity_t<Template<Arguments...>> pattern, const Arguments &...arguments) {
     std::string_view rest = pattern.text;
@@ -41,10 +60,16 @@ public:
     append(rest);
   }
 
+  /// Opens an indented part that ends with the scope's life.
+  [[nodiscard]] Scope scope(std::string_view begin, std::string_view end) {
+    append(begin);
+    return Scope(*this, end);
+  }
+
   const std::string &text() const { return text_; }
 
-  /// Adds `text` as it is.
-  void append(std::string_view text) { text_ += text; }
+  /// Adds `text` as it is, with the indentation before every line that is not empty.
+  void append(std::string_view text);
 
 private:
   template <class Argument>
@@ -60,6 +85,8 @@ private:
   }
 
   std::string text_;
+  unsigned indentation_;
+  unsigned depth_ = 0;
 };
 
 /// Writes `items` one after the other with `separator` between them, each as `write(writer, item)`
