@@ -101,11 +101,17 @@ uint32_t Tables::number(Row row, unsigned column) const {
 }
 
 std::string_view Tables::string(Row row, unsigned column) const {
-  return container_.strings.zeroTerminated(number(row, column));
+  const uint32_t index = number(row, column);
+  if (index >= container_.strings.size())
+    throw Fault{offset(row), "string " + hexadecimal(index) + " is outside of #Strings"};
+  return container_.strings.zeroTerminated(index);
 }
 
 Bytes Tables::blob(Row row, unsigned column) const {
-  Cursor cursor(container_.blobs.from(number(row, column)));
+  const uint32_t index = number(row, column);
+  if (index >= container_.blobs.size())
+    throw Fault{offset(row), "blob " + hexadecimal(index) + " is outside of #Blob"};
+  Cursor cursor(container_.blobs.from(index));
   return cursor.take(cursor.compressed());
 }
 
