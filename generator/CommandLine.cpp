@@ -55,6 +55,7 @@ constexpr const char *kUsage =
     R"(Usage: bridgegen --output FOLDER [--hand-written FILE] [--delegate-header HEADER]
                  FILE.idl...
        bridgegen --list-outputs FILE.idl...
+       bridgegen import --help
 
 Makes the Objective-C bridges of the WinRT types that the files declare. All files are
 read together, in any order; docs/declarations.md describes what stands in them. Each

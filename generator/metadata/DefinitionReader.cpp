@@ -64,7 +64,7 @@ private:
     definition.nameSpace = tables_.string(row, 2);
     const std::string_view name = tables_.string(row, 1);
     definition.name = name.substr(0, name.find('`'));
-    if (!isIdentifier(definition.name) ||
+    if (!isTypeWord(definition.name) ||
         (!definition.nameSpace.empty() && !isDotted(definition.nameSpace)))
       tables_.refuse(row, quotedName(definition.fullName()) + " is no name of a type");
     const std::string full = definition.fullName();
@@ -107,6 +107,8 @@ private:
         if (tables_.number(parameter, 0) != definition.typeParameters.size())
           tables_.refuse(parameter, "type parameters out of order");
         definition.typeParameters.push_back(identifierAt(parameter, 3, "a type parameter"));
+        if (!isTypeWord(definition.typeParameters.back()))
+          tables_.refuse(parameter, "a type parameter that is a word of declarations");
       });
     });
   }

@@ -14,14 +14,23 @@ inline bool isIdentifier(std::string_view name) {
                      [](unsigned char c) { return c < 128 && (std::isalnum(c) || c == '_'); });
 }
 
-/// Identifiers with dots between.
+/// An identifier that means nothing else where declarations have types.
+inline bool isTypeWord(std::string_view name) {
+  for (const std::string_view word : {"void", "event", "reserved", "return", "out", "fill"}) {
+    if (name == word)
+      return false;
+  }
+  return isIdentifier(name);
+}
+
+/// Such words with dots between.
 inline bool isDotted(std::string_view name) {
   for (size_t dot = name.find('.'); dot != name.npos; dot = name.find('.')) {
-    if (!isIdentifier(name.substr(0, dot)))
+    if (!isTypeWord(name.substr(0, dot)))
       return false;
     name.remove_prefix(dot + 1);
   }
-  return isIdentifier(name);
+  return isTypeWord(name);
 }
 
 } // namespace bridgegen::metadata
