@@ -8,14 +8,22 @@ namespace {
 
 using syntax::Form;
 
-/// Instances in instances, as deep as nobody writes them: a family that needs ever larger ones.
+// Instances in instances, as nobody writes them: of a family that needs ever larger ones.
 constexpr size_t kDeepest = 8;
+constexpr size_t kLargest = 256; ///< names in one
 
 size_t depthOf(const TypeName &type) {
   size_t depth = 0;
   for (const TypeName &argument : type.arguments)
     depth = std::max(depth, depthOf(argument));
   return depth + 1;
+}
+
+size_t sizeOf(const TypeName &type) {
+  size_t size = 1;
+  for (const TypeName &argument : type.arguments)
+    size += sizeOf(argument);
+  return size;
 }
 
 /// Extern, proxy, full: how much of a type there is.
@@ -233,9 +241,9 @@ void Selection::need(const TypeName &type, Form form, const Needer &needer) {
 }
 
 void Selection::needInstance(const TypeName &type, Form form, const Needer &needer) {
+  if (depthOf(type) > kDeepest || sizeOf(type) > kLargest)
+    needer.place.refuse("ever larger instances of " + quoted(type.name.text) + " are needed");
   const std::string name = spelled(type);
-  if (depthOf(type) > kDeepest)
-    needer.place.refuse("ever larger instances are needed: " + quoted(name.substr(0, 200)));
   const std::string &familyName = type.name.text;
   const Sort sort = types_.sortOf(familyName);
   if (sort != Sort::InterfaceFamily && sort != Sort::DelegateFamily)
