@@ -152,7 +152,10 @@ std::pair<uint32_t, uint32_t> Tables::range(Row row, unsigned column) const {
   return {first, end};
 }
 
-std::string Tables::message(Row row, size_t offset, const std::string &problem) const {
+std::string Tables::message(Row row, size_t offset, std::string problem) const {
+  // Names out of a broken file may be anything.
+  std::replace_if(
+      problem.begin(), problem.end(), [](unsigned char c) { return c < ' ' || c > '~'; }, '?');
   return path_ + ": error: " + tableName(row.table) + " row " + std::to_string(row.number) +
          " at " + hexadecimal(offset) + ": " + problem;
 }

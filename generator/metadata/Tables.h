@@ -48,7 +48,7 @@ public:
   /// Where in the file a row begins.
   size_t offset(Row row) const;
   /// `FILE: error: TypeDef row 3 at 0x1a4: problem`.
-  std::string message(Row row, size_t offset, const std::string &problem) const;
+  std::string message(Row row, size_t offset, std::string problem) const;
   /// Throws what is wrong with a row.
   [[noreturn]] void refuse(Row row, const std::string &problem) const {
     throw Refused(message(row, offset(row), problem));
