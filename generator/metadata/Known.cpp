@@ -11,27 +11,27 @@ namespace bridgegen::metadata {
 /// Writes the names in families out in full; they are looked up in the model only for instances.
 struct Known::Resolver {
   const Model &model;
-  std::map<std::string, std::set<std::string>> bySimpleName;
+  std::set<std::string> fullNames;
 
-  void add(const std::string &fullName) {
-    bySimpleName[fullName.substr(fullName.rfind('.') + 1)].insert(fullName);
+  std::string meaningOf(const std::string &name, const syntax::Section &section) const {
+    std::string own = fullName(section.nameSpace, name);
+    if (!fullNames.contains(own)) {
+      for (const Name &used : section.usings) {
+        if (std::string full = fullName(used.text, name); fullNames.contains(full))
+          return full;
+      }
+    }
+    return own; // which may be a type that only the metadata has
   }
 
-  void resolve(syntax::TypeName &type, const std::string &nameSpace,
+  void resolve(syntax::TypeName &type, const syntax::Section &section,
                const std::vector<std::string> &typeParameters) const {
     std::string &name = type.name.text;
-    if (!model.builtIn(name) &&
-        std::find(typeParameters.begin(), typeParameters.end(), name) == typeParameters.end()) {
-      // A type of the same namespace may be one that only the metadata has.
-      const auto found = bySimpleName.find(name);
-      const std::string own = fullName(nameSpace, name);
-      if (found != bySimpleName.end() && !found->second.contains(own))
-        name = *found->second.begin();
-      else if (name.find('.') == name.npos)
-        name = own;
-    }
+    if (!model.builtIn(name) && name.find('.') == name.npos &&
+        std::find(typeParameters.begin(), typeParameters.end(), name) == typeParameters.end())
+      name = meaningOf(name, section);
     for (syntax::TypeName &argument : type.arguments)
-      resolve(argument, nameSpace, typeParameters);
+      resolve(argument, section, typeParameters);
   }
 };
 
@@ -47,7 +47,7 @@ Known::Known(const std::deque<Source> &sources, Diagnostics &diagnostics) : Know
   Resolver resolver{*model_, {}};
   for (const auto &[name, type] : model_->types()) {
     if (!type->isInstance)
-      resolver.add(name);
+      resolver.fullNames.insert(name);
     bridges_.emplace(type->bridgeName, type.get());
   }
   const auto forEachFamily = [&](auto visit) {
@@ -62,17 +62,17 @@ Known::Known(const std::deque<Source> &sources, Diagnostics &diagnostics) : Know
     }
   };
   forEachFamily([&](const syntax::Declaration &declaration, const auto &declared) {
-    resolver.add(fullName(declaration.nameSpace, declared.name.text));
+    resolver.fullNames.insert(fullName(declaration.section->nameSpace, declared.name.text));
   });
   forEachFamily([&](const syntax::Declaration &declaration, const auto &declared) {
-    Family &family = families_[fullName(declaration.nameSpace, declared.name.text)];
+    Family &family = families_[fullName(declaration.section->nameSpace, declared.name.text)];
     family.iid = declared.iid.guid;
     for (const Name &parameter : declared.typeParameters)
       family.typeParameters.push_back(parameter.text);
     if constexpr (requires { declared.members; }) {
       for (syntax::Member member : declared.members) {
         for (const syntax::TypeName *type : typesOf(member))
-          resolver.resolve(const_cast<syntax::TypeName &>(*type), declaration.nameSpace,
+          resolver.resolve(const_cast<syntax::TypeName &>(*type), *declaration.section,
                            family.typeParameters);
         family.members.push_back({std::move(member), ""});
       }
@@ -83,7 +83,7 @@ Known::Known(const std::deque<Source> &sources, Diagnostics &diagnostics) : Know
       if (declared.result)
         family.arguments.push_back(*declared.result);
       for (syntax::TypeName &type : family.arguments)
-        resolver.resolve(type, declaration.nameSpace, family.typeParameters);
+        resolver.resolve(type, *declaration.section, family.typeParameters);
     }
   });
 }
