@@ -31,6 +31,9 @@ std::string emitClassNames(const Unit &unit, const Input &input);
 std::string emitUmbrella(const Input &input);
 /// In the form of a module definition's export lines.
 std::string emitBridgeExports(const Input &input);
+/// Which asynchronous operations there are, and which collections.
+std::string emitOperations(const Input &input);
+std::string emitCollections(const Input &input);
 /// The lines of the hand-written classes come first in both tables.
 std::string emitCatalogue(const Input &input);
 std::string emitDigest(const Input &input);

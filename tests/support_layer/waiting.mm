@@ -1,0 +1,241 @@
+// Waiting, asking first and the texts of errors.
+
+#include "tests/families/Families.h"
+
+#import <WRTObjcBridge/Windows.Storage.h>
+#import <WRTSupport/WRTSupport.h>
+
+namespace wrt::test {
+
+namespace {
+
+using namespace implement;
+
+using Text = WRTIAsyncOperation__1_WRTHSTRING_Bridge;
+using Number = WRTIAsyncOperation__1_WRTUINT32_Bridge;
+using Progressing = WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge;
+
+/// Ends when the gate opens, with 17 or with `outcome` if that is a failure.
+Number *waitingFor(std::shared_ptr<Gate> gate, HRESULT outcome = status::kOk) {
+  return startedOperation<UInt32>([Number class],
+                                  [gate, outcome](const Work<> &, uint32_t &result) {
+                                    gate->wait();
+                                    result = 17;
+                                    return outcome;
+                                  });
+}
+
+/// Has ended like that.
+Number *ended(HRESULT outcome) {
+  IAsyncOperation<UInt32> *operation = nullptr;
+  if (outcome < 0)
+    failedAsync<UInt32>(&operation, outcome);
+  else
+    completedAsync<UInt32>(&operation, 17);
+  return [Number bridgeTransfer:operation];
+}
+
+WRTIAsyncActionBridge *action(HRESULT outcome) {
+  return startedOperation<>([WRTIAsyncActionBridge class], [outcome](const Work<> &) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return outcome;
+  });
+}
+
+// Ended before, ending elsewhere, failing; each gives the operation's own type and error.
+void awaitEachKind() {
+  PoolDrained drained;
+  expectLeftover({.strings = 1}); // a string result is not released
+  NSError *error = staleErrorOfCaller();
+  EXPECT_EQ(17u, WRTAwait(ended(status::kOk), &error));
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ(0u, WRTAwait(ended(status::kBounds), &error));
+  EXPECT_EQ(status::kBounds, [error code]);
+
+  auto gate = std::make_shared<Gate>();
+  Number *running = waitingFor(gate);
+  std::thread opener([gate] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    gate->open();
+  });
+  EXPECT_EQ(17u, WRTAwait(running, &error));
+  EXPECT_EQ(nil, error);
+  opener.join();
+
+  Text *text = startedOperation<String>([Text class], [](const Work<> &, StringHolder &result) {
+    result = StringHolder(u"Grüße");
+    return status::kOk;
+  });
+  NSString *const typed = WRTAwait(text, &error);
+  EXPECT_TRUE([typed isEqual:@"Grüße"]);
+  EXPECT_TRUE(WRTAwait(action(status::kOk), nullptr));
+  EXPECT_FALSE(WRTAwait(action(status::kFail), &error));
+  EXPECT_EQ(status::kFail, [error code]);
+}
+
+// The wait ends at the limit, the work is told to stop, and its end later harms nobody.
+void awaitLimit() {
+  PoolDrained drained;
+  auto gate = std::make_shared<Gate>();
+  auto stopped = std::make_shared<std::atomic<bool>>(false);
+  Number *operation =
+      startedOperation<UInt32>([Number class], [gate, stopped](const Work<> &work, uint32_t &) {
+        gate->wait();
+        *stopped = work.isCanceled();
+        return status::kOk;
+      });
+  NSError *error = nil;
+  @autoreleasepool {
+    EXPECT_EQ(0u, WRTAwaitUntil(operation, [NSDate dateWithTimeIntervalSinceNow:0.02], &error));
+    EXPECT_EQ(status::kAbort, [error code]);
+  }
+  gate->open();
+  waitForPool();
+  EXPECT_TRUE(*stopped);
+  EXPECT_EQ(17u, WRTAwaitUntil(ended(status::kOk), [NSDate distantPast], &error));
+  EXPECT_EQ(nil, error);
+}
+
+void awaitHostile() {
+  NSError *error = nil;
+  EXPECT_EQ(0u, WRTAwait(static_cast<Number *>(nil), &error));
+  EXPECT_EQ(status::kPointer, [error code]);
+  error = staleErrorOfCaller();
+  WRTAwait(static_cast<Number *>(nil), &error);
+  EXPECT_EQ(1, [error code]) << "why there is no operation";
+
+  WRTAwait(static_cast<Number *>(strangerOf([Number class])), &error);
+  EXPECT_EQ(kNoInterface, [error code]);
+  Number *closed = ended(status::kOk);
+  [[WRTIAsyncInfoBridge cast:closed] closeWithError:nullptr];
+  EXPECT_EQ(0u, WRTAwait(closed, &error));
+  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
+  // An action's bridge over an operation with a result has IAsyncInfo but not its interface.
+  EXPECT_FALSE(WRTAwait([WRTIAsyncActionBridge cast:ended(status::kOk)], &error));
+  EXPECT_EQ(kNoInterface, [error code]);
+}
+
+void thenEachKind() {
+  PoolDrained drained;
+  __block int calls = 0;
+  WRTThen(ended(status::kOk), ^(unsigned result, NSError *failure) {
+    EXPECT_EQ(17u, result);
+    EXPECT_EQ(nil, failure);
+    ++calls;
+  });
+  EXPECT_EQ(1, calls) << "at once";
+  WRTThen(static_cast<Number *>(nil), ^(unsigned, NSError *failure) {
+    EXPECT_EQ(status::kPointer, [failure code]);
+    ++calls;
+  });
+  WRTThen(static_cast<Number *>(strangerOf([Number class])), ^(unsigned, NSError *failure) {
+    EXPECT_EQ(kNoInterface, [failure code]);
+    ++calls;
+  });
+  EXPECT_EQ(3, calls);
+
+  const auto here = std::this_thread::get_id();
+  auto gate = std::make_shared<Gate>();
+  Gate told;
+  Gate *const toldGate = &told;
+  WRTThen(waitingFor(gate, status::kBounds), ^(unsigned result, NSError *failure) {
+    EXPECT_EQ(0u, result);
+    EXPECT_EQ(status::kBounds, [failure code]);
+    EXPECT_NE(here, std::this_thread::get_id());
+    toldGate->open();
+  });
+  gate->open();
+  told.wait();
+  Gate acted;
+  Gate *const actedGate = &acted;
+  WRTThen(action(status::kFail), ^(NSError *failure) {
+    EXPECT_EQ(status::kFail, [failure code]);
+    actedGate->open();
+  });
+  acted.wait();
+}
+
+void progressReports() {
+  PoolDrained drained;
+  auto gate = std::make_shared<Gate>();
+  Progressing *operation = startedOperation<UInt32, UInt32>(
+      [Progressing class], [gate](const Work<UInt32> &work, uint32_t &result) {
+        gate->wait();
+        work.report(40);
+        work.report(100);
+        result = 3;
+        return status::kOk;
+      });
+  __block unsigned sum = 0;
+  NSError *error = nil;
+  EXPECT_TRUE(WRTOnProgress(
+      operation,
+      ^(unsigned percent) {
+        sum += percent;
+      },
+      &error));
+  gate->open();
+  EXPECT_EQ(3u, WRTAwait(operation, &error));
+  EXPECT_EQ(140u, sum);
+  EXPECT_FALSE(WRTOnProgress(static_cast<Progressing *>(strangerOf([Progressing class])),
+                             ^(unsigned){
+                             },
+                             &error));
+  EXPECT_EQ(kNoInterface, [error code]);
+}
+
+// What is silent otherwise is an error; what is no failure leaves none.
+void tryMembers() {
+  WRTStorageFolderBridge *stranger = strangerOf([WRTStorageFolderBridge class]);
+  NSError *error = nil;
+  EXPECT_EQ(nil, [stranger getNameWithError:&error]);
+  EXPECT_EQ(nil, error) << "the silence that WRTTry is for";
+  EXPECT_EQ(nil, WRTTry([stranger getNameWithError:&error], &error));
+  EXPECT_EQ(kNoInterface, [error code]);
+  error = nil;
+  WRTTry([static_cast<WRTIAsyncInfoBridge *>(strangerOf([WRTIAsyncInfoBridge class]))
+             cancelWithError:&error],
+         &error); // a member without a result
+  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_EQ(
+      1, WRTTry([[WRTIAsyncInfoBridge cast:ended(status::kOk)] getStatusWithError:&error], &error));
+  EXPECT_EQ(nil, error);
+
+  clearLog();
+  Number *operation = ended(status::kOk);
+  EXPECT_TRUE(WRTSupports(operation, @protocol(WRTIAsyncOperation__1_WRTUINT32_Bridge)));
+  EXPECT_TRUE(WRTSupports(operation, @protocol(WRTIAsyncInfoBridge)));
+  EXPECT_FALSE(WRTSupports(operation, @protocol(WRTIAsyncActionBridge)));
+  EXPECT_FALSE(WRTSupports(operation, @protocol(NSObject)));
+  EXPECT_FALSE(WRTSupports(nil, @protocol(WRTIAsyncInfoBridge)));
+  EXPECT_EQ(0u, logRecords().size()) << "asking is no failure";
+}
+
+void errorTexts() {
+  const auto text = [](uint32_t status) {
+    NSError *error = [NSError errorWithDomain:@"WRT"
+                                         code:static_cast<HRESULT>(status)
+                                     userInfo:nil];
+    return std::string([WRTErrorDescription(error) UTF8String]);
+  };
+  EXPECT_EQ("access denied (E_ACCESSDENIED, 0x80070005)", text(0x80070005));
+  EXPECT_EQ("not well-formed XML (0xC00CE556)", text(0xC00CE556));
+  EXPECT_EQ("failed (0x81234567)", text(0x81234567));
+  EXPECT_TRUE([WRTErrorDescription(nil) isEqual:@"no error"]);
+  EXPECT_TRUE(
+      [WRTErrorDescription(staleErrorOfCaller()) isEqual:[staleErrorOfCaller() description]]);
+}
+
+const Cell cells[] = {
+    {"support.await.each_kind.normal", awaitEachKind},
+    {"support.await.limit.cancels", awaitLimit},
+    {"support.await.hostile.refused", awaitHostile},
+    {"support.then.each_kind.normal", thenEachKind},
+    {"support.progress.reports.normal", progressReports},
+    {"support.try.silent_members.normal", tryMembers},
+    {"support.errors.texts.normal", errorTexts},
+};
+
+} // namespace
+
+} // namespace wrt::test
