@@ -1,5 +1,7 @@
 #import <WRTSupport/WRTAsking.h>
 
+#include "support/implement/Protocol.h"
+
 #include <WRTBridge.h>
 #import <WRTObjcBridge/WRTConversions.h>
 #include <WRTStatus.h>
@@ -9,17 +11,6 @@ namespace {
 NSError *mark() {
   static NSError *const error = [[NSError alloc] initWithDomain:@"WRTMark" code:0 userInfo:nil];
   return error;
-}
-
-/// What begins a protocol in the runtimes of both targets. The GNU runtime cannot be asked for the
-/// name: it does not know a protocol that no class of its module adopts.
-struct ProtocolHead {
-  void *isa;
-  const char *name;
-};
-
-NSString *nameOf(Protocol *protocol) {
-  return [NSString stringWithUTF8String:reinterpret_cast<const ProtocolHead *>(protocol)->name];
 }
 
 using Accessor = void *(*)(id, SEL, NSError **);
@@ -55,7 +46,7 @@ void WRTSettleError(NSError **error) {
 
 BOOL WRTSupports(id<WRTIUnknownBridge> object, Protocol *protocol) {
   // WRTIFooBridge, WRTIFoo__1_WRTBar_P_Bridge: the class of that name has the accessor.
-  NSString *name = nameOf(protocol);
+  NSString *name = wrt::support::nameOf(protocol);
   if (![name hasSuffix:@"Bridge"])
     return NO;
   NSString *stem = [name substringToIndex:[name length] - [@"Bridge" length]];

@@ -4,7 +4,10 @@
 #define WRT_SUPPORT_H
 
 #import <WRTSupport/WRTAsking.h>
+#import <WRTSupport/WRTBoxing.h>
+#import <WRTSupport/WRTBuffers.h>
 #import <WRTSupport/WRTErrorTexts.h>
+#import <WRTSupport/WRTValues.h>
 #import <WRTSupport/WRTWaiting.h>
 
 #endif
