@@ -6,6 +6,7 @@
 #import <WRTSupport/WRTAsking.h>
 #import <WRTSupport/WRTBoxing.h>
 #import <WRTSupport/WRTBuffers.h>
+#import <WRTSupport/WRTEnumeration.h>
 #import <WRTSupport/WRTErrorTexts.h>
 #import <WRTSupport/WRTValues.h>
 #import <WRTSupport/WRTWaiting.h>

@@ -61,21 +61,21 @@ NSUUID *WRTUUIDFromGUID(GUID guid) {
   };
   const unsigned char *rest = guid.Data4;
   unsigned char bytes[16] = {byte(guid.Data1, 24),
-                                   byte(guid.Data1, 16),
-                                   byte(guid.Data1, 8),
-                                   byte(guid.Data1, 0),
-                                   byte(guid.Data2, 8),
-                                   byte(guid.Data2, 0),
-                                   byte(guid.Data3, 8),
-                                   byte(guid.Data3, 0),
-                                   rest[0],
-                                   rest[1],
-                                   rest[2],
-                                   rest[3],
-                                   rest[4],
-                                   rest[5],
-                                   rest[6],
-                                   rest[7]};
+                             byte(guid.Data1, 16),
+                             byte(guid.Data1, 8),
+                             byte(guid.Data1, 0),
+                             byte(guid.Data2, 8),
+                             byte(guid.Data2, 0),
+                             byte(guid.Data3, 8),
+                             byte(guid.Data3, 0),
+                             rest[0],
+                             rest[1],
+                             rest[2],
+                             rest[3],
+                             rest[4],
+                             rest[5],
+                             rest[6],
+                             rest[7]};
   return [[[NSUUID alloc] initWithUUIDBytes:bytes] autorelease];
 }
 
