@@ -36,8 +36,8 @@ WRT_EXTERN_C_BEGIN
 /// `WRTEach` with a block that is told the error, nil for none, when it is called and whenever
 /// reading fails.
 WRT_SUPPORT_API
-    id<NSFastEnumeration> _Nullable WRTEachReporting(id<WRTIInspectableBridge> _Nullable collection,
-                                                     void (^report)(NSError *_Nullable failure));
+id<NSFastEnumeration> _Nullable WRTEachReporting(id<WRTIInspectableBridge> _Nullable collection,
+                                                 void (^report)(NSError *_Nullable failure));
 
 /// All elements, autoreleased; nil and an error when reading fails, `E_CHANGED_STATE` if because
 /// the collection changed. Any thread that may use the collection.

@@ -6,8 +6,10 @@
 #import <WRTSupport/WRTAsking.h>
 #import <WRTSupport/WRTBoxing.h>
 #import <WRTSupport/WRTBuffers.h>
+#import <WRTSupport/WRTDispatching.h>
 #import <WRTSupport/WRTEnumeration.h>
 #import <WRTSupport/WRTErrorTexts.h>
+#import <WRTSupport/WRTSubscription.h>
 #import <WRTSupport/WRTValues.h>
 #import <WRTSupport/WRTWaiting.h>
 
