@@ -6,6 +6,8 @@
 #import <WRTSupport/WRTAsking.h>
 #import <WRTSupport/WRTBoxing.h>
 #import <WRTSupport/WRTBuffers.h>
+#import <WRTSupport/WRTCollections.h>
+#import <WRTSupport/WRTDescriptions.h>
 #import <WRTSupport/WRTDispatching.h>
 #import <WRTSupport/WRTEnumeration.h>
 #import <WRTSupport/WRTErrorTexts.h>

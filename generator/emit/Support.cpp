@@ -60,11 +60,12 @@ public:
     const auto &pairArguments = pair ? pair->instance->arguments : instance.arguments;
     const std::string element = isMap || pair ? signature("IKeyValuePair", pairArguments)
                                               : typeSignature(*instance.arguments[0]).value_or("");
-    writer.write("{\"%\", Family::%, %, %, %, %,\n %,\n %},\n", interface.bridgeClass(),
+    writer.write("{\"%\", Family::%, %, %, %, %, %,\n %,\n %},\n", interface.bridgeClass(),
                  name.substr(1), interface.iid.initializer(), identifier("IIterable", element),
                  identifier("IIterator", element),
                  isMap ? instanceIdentifier(signature("IMapView", instance.arguments)).initializer()
                        : identifier("IVectorView", element),
+                 isMap || pair ? instanceIdentifier(element).initializer() : "{}",
                  isMap || pair ? elementText(*pairArguments[0])
                                : "{ElementKind::None, nullptr, {}}",
                  elementText(*pairArguments.back()));

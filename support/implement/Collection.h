@@ -32,6 +32,7 @@ struct Collection {
   GUID iid;
   GUID iterable, iterator; ///< of its elements
   GUID view;               ///< `IVectorView` or `IMapView` of the same
+  GUID pair;               ///< `IKeyValuePair` of the same
   Element key;
   Element value;
 

@@ -226,7 +226,23 @@ void errorTexts() {
       [WRTErrorDescription(staleErrorOfCaller()) isEqual:[staleErrorOfCaller() description]]);
 }
 
+// Class, runtime class and identity, of which the last is the same for all bridges of an object.
+void descriptions() {
+  WRTUriBridge *uri = [WRTUriBridge createUriWithUri:@"https://example.org" error:nullptr];
+  void *identity = [uri _WRTIUnknownWithError:nullptr];
+  static_cast<abi::IUnknown *>(identity)->Release();
+  EXPECT_TRUE([[uri description]
+      isEqual:[NSString stringWithFormat:@"<WRTUriBridge %p: Windows.Foundation.Uri %p>",
+                                         static_cast<void *>(uri), identity]]);
+  NSString *end = [NSString stringWithFormat:@" %p>", identity];
+  EXPECT_TRUE([[[WRTIStringableBridge cast:uri] description] hasSuffix:end]);
+  WRTIInspectableBridge *stranger = strangerOf([WRTIInspectableBridge class]);
+  EXPECT_TRUE([[stranger description] hasPrefix:@"<WRTIInspectableBridge 0x"]);
+  EXPECT_TRUE([[[WRTKeyValuePair pairWithKey:@"a" value:@1] description] isEqual:@"a = 1"]);
+}
+
 const Cell cells[] = {
+    {"support.descriptions.all.normal", descriptions},
     {"support.await.each_kind.normal", awaitEachKind},
     {"support.await.limit.cancels", awaitLimit},
     {"support.await.hostile.refused", awaitHostile},
