@@ -12,6 +12,9 @@ FOUNDATION_CLASS
 + (instancetype)errorWithDomain:(NSString *)domain
                            code:(NSInteger)code
                        userInfo:(nullable NSDictionary *)userInfo;
+- (instancetype)initWithDomain:(NSString *)domain
+                          code:(NSInteger)code
+                      userInfo:(nullable NSDictionary *)userInfo;
 - (NSString *)domain;
 - (NSInteger)code;
 - (nullable NSDictionary *)userInfo;

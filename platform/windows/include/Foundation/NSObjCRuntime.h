@@ -24,6 +24,13 @@ static_assert(sizeof(NSInteger) == sizeof(void *), "declared for 32-bit targets"
 #define FOUNDATION_EXTERN extern
 #endif
 
+/// What the class library exports as data.
+#if defined(_WIN32)
+#define FOUNDATION_IMPORT FOUNDATION_EXTERN __declspec(dllimport)
+#else
+#define FOUNDATION_IMPORT FOUNDATION_EXTERN
+#endif
+
 #define NS_ENUM(type, name)                                                                        \
   enum name : type name;                                                                           \
   enum name : type
@@ -41,5 +48,10 @@ typedef struct {
   NSUInteger location;
   NSUInteger length;
 } NSRange;
+
+@class NSString;
+FOUNDATION_EXTERN Class NSClassFromString(NSString *name);
+FOUNDATION_EXTERN NSString *NSStringFromClass(Class aClass);
+FOUNDATION_EXTERN SEL NSSelectorFromString(NSString *name);
 
 #endif

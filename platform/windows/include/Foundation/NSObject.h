@@ -40,6 +40,8 @@ __attribute__((objc_root_class))
 + (Class)class;
 + (Class)superclass;
 + (BOOL)instancesRespondToSelector:(SEL)selector;
++ (IMP)instanceMethodForSelector:(SEL)selector;
+- (IMP)methodForSelector:(SEL)selector;
 - (instancetype)init;
 - (void)dealloc;
 - (id)copy;

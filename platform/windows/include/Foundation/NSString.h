@@ -20,6 +20,8 @@ FOUNDATION_CLASS
 - (void)getCharacters:(unichar *)buffer range:(NSRange)range;
 - (nullable const char *)UTF8String;
 - (BOOL)isEqualToString:(NSString *)other;
+- (BOOL)hasSuffix:(NSString *)suffix;
+- (NSString *)substringToIndex:(NSUInteger)index;
 @end
 
 FOUNDATION_CLASS
