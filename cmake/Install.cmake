@@ -4,7 +4,8 @@
 #   include/WRTObjcBridge/     the public headers, their module map, and `gnustep/`, what GNUstep's
 #                              headers want besides
 #   lib/cmake/WRTObjcBridge/   find_package(WRTObjcBridge)
-#   lib/pkgconfig/             pkg-config wrtobjcbridge
+#   lib/pkgconfig/             pkg-config wrtobjcbridge, wrtsupport
+#   include/WRTSupport/        the application layer's headers and module map
 #
 # Nothing in there names a folder of the build or of the installation: the tree may be moved.
 include(CMakePackageConfigHelpers)
@@ -37,7 +38,7 @@ target_link_libraries(zorvex INTERFACE
 target_link_libraries(wrt_application INTERFACE zorvex)
 target_link_libraries(WRTObjcBridge INTERFACE $<INSTALL_INTERFACE:WRTObjcBridge::objc>)
 
-set(libraries WRTObjcBridge zorvex WRTLedger CrossPortability_zorvex WRTBridge_zorvex
+set(libraries WRTObjcBridge WRTSupport zorvex WRTLedger CrossPortability_zorvex WRTBridge_zorvex
   WRTBridgeUtil_zorvex)
 # An application keeps running with a later library of the same major version (docs/stability.md).
 set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN"
@@ -46,10 +47,12 @@ install(TARGETS ${libraries} wrt_application EXPORT WRTObjcBridge
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
-install(DIRECTORY ${PROJECT_BINARY_DIR}/include/WRTObjcBridge
+install(DIRECTORY ${PROJECT_BINARY_DIR}/include/WRTObjcBridge ${PROJECT_BINARY_DIR}/include/WRTSupport
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/package/module.modulemap
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/WRTObjcBridge)
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/package/support.modulemap
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/WRTSupport RENAME module.modulemap)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/linux/objc/include/objc
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/WRTObjcBridge/gnustep)
 
@@ -70,4 +73,5 @@ list(JOIN flags " " WRT_APPLICATION_FLAGS)
 file(RELATIVE_PATH WRT_PKG_CONFIG_TO_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" WRT_PKG_CONFIG_TO_PREFIX "${WRT_PKG_CONFIG_TO_PREFIX}")
 configure_file(${CMAKE_CURRENT_LIST_DIR}/package/wrtobjcbridge.pc.in ${package}/wrtobjcbridge.pc @ONLY)
-install(FILES ${package}/wrtobjcbridge.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/package/wrtsupport.pc.in ${package}/wrtsupport.pc @ONLY)
+install(FILES ${package}/wrtobjcbridge.pc ${package}/wrtsupport.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -2,46 +2,29 @@
 
 #import "Findings.h"
 #import "Names.h"
-#import "Waiting.h"
 
-#import <WRTObjcBridge/IAsyncOperation.h>
-#import <WRTObjcBridge/IVectorView.h>
 #import <WRTObjcBridge/WRTConversions.h>
 #import <WRTObjcBridge/Windows.Data.Xml.Dom.h>
 #import <WRTObjcBridge/Windows.Storage.FileProperties.h>
 #import <WRTObjcBridge/Windows.Storage.Streams.h>
 #import <WRTObjcBridge/Windows.Storage.h>
-
-#include <time.h>
+#import <WRTSupport/WRTSupport.h>
 
 /// Larger files are listed and not read.
 static const unsigned long long kReadLimit = 64 << 20;
 
-static NSString *describeDate(WRTDateTime date) {
-  const long long kUnixEpoch = 116444736000000000; // in units of 100 ns since 1601
-  time_t seconds = (date.UniversalTime - kUnixEpoch) / 10000000;
-  struct tm parts;
-  char text[32];
-  localtime_r(&seconds, &parts);
-  strftime(text, sizeof text, "%Y-%m-%d %H:%M", &parts);
-  return [NSString stringWithUTF8String:text];
-}
-
-static NSString *readText(WRTStorageFileBridge *file, NSError **error) {
-  id<WRTIAsyncOperation__1_WRTHSTRING_Bridge> reading =
-      waitFor([WRTFileIOBridge readTextAsyncWithFile:(id)file error:error], error);
-  return [reading getResultsWithError:error];
+static NSString *describeDate(NSDate *date) {
+  NSDateFormatter *formatter = [[[NSDateFormatter alloc] init] autorelease];
+  [formatter setDateFormat:@"yyyy-MM-dd HH:mm"];
+  return [formatter stringFromDate:date];
 }
 
 /// Parses the text and selects from it; what it found, or nil and an error.
 static NSString *visitXml(NSString *text, Findings *findings, NSError **error) {
-  NSError *problem = nil;
   WRTXmlDocumentBridge *document = [[[WRTXmlDocumentBridge alloc] init] autorelease];
-  [document loadXmlWithXml:text error:&problem];
-  if (problem) {
-    *error = problem;
+  [document loadXmlWithXml:text error:error];
+  if (*error)
     return nil;
-  }
   WRTXmlNodeListBridge *elements = [document selectNodesWithXpath:@"//*" error:error];
   WRTXmlNodeListBridge *attributes = [document selectNodesWithXpath:@"//@*" error:error];
   id<WRTIXmlNodeBridge> first = [document selectSingleNodeWithXpath:@"/*/*[1]" error:error];
@@ -59,7 +42,7 @@ static NSString *visitXml(NSString *text, Findings *findings, NSError **error) {
 
 static NSString *visitText(WRTStorageFileBridge *file, BOOL isXml, Findings *findings,
                            NSError **error) {
-  NSString *text = readText(file, error);
+  NSString *text = WRTAwait([WRTFileIOBridge readTextAsyncWithFile:(id)file error:error], error);
   if (!text)
     return nil;
   if (isXml)
@@ -83,9 +66,7 @@ static NSString *visitData(WRTStorageFileBridge *file, Findings *findings, NSErr
   WRTRandomAccessStreamReferenceBridge *reference =
       [WRTRandomAccessStreamReferenceBridge createFromFileWithFile:(id)file error:error];
   // The conversion tells no error; opening the file does.
-  id opening = waitFor([reference openReadAsyncWithError:error], error);
-  if (![(id<WRTIAsyncOperation__1_WRTIRandomAccessStreamWithContentType_P_Bridge>)opening
-          getResultsWithError:error])
+  if (!WRTAwait([reference openReadAsyncWithError:error], error))
     return nil;
   NSData *data = WRTCreateNSDataFromRandomAccessStreamReference(reference);
   id copy = data ? WRTCreateWRTRandomAccessReferenceBridgeFromNSData(data) : nil;
@@ -108,9 +89,8 @@ void visitFile(WRTStorageFileBridge *file, NSString *folder, Findings *findings)
   NSError *error = nil;
   NSString *own = [file getNameWithError:&error];
   NSString *name = joined(folder, own ? own : @"(a file)");
-  id<WRTIAsyncOperation__1_WRTBasicProperties_P_Bridge> asking =
-      waitFor([file getBasicPropertiesAsyncWithError:&error], &error);
-  WRTBasicPropertiesBridge *properties = [asking getResultsWithError:&error];
+  WRTBasicPropertiesBridge *properties =
+      WRTAwait([file getBasicPropertiesAsyncWithError:&error], &error);
   if (!properties) {
     [findings report:@"look at" on:name error:error];
     return;
@@ -130,9 +110,9 @@ void visitFile(WRTStorageFileBridge *file, NSString *folder, Findings *findings)
     learnt = visitData(file, findings, &error);
   if (!learnt) {
     [findings report:@"read" on:name error:error];
-    learnt = [NSString stringWithFormat:@"- %@", describeError(error)];
+    learnt = [NSString stringWithFormat:@"- %@", WRTErrorDescription(error)];
   }
-  NSString *date = describeDate([properties getDateModifiedWithError:NULL]);
+  NSString *date = describeDate(WRTDateFromDateTime([properties getDateModifiedWithError:NULL]));
   [findings
       addRow:[NSArray arrayWithObjects:shownName(name), describeSize(size), date, learnt, nil]];
 }

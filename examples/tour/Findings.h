@@ -24,7 +24,5 @@
 - (NSString *)tableWithin:(NSUInteger)columns;
 @end
 
-/// "access denied (0x80070005)".
-NSString *describeError(NSError *error);
 /// "1.5 MB".
 NSString *describeSize(unsigned long long bytes);

@@ -2,9 +2,8 @@
 
 #import "Names.h"
 
-#import <WRTObjcBridge/IMap.h>
-#import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/Windows.UI.Xaml.h>
+#import <WRTSupport/WRTSupport.h>
 
 #include <stdio.h>
 
@@ -35,21 +34,18 @@ enum { kColumns = 4 };
 }
 
 - (unsigned long long)total:(NSString *)name {
-  id key = [WRTPropertyValueBridge createStringWithValue:name error:NULL];
-  if (![_totals hasKeyWithKey:key error:NULL])
-    return 0;
-  id value = [_totals lookupWithKey:key error:NULL];
-  return [[WRTIPropertyValueBridge cast:value] getUInt64WithError:NULL];
+  return [WRTUnbox([_totals lookupWithKey:WRTBox(name) error:NULL]) unsignedLongLongValue];
 }
 
 - (void)add:(unsigned long long)amount to:(NSString *)total {
   if (![_names containsObject:total])
     [_names addObject:total];
-  id key = [WRTPropertyValueBridge createStringWithValue:total error:NULL];
-  id sum = [WRTPropertyValueBridge createUInt64WithValue:[self total:total] + amount error:NULL];
   bool replaced = false;
   NSError *error = nil;
-  [_totals insertWithKey:key value:sum replaced:&replaced error:&error];
+  [_totals insertWithKey:WRTBox(total)
+                   value:WRTBox(@([self total:total] + amount))
+                replaced:&replaced
+                   error:&error];
   if (error)
     [self report:@"keep the total of" on:total error:error];
 }
@@ -57,7 +53,7 @@ enum { kColumns = 4 };
 - (void)report:(NSString *)what on:(NSString *)name error:(NSError *)error {
   ++_problems;
   fprintf(stderr, "tour: cannot %s \"%s\": %s\n", [what UTF8String], [shownName(name) UTF8String],
-          [describeError(error) UTF8String]);
+          [WRTErrorDescription(error) UTF8String]);
 }
 
 static void appendRow(NSMutableString *text, NSArray *cells, const NSUInteger *widths) {
@@ -101,46 +97,6 @@ static void appendRow(NSMutableString *text, NSArray *cells, const NSUInteger *w
 }
 
 @end
-
-NSString *describeError(NSError *error) {
-  if (!error)
-    return @"no answer";
-  const unsigned status = (unsigned)[error code];
-  const char *words = "failed";
-  switch (status) {
-  case 0x80070002:
-  case 0x80070003:
-    words = "not found";
-    break;
-  case 0x80070005:
-    words = "access denied";
-    break;
-  case 0x80070057:
-    words = "not possible for this kind of item";
-    break;
-  case 0x80070459:
-    words = "not a text in UTF-8 or UTF-16";
-    break;
-  case 0x80004001:
-    words = "not implemented here";
-    break;
-  case 0x80000013:
-    words = "already closed";
-    break;
-  case 0x8007000E:
-    words = "not enough memory";
-    break;
-  case 0x80070070:
-    words = "the disk is full";
-    break;
-  case 0xC00CE556:
-  case 0xC00CE558:
-  case 0xC00CE56D:
-    words = "not well-formed XML";
-    break;
-  }
-  return [NSString stringWithFormat:@"%s (0x%08X)", words, status];
-}
 
 NSString *describeSize(unsigned long long bytes) {
   static const char *const units[] = {"B", "KB", "MB", "GB", "TB"};

@@ -1,29 +1,15 @@
 #import "Summary.h"
 
 #import "Names.h"
-#import "Waiting.h"
 
-#import <WRTObjcBridge/IAsyncOperation.h>
-#import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/Windows.Storage.h>
+#import <WRTSupport/WRTSupport.h>
 
 #include <stdlib.h>
 #include <string.h>
 
 WRTStorageFolderBridge *openFolder(NSString *path, NSError **error) {
-  id<WRTIAsyncOperation__1_WRTStorageFolder_P_Bridge> opening =
-      waitFor([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:error], error);
-  return [opening getResultsWithError:error];
-}
-
-/// Whether the action has ended well.
-static BOOL finish(id<WRTIAsyncActionBridge> action, NSError **error) {
-  NSError *problem = nil;
-  action = waitFor(action, &problem);
-  [action getResultsWithError:&problem];
-  if (problem)
-    *error = problem;
-  return action && !problem;
+  return WRTAwait([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:error], error);
 }
 
 NSError *writeSummary(NSString *text, const char *path, NSString **place) {
@@ -44,18 +30,18 @@ NSError *writeSummary(NSString *text, const char *path, NSString **place) {
   NSError *error = nil;
   WRTStorageFolderBridge *folder = openFolder(parentName, &error);
   free(parent);
-  id<WRTIAsyncOperation__1_WRTStorageFile_P_Bridge> creating =
-      waitFor([folder createFileAsyncWithDesiredName:nameOfBytes(name) options:option error:&error],
-              &error);
-  WRTStorageFileBridge *file = [creating getResultsWithError:&error];
+  WRTStorageFileBridge *file = WRTAwait([folder createFileAsyncWithDesiredName:nameOfBytes(name)
+                                                                       options:option
+                                                                         error:&error],
+                                        &error);
   if (!file)
     return error;
   NSString *created = [file getPathWithError:NULL];
   if (created)
     *place = created;
-  if (finish([WRTFileIOBridge writeTextAsyncWithFile:(id)file contents:text error:&error], &error))
+  if (WRTAwait([WRTFileIOBridge writeTextAsyncWithFile:(id)file contents:text error:&error],
+               &error))
     return nil;
-  NSError *first = error;
-  finish([file deleteAsyncOverloadDefaultOptionsWithError:&error], &error);
-  return first;
+  WRTAwait([file deleteAsyncOverloadDefaultOptionsWithError:NULL], (NSError **)NULL);
+  return error;
 }

@@ -5,12 +5,10 @@
 #import "Names.h"
 #import "Output.h"
 #import "Summary.h"
-#import "Waiting.h"
 
-#import <WRTObjcBridge/IAsyncOperation.h>
-#import <WRTObjcBridge/IVectorView.h>
 #import <WRTObjcBridge/Windows.Storage.Search.h>
 #import <WRTObjcBridge/Windows.Storage.h>
+#import <WRTSupport/WRTSupport.h>
 
 #include <locale.h>
 #include <stdio.h>
@@ -61,11 +59,10 @@ static BOOL plan(WRTStorageFolderBridge *folder, NSString *name, BOOL deep, NSMu
   WRTStorageFileQueryResultBridge *query = [folder
       createFileQueryWithOptionsWithQueryOptions:[[[WRTQueryOptionsBridge alloc] init] autorelease]
                                            error:&error];
-  id<WRTIAsyncOperation__1_WRTIVectorView__1_WRTStorageFile_P_P_Bridge> listing =
-      waitFor([query getFilesAsyncDefaultStartAndCountWithError:&error], &error);
   Stop *stop = [[[Stop alloc] init] autorelease];
   stop->name = [name retain];
-  stop->files = [(id)[listing getResultsWithError:&error] retain];
+  stop->files =
+      [(id)WRTAwait([query getFilesAsyncDefaultStartAndCountWithError:&error], &error) retain];
   if (!stop->files) {
     [findings report:@"read the folder"
                   on:[name length] ? name : [folder getPathWithError:NULL]
@@ -77,9 +74,8 @@ static BOOL plan(WRTStorageFolderBridge *folder, NSString *name, BOOL deep, NSMu
     return YES;
   for (NSString *own in foldersIn([folder getPathWithError:NULL])) {
     NSString *belowName = joined(name, joined(own, @"/"));
-    id<WRTIAsyncOperation__1_WRTStorageFolder_P_Bridge> opening =
-        waitFor([folder getFolderAsyncWithName:own error:&error], &error);
-    WRTStorageFolderBridge *below = [opening getResultsWithError:&error];
+    WRTStorageFolderBridge *below =
+        WRTAwait([folder getFolderAsyncWithName:own error:&error], &error);
     if (below)
       plan(below, belowName, YES, stops, findings);
     else
@@ -97,22 +93,17 @@ static void showProgress(unsigned done, unsigned count) {
 }
 
 static void visitAll(NSArray *stops, unsigned count, Findings *findings) {
-  enum { kBatch = 64 };
   unsigned done = 0;
   for (Stop *stop in stops) {
-    const unsigned size = [stop->files getSizeWithError:NULL];
-    for (unsigned start = 0; start < size; start += kBatch) {
+    NSError *error = nil;
+    for (WRTStorageFileBridge *file in WRTEach(stop->files, &error)) {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-      NSError *error = nil;
-      NSArray *batch = [stop->files getManyWithStartIndex:start capacity:kBatch error:&error];
-      if (!batch)
-        [findings report:@"list" on:[NSString stringWithFormat:@"from %u on", start] error:error];
-      for (WRTStorageFileBridge *file in batch) {
-        showProgress(done++, count);
-        visitFile(file, stop->name, findings);
-      }
+      showProgress(done++, count);
+      visitFile(file, stop->name, findings);
       [pool release];
     }
+    if (error)
+      [findings report:@"list" on:stop->name error:error];
   }
   if (isatty(STDERR_FILENO))
     showProgress(count, count);

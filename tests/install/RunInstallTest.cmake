@@ -46,7 +46,7 @@ run("find_package: configuring" ${configure} -B ${work}/package -DCMAKE_C_COMPIL
   -DCMAKE_OBJC_COMPILER=${COMPILER} -DCMAKE_CXX_COMPILER=${COMPILER_CXX}
   -DCMAKE_OBJCXX_COMPILER=${COMPILER_CXX})
 run("find_package: building" ${CMAKE_COMMAND} --build ${work}/package)
-foreach(source IN ITEMS application.m application.mm linked.cpp)
+foreach(source IN ITEMS application.m application.mm linked.cpp support.m)
   run("find_package: running ${source}" ${work}/package/${source}.run ${COMPONENT})
 endforeach()
 
@@ -71,3 +71,12 @@ endforeach()
 run("@import: building" ${COMPILER} ${application}/application.m -DAS_MODULE -fmodules
   -fmodules-cache-path=${work}/modules ${flags} -ldl -o ${work}/application-of-module)
 run("@import: running" ${work}/application-of-module ${COMPONENT})
+
+execute_process(COMMAND ${PKG_CONFIG} --cflags --libs wrtsupport
+  OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(flags UNIX_COMMAND "${flags}")
+foreach(how IN ITEMS -UAS_MODULE "-DAS_MODULE;-fmodules;-fmodules-cache-path=${work}/modules")
+  run("pkg-config wrtsupport ${how}: building" ${COMPILER} ${application}/support.m ${how} -Wall -Wextra
+    -Werror ${flags} -o ${work}/support.run)
+  run("pkg-config wrtsupport ${how}: running" ${work}/support.run)
+endforeach()

@@ -104,9 +104,10 @@ void manyFiles() {
   EXPECT_TRUE(contains(run, "b\\xFF/new\\nline\\xFE.png "));
   EXPECT_TRUE(contains(run, "PNG picture, 65538 x 513\n"));
   EXPECT_TRUE(contains(run, "tour: read 1002 of 2004\n")) << "progress";
-  EXPECT_TRUE(contains(run, "tour: cannot read \"broken.xml\": not well-formed XML (0xC00CE56D)"));
-  EXPECT_TRUE(contains(
-      run, "tour: cannot read \"broken.txt\": not a text in UTF-8 or UTF-16 (0x80070459)"));
+  EXPECT_TRUE(contains(run, "tour: cannot read \"broken.xml\": an XML element is not closed by its "
+                            "own name (0xC00CE56D)"));
+  EXPECT_TRUE(contains(run, "tour: cannot read \"broken.txt\": not a text in UTF-8 or UTF-16 "
+                            "(ERROR_NO_UNICODE_TRANSLATION, 0x80070459)"));
   EXPECT_TRUE(contains(run, "tour: 2 problems"));
 }
 
@@ -114,7 +115,7 @@ void refused() {
   const TemporaryFolder made;
   Run run = runTour(inQuotes(made.path() / "none"));
   EXPECT_EQ(1, run.status);
-  EXPECT_TRUE(contains(run, "not found (0x80070002)")) << run.output;
+  EXPECT_TRUE(contains(run, "not found (ERROR_FILE_NOT_FOUND, 0x80070002)")) << run.output;
   run = runTour(inQuotes(made.add("file", "")));
   EXPECT_EQ(1, run.status);
   EXPECT_TRUE(contains(run, "0x80070057)")) << run.output;
@@ -123,7 +124,7 @@ void refused() {
   std::filesystem::permissions(closed, std::filesystem::perms::none);
   run = runTour(inQuotes(closed), getuid() == 0 ? "setpriv --reuid 65534 --clear-groups " : "");
   EXPECT_EQ(1, run.status);
-  EXPECT_TRUE(contains(run, "access denied (0x80070005)")) << run.output;
+  EXPECT_TRUE(contains(run, "access denied (E_ACCESSDENIED, 0x80070005)")) << run.output;
   // What cannot be written is told in one line, and no part of a summary stays.
   for (const char *output : {">/dev/full", ">&-"}) {
     run = runTour(std::string("--help ") + output);
