@@ -20,6 +20,7 @@
 #import <WRTObjcBridge/IReference.h>
 #import <WRTSupport/WRTValues.h>
 
+WRT_SUPPORT_BEGIN
 WRT_EXTERN_C_BEGIN
 
 WRT_SUPPORT_API id _Nullable WRTBoxObject(id _Nullable object, NSError *_Nullable *_Nullable error);
@@ -59,5 +60,7 @@ WRT_SUPPORT_OVERLOAD id _Nullable WRTUnbox(id _Nullable object,
 /// (`E_NOTIMPL`). Any thread.
 #define WRTReferenceOf(object, reference, error)                                                   \
   ((id<reference>)WRTReferenceTo((object), @protocol(reference), (error)))
+
+WRT_SUPPORT_END
 
 #endif

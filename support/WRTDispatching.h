@@ -14,6 +14,7 @@
 #import <WRTSupport/WRTWaiting.h>
 
 #pragma clang assume_nonnull begin
+WRT_SUPPORT_BEGIN
 
 WRT_EXTERN_C_BEGIN
 
@@ -45,10 +46,7 @@ WRT_EXTERN_C_END
     });                                                                                            \
   }
 
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wnullable-to-nonnull-conversion"
 WRT_FOR_EACH_OPERATION(WRT_SUPPORT_DISPATCHING)
-#pragma clang diagnostic pop
 #undef WRT_SUPPORT_DISPATCHING
 
 WRT_SUPPORT_OVERLOAD void WRTThenOn(id<WRTICoreDispatcherBridge> _Nullable dispatcher,
@@ -68,6 +66,7 @@ WRT_SUPPORT_OVERLOAD void WRTThenOn(id<WRTICoreDispatcherBridge> _Nullable dispa
 WRT_FOR_EACH_UNREADABLE_OPERATION(WRT_SUPPORT_REFUSED)
 #undef WRT_SUPPORT_REFUSED
 
+WRT_SUPPORT_END
 #pragma clang assume_nonnull end
 
 /// A handler of the same type as the block (the last argument), which must take two objects, that

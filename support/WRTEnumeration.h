@@ -18,6 +18,7 @@
 #import <WRTSupport/WRTSupportBase.h>
 
 #pragma clang assume_nonnull begin
+WRT_SUPPORT_BEGIN
 
 /// An entry of a map. Immutable.
 WRT_SUPPORT_API
@@ -65,6 +66,7 @@ id<NSFastEnumeration> _Nullable WRTEach(id<WRTIInspectableBridge> _Nullable coll
   });
 }
 
+WRT_SUPPORT_END
 #pragma clang assume_nonnull end
 
 #endif

@@ -16,6 +16,7 @@
 #import <WRTSupport/WRTOperations.h>
 
 #pragma clang assume_nonnull begin
+WRT_SUPPORT_BEGIN
 
 WRT_EXTERN_C_BEGIN
 
@@ -67,10 +68,7 @@ WRT_EXTERN_C_END
     });                                                                                            \
   }
 
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wnullable-to-nonnull-conversion"
 WRT_FOR_EACH_OPERATION(WRT_SUPPORT_WAITING)
-#pragma clang diagnostic pop
 #undef WRT_SUPPORT_WAITING
 
 /// The same for an action, which has no result; NO when it failed.
@@ -139,6 +137,7 @@ WRT_FOR_EACH_PROGRESSING_OPERATION(WRT_SUPPORT_PROGRESS)
 WRT_FOR_EACH_UNREADABLE_OPERATION(WRT_SUPPORT_REFUSED)
 #undef WRT_SUPPORT_REFUSED
 
+WRT_SUPPORT_END
 #pragma clang assume_nonnull end
 
 #endif

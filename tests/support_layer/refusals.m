@@ -9,10 +9,8 @@ void refusals(id<WRTIAsyncOperation__1_WRTUri_P_Bridge> proxy,
 void refusals(id<WRTIAsyncOperation__1_WRTUri_P_Bridge> proxy,
               id<WRTIAsyncOperation__1_WRTHSTRING_Bridge> text, id anything, NSError **error) {
   // expected-note@* 0+ {{}}
-  WRTAwait(proxy,
-           error); // expected-error {{the result of a proxy class's operation cannot be read}}
-  WRTThen(proxy,
-          anything); // expected-error {{the result of a proxy class's operation cannot be read}}
+  WRTAwait(proxy, error);    // expected-error {{a proxy class's operation cannot be read}}
+  WRTThen(proxy, anything);  // expected-error {{a proxy class's operation cannot be read}}
   WRTAwait(anything, error); // expected-error {{call to 'WRTAwait' is ambiguous}}
   WRTAwait(@"text", error);  // expected-error {{no matching function for call to 'WRTAwait'}}
   WRTThen(text, ^(WRTStorageFileBridge *file, NSError *failure) {
