@@ -125,7 +125,8 @@ void bufferBothWays() {
   NSError *error = staleErrorOfCaller();
   for (NSUInteger length : {0u, 1u, 4096u}) {
     NSMutableData *data = [NSMutableData dataWithLength:length];
-    memset([data mutableBytes], 0x5A, length);
+    for (NSUInteger i = 0; i < length; ++i)
+      static_cast<char *>([data mutableBytes])[i] = 0x5A;
     EXPECT_TRUE([WRTDataFromBuffer(WRTBufferFromData(data, &error), &error) isEqual:data]);
     EXPECT_EQ(nil, error);
   }

@@ -62,10 +62,9 @@ void awaitEachKind() {
   EXPECT_EQ(nil, error);
   opener.join();
 
-  Text *text = startedOperation<String>([Text class], [](const Work<> &, StringHolder &result) {
-    result = StringHolder(u"Grüße");
-    return status::kOk;
-  });
+  implement::IAsyncOperation<String> *texts = nullptr;
+  completedAsync<String>(&texts, StringHolder(u"Grüße"));
+  Text *text = [Text bridgeTransfer:texts];
   NSString *const typed = WRTAwait(text, &error);
   EXPECT_TRUE([typed isEqual:@"Grüße"]);
   EXPECT_TRUE(WRTAwait(action(status::kOk), nullptr));
