@@ -56,19 +56,20 @@ public:
     if (!kinds.contains(name))
       return;
     const bool isMap = instance.arguments.size() == 2;
-    const InterfaceType *pair = isMap ? nullptr : pairOf(*instance.arguments[0]);
-    const auto &pairArguments = pair ? pair->instance->arguments : instance.arguments;
-    const std::string element = isMap || pair ? signature("IKeyValuePair", pairArguments)
-                                              : typeSignature(*instance.arguments[0]).value_or("");
+    const InterfaceType *listedPair = isMap ? nullptr : pairOf(*instance.arguments[0]);
+    const auto &arguments = listedPair ? listedPair->instance->arguments : instance.arguments;
+    // The pairs of a map need not be among the types.
+    InterfaceType pair("", "");
+    pair.instance = instanceOf("IKeyValuePair", arguments);
+    const bool hasPairs = isMap || listedPair;
+    const std::vector<const Type *> element{hasPairs ? &pair : instance.arguments[0]};
     writer.write("{\"%\", Family::%, %, %, %, %, %,\n %,\n %},\n", interface.bridgeClass(),
                  name.substr(1), interface.iid.initializer(), identifier("IIterable", element),
                  identifier("IIterator", element),
-                 isMap ? instanceIdentifier(signature("IMapView", instance.arguments)).initializer()
-                       : identifier("IVectorView", element),
-                 isMap || pair ? instanceIdentifier(element).initializer() : "{}",
-                 isMap || pair ? elementText(*pairArguments[0])
-                               : "{ElementKind::None, nullptr, {}}",
-                 elementText(*pairArguments.back()));
+                 isMap ? identifier("IMapView", arguments) : identifier("IVectorView", element),
+                 hasPairs ? identifier("IKeyValuePair", arguments) : "{}",
+                 hasPairs ? elementText(*arguments[0]) : "{ElementKind::None, nullptr, {}}",
+                 elementText(*arguments.back()));
   }
 
 private:
@@ -79,21 +80,15 @@ private:
     return &asInterface(type);
   }
 
-  std::string signature(const std::string &family,
-                        const std::vector<const Type *> &arguments) const {
+  Instance instanceOf(const std::string &family, const std::vector<const Type *> &arguments) const {
     const auto found = families_.find(kCollections + family);
-    return found == families_.end()
-               ? ""
-               : instanceSignature({found->first, found->second, arguments}).value_or("");
+    return found == families_.end() ? Instance{} : Instance{found->first, found->second, arguments};
   }
 
-  /// The identifier of the family's instance for an element of that signature.
-  std::string identifier(const std::string &family, const std::string &element) const {
-    const auto found = families_.find(kCollections + family);
-    if (found == families_.end())
-      return "{}";
-    return instanceIdentifier("pinterface({" + found->second.lower() + "};" + element + ")")
-        .initializer();
+  /// The identifier of the family's instance for these arguments.
+  std::string identifier(const std::string &family,
+                         const std::vector<const Type *> &arguments) const {
+    return Signatures().identifier(instanceOf(family, arguments)).initializer();
   }
 
   static std::string elementText(const Type &type) {
@@ -108,15 +103,11 @@ private:
              (isBridged ? type.bridgeClass() : std::string("WRTIInspectableBridge")) + "\", " +
              (crossing ? crossing->iid.initializer() : std::string("kInspectable")) + "}";
     }
-    switch (type.kind) {
-    case Kind::Guid:
+    if (type.scalar == &scalarNamed("Guid"))
       return "{ElementKind::Guid, nullptr, {}}";
-    case Kind::Enum:
-    case Kind::Int32:
+    if (type.kind == Kind::Enum || type.scalar == &kInt32)
       return "{ElementKind::Int32, nullptr, {}}";
-    default:
-      return "{ElementKind::Other, nullptr, {}}";
-    }
+    return "{ElementKind::Other, nullptr, {}}";
   }
 
   std::map<std::string, Guid> families_;
