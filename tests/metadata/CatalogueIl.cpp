@@ -10,41 +10,26 @@ constexpr const char *kAttributes = "[Windows.Foundation]Windows.Foundation.Meta
 
 std::string name(const std::string &text) { return "'" + text + "'"; }
 
-std::string builtIn(Kind kind) {
-  switch (kind) {
-  case Kind::Boolean:
-    return "bool";
-  case Kind::UInt8:
-    return "uint8";
-  case Kind::Int16:
-    return "int16";
-  case Kind::UInt16:
-    return "uint16";
-  case Kind::Int32:
-    return "int32";
-  case Kind::UInt32:
-    return "uint32";
-  case Kind::Int64:
-    return "int64";
-  case Kind::UInt64:
-    return "uint64";
-  case Kind::Char16:
-    return "char";
-  case Kind::Single:
-    return "float32";
-  case Kind::Double:
-    return "float64";
-  case Kind::Guid:
-    return "valuetype [mscorlib]System.Guid";
-  case Kind::HResult:
-    return "valuetype [Windows.Foundation]Windows.Foundation.HResult";
-  case Kind::Token:
-    return "valuetype [Windows.Foundation]Windows.Foundation.EventRegistrationToken";
-  case Kind::String:
-    return "string";
-  default:
-    return "object";
-  }
+std::string builtIn(const Type &type) {
+  static const std::map<std::string_view, const char *> kScalars{
+      {"Boolean", "bool"},
+      {"UInt8", "uint8"},
+      {"Int16", "int16"},
+      {"UInt16", "uint16"},
+      {"Int32", "int32"},
+      {"UInt32", "uint32"},
+      {"Int64", "int64"},
+      {"UInt64", "uint64"},
+      {"Char16", "char"},
+      {"Single", "float32"},
+      {"Double", "float64"},
+      {"Guid", "valuetype [mscorlib]System.Guid"},
+      {"HResult", "valuetype [Windows.Foundation]Windows.Foundation.HResult"},
+      {"EventRegistrationToken",
+       "valuetype [Windows.Foundation]Windows.Foundation.EventRegistrationToken"}};
+  if (type.scalar)
+    return kScalars.at(type.scalar->name);
+  return type.kind == Kind::String ? "string" : "object";
 }
 
 std::string ilType(const Type &type);
@@ -72,9 +57,12 @@ std::string ilType(const Type &type) {
   case Kind::Interface:
   case Kind::Class:
     return "class " + name(type.name);
-  default:
-    return builtIn(type.kind);
+  case Kind::Scalar:
+  case Kind::String:
+  case Kind::Object:
+    break;
   }
+  return builtIn(type);
 }
 
 /// An interface in a list: an instance is a type, anything else a name.
@@ -122,20 +110,11 @@ std::string guidAttribute(const Guid &guid) {
 std::string ilParameter(const Parameter &parameter) {
   const std::string type = ilType(*parameter.type);
   const std::string behind = " " + name(parameter.name);
-  switch (parameter.passing) {
-  case Passing::In:
-    return "[in] " + type + behind;
-  case Passing::Out:
-    return "[out] " + type + "&" + behind;
-  case Passing::InArray:
-    return "[in] " + type + "[]" + behind;
-  case Passing::OutArray:
-    return "[out] " + type + "[]&" + behind;
-  case Passing::FillArray:
-    return "[out] " + type + "[]" + behind;
-  default:
+  const Passing &passing = *parameter.passing;
+  if (passing.isReturn || passing.filled != syntax::Filled::Nowhere)
     throw std::runtime_error("metadata cannot say how '" + parameter.name + "' crosses");
-  }
+  const std::string direction = passing.isOut || passing.isFill ? "[out] " : "[in] ";
+  return direction + type + (passing.isArray ? "[]" : "") + (passing.isOut ? "&" : "") + behind;
 }
 
 class IlWriter {
@@ -162,7 +141,9 @@ public:
       case Kind::Class:
         write(asClass(*type));
         break;
-      default:
+      case Kind::Scalar:
+      case Kind::String:
+      case Kind::Object:
         break;
       }
     }
@@ -245,11 +226,13 @@ private:
   void writeAssociation(const InterfaceType &type, const std::string &property,
                         const std::vector<const Member *> &members) {
     const Member &first = *members[0];
+    const bool isEvent =
+        first.kind == MemberKind::EventAdd || first.kind == MemberKind::EventRemove;
     const std::string valueType =
         first.kind == MemberKind::Getter ? resultOf(first) : ilType(*first.parameters[0].type);
     const auto scope = writer_.scope(
-        first.isEvent() ? ".event " + valueType + " " + name(property) + "\n{\n"
-                        : ".property instance " + valueType + " " + name(property) + "()\n{\n",
+        isEvent ? ".event " + valueType + " " + name(property) + "\n{\n"
+                : ".property instance " + valueType + " " + name(property) + "()\n{\n",
         "}\n");
     for (const Member *member : members) {
       static const std::map<MemberKind, const char *> kWords{
