@@ -9,7 +9,14 @@
 #import <WRTObjcBridge/WRTConversions.h>
 #import <WRTObjcBridge/WRTHSTRINGBridge.h>
 
+#import <objc/runtime.h>
+
 using namespace wrt::test;
+
+@interface StringBridgeOfOnesOwn : WRTHSTRINGBridge
+@end
+@implementation StringBridgeOfOnesOwn
+@end
 
 namespace {
 
@@ -35,13 +42,18 @@ void empty() {
   EXPECT_EQ(nil, [WRTHSTRINGBridge bridge:nullptr]);
   EXPECT_EQ(nil, [WRTHSTRINGBridge bridgeTransfer:nullptr]);
   EXPECT_EQ(nil, [WRTHSTRINGBridge createWithString:nil]);
-  EXPECT_EQ(nullptr, [[WRTHSTRINGBridge createWithString:@""] hstring]);
+  NSMutableString *string = [NSMutableString string];
+  WRTHSTRINGBridge *bridge = [WRTHSTRINGBridge createWithString:string];
+  EXPECT_EQ(nullptr, [bridge hstring]);
+  [string appendString:@"late"];
+  EXPECT_NE(nullptr, [bridge hstring]) << "tried again";
   EXPECT_TRUE(logRecords().empty());
 }
 
 void fromHandle() {
   HSTRING handle = WRTCreateHSTRINGFromNSString(@"borrowed");
-  WRTHSTRINGBridge *bridge = [WRTHSTRINGBridge bridge:handle];
+  WRTHSTRINGBridge *bridge = [StringBridgeOfOnesOwn bridge:handle];
+  EXPECT_EQ([WRTHSTRINGBridge class], [bridge class]) << "whoever is asked";
   WRTHSTRINGRelease(handle);
   EXPECT_TRUE([[bridge string] isEqual:@"borrowed"]) << "lives on its own duplicate";
   EXPECT_EQ([bridge string], [bridge string]);
@@ -53,12 +65,21 @@ void fromHandle() {
 
 void fromString() {
   NSMutableString *string = [NSMutableString stringWithString:@"shared"];
-  WRTHSTRINGBridge *bridge = [WRTHSTRINGBridge createWithString:string];
+  WRTHSTRINGBridge *bridge = [StringBridgeOfOnesOwn createWithString:string];
+  EXPECT_EQ([WRTHSTRINGBridge class], [bridge class]);
   EXPECT_EQ(string, [bridge string]) << "not copied";
   void *handle = [bridge hstring];
   EXPECT_NE(nullptr, handle);
   EXPECT_EQ(handle, [bridge hstring]);
   EXPECT_TRUE([WRTCreateNSStringFromHSTRING(static_cast<HSTRING>(handle)) isEqual:@"shared"]);
+
+  std::string variables;
+  unsigned count = 0;
+  Ivar *list = class_copyIvarList([WRTHSTRINGBridge class], &count);
+  for (unsigned i = 0; i < count; ++i)
+    variables += std::string(ivar_getName(list[i])) + " ";
+  free(list);
+  EXPECT_EQ("_hstring _originalHSTRINGToRelease _nsstring ", variables);
 }
 
 void duplicateFailing() {

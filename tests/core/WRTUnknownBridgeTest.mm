@@ -2,12 +2,17 @@
 
 #include "tests/support/Cell.h"
 #include "tests/support/LogRecorder.h"
+#include "tests/support/PlatformTrace.h"
 #include "tests/support/ProbeObject.h"
 
 #include <WRTBridge.h>
+#include <WRTBridgeUtil.h>
 #import <WRTObjcBridge/WRTClassProxy.h>
 #import <WRTObjcBridge/WRTIInspectableBridge.h>
 #import <WRTObjcBridge/WRTInterfaceProxy.h>
+#import <WRTObjcBridge/test.h>
+
+#include <utility>
 
 using namespace wrt::test;
 
@@ -15,17 +20,26 @@ namespace {
 
 constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002);
 
-/// A bridge class of the test's own with default activation.
 void *activatedObject = nullptr;
+int instanceQueries = 0;
 
 } // namespace
 
-@interface ActivatableProbe : WRTInspectableBridge
+/// A bridge class of the test's own with default activation that stands in the way of queries.
+@interface ActivatableProbe : WRTTestClassBridge
 @end
 
 @implementation ActivatableProbe
 + (void *)activateInstance {
   return activatedObject;
+}
++ (void *)queryInterface:(void *)object withGUID:(GUID)guid error:(NSError **)error {
+  ADD_FAILURE() << "the root class is to be asked";
+  return [super queryInterface:object withGUID:guid error:error];
+}
+- (void *)queryInterfaceWithGUID:(GUID)guid error:(NSError **)error {
+  ++instanceQueries;
+  return [super queryInterfaceWithGUID:guid error:error];
 }
 @end
 
@@ -91,7 +105,8 @@ void comparing() {
   WRTInspectableBridge *second = [WRTInspectableBridge bridge:&facet];
   EXPECT_TRUE([bridge isEqual:second]) << "two interfaces of one object";
   EXPECT_EQ(WRTIUnknownGetUUID(), object.queries.back());
-  EXPECT_NE([bridge hash], [second hash]) << "hash stays the bridge's own";
+  EXPECT_NE([bridge hash], [[WRTInspectableBridge bridge:&object] hash])
+      << "hash stays the bridge's own";
 
   object.queryStatus = facet.queryStatus = kNoInterface;
   EXPECT_TRUE([bridge isEqual:second]) << "two failures compare equal";
@@ -110,6 +125,14 @@ void querying() {
   WRTIInspectable *inspectable = [bridge _WRTIInspectableWithError:&error];
   EXPECT_EQ(&object, static_cast<void *>(inspectable));
   EXPECT_EQ(wrt::abi::IInspectable::kIid, object.queries.back());
+
+  // Each accessor asks the bridge itself, which no subclass's class method comes between.
+  WRTTestClassBridge *own = [ActivatableProbe bridge:&object];
+  instanceQueries = 0;
+  [own _WRTIUnknownWithError:&error];
+  [own _WRTIInspectableWithError:&error];
+  [own _WRTTestInterfaceWithError:&error];
+  EXPECT_EQ(3, instanceQueries);
 }
 
 void queryFailing() {
@@ -145,9 +168,82 @@ void activatingWithoutConstructor() {
 }
 
 void activatingProxy() {
-  EXPECT_DEATH([[WRTClassProxy alloc] init], "");
-  setLogAnswer([](int level) { return level == 2 ? 2 : 1; });
-  EXPECT_DEATH([WRTClassProxy activateInstance], "") << "ends without a message too";
+  const char *const message =
+      "1 messages\n2 \\+\\[WRTClassProxy activateInstance\\] Can't activate instance of "
+      "WRTClassProxy because "
+      "this is a proxy class\\. You must generate a full bridge for this interface to construct "
+      "instances or call methods\\.";
+  EXPECT_DEATH((printLogWhenAborted(), [[WRTClassProxy alloc] init]), message);
+  // A threshold of 1 silences the message, but not the end.
+  EXPECT_DEATH(
+      {
+        printLogWhenAborted();
+        settleNextThreshold(1);
+        [WRTUnknownBridge bridge:nullptr];
+        clearLog();
+        [WRTClassProxy activateInstance];
+      },
+      "0 messages");
+}
+
+/// The first slots of a table that take what an inspectable's own members take.
+struct FirstSlots {
+  static inline HRESULT status;
+  static inline HSTRING name;
+  static inline bool isAskedForTrust;
+
+  static HRESULT WRT_ABI iids(void *, unsigned *count, GUID **iids) {
+    static GUID one;
+    *count = 1;
+    *iids = &one;
+    return status;
+  }
+  static HRESULT WRT_ABI className(void *, HSTRING *result) {
+    *result = name;
+    return status;
+  }
+  // As release it gets no second argument.
+  static HRESULT WRT_ABI trust(void *, int32_t *level) {
+    if (std::exchange(isAskedForTrust, false))
+      *level = 2;
+    return status;
+  }
+
+  static inline void *const table[] = {reinterpret_cast<void *>(iids),
+                                       reinterpret_cast<void *>(className),
+                                       reinterpret_cast<void *>(trust)};
+  static inline void *const *const object = table;
+};
+
+void firstSlots(HRESULT status) {
+  ProbeObject &object = lasting<ProbeObject>();
+  object.answer = const_cast<void *const **>(&FirstSlots::object);
+  WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
+  FirstSlots::status = status;
+  NSError *const before = [NSError errorWithDomain:@"before" code:1 userInfo:nil];
+
+  NSError *error = before;
+  unsigned count = 0;
+  EXPECT_NE(nullptr, [bridge getIids:&count error:&error]);
+  EXPECT_EQ(1u, count);
+  EXPECT_EQ(nil, error) << "its status is not looked at";
+
+  FirstSlots::name = status < 0 ? nullptr : WRTHSTRINGFromCFString(@"name");
+  error = before;
+  {
+    PlatformTrace trace;
+    NSString *name = [bridge getRuntimeClassNameWithError:&error];
+    EXPECT_EQ(status >= 0, [name isEqual:@"name"]);
+    EXPECT_EQ(status < 0 ? "WRTIUnknownSafeRelease"
+                         : "WRTHSTRINGToCFString WRTHSTRINGRelease WRTIUnknownSafeRelease",
+              trace.names());
+  }
+  EXPECT_EQ(status < 0 ? status : 0, [error code]);
+
+  error = before;
+  FirstSlots::isAskedForTrust = true;
+  EXPECT_EQ(2, [bridge getTrustLevelWithError:&error]);
+  EXPECT_EQ(status < 0 ? status : 0, [error code]);
 }
 
 // Slots 0 to 2 are called where an inspectable's members proper stand at 3 to 5.
@@ -178,6 +274,8 @@ void inspectableSlots() {
   EXPECT_EQ(kNoInterface, [error code]);
   EXPECT_EQ(nil, [bridge getRuntimeClassNameWithError:nullptr]);
   EXPECT_EQ(0, [bridge getTrustLevelWithError:&error]);
+  for (HRESULT status : {0, 1, kNoInterface})
+    firstSlots(status);
 }
 
 const Cell cells[] = {

@@ -2,6 +2,8 @@
 
 #include "tests/matrix/Fixture.h"
 
+#include <WRTBridge.h>
+
 namespace wrt::test {
 
 namespace {
@@ -51,6 +53,9 @@ void factory() {
 void statics() {
   resetScript();
   clearCrossings();
+  NSError *error = staleError();
+  WRTIUnknownRelease([WRTTestClassBridge _WRTTestInterfaceStaticsWithError:&error]);
+  EXPECT_EQ(nil, error);
   PlatformTrace trace;
   [WRTTestClassBridge testStaticFunctionWithError:nullptr];
   [WRTTestClassBridge testStaticFunctionWithError:nullptr];
@@ -63,6 +68,10 @@ void statics() {
 
 // The accessor reports; the member swallows.
 void factoryMissing() {
+  NSError *noName = nil;
+  failNextReference(kFailure);
+  EXPECT_EQ(nullptr, [WRTTestClassBridge _WRTTestInterfaceStaticsWithError:&noName]);
+  EXPECT_EQ(kFailure, [noName code]);
   for (auto maker : {noFactory, bareFactory}) {
     const activation::Registration other(u"TestClass", maker);
     const HRESULT status = maker == noFactory ? static_cast<HRESULT>(0x80040154) : kNoInterface;

@@ -1,7 +1,13 @@
 // Blocks as delegates: invoked never, once, often, later, and from other threads.
 
+#include "platform/linux/implement/StringHolder.h"
 #include "tests/matrix/Fixture.h"
 #include "tests/support/Thread.h"
+
+#import <objc/runtime.h>
+
+#include <cstring>
+#include <dlfcn.h>
 
 namespace wrt::test {
 
@@ -43,7 +49,12 @@ void delegateNullArguments() {
                     error:nullptr];
     EXPECT_EQ((Crossings{"InDelegate", "Invoke 80070057"}), takeCrossings());
     ASSERT_EQ(2u, logRecords().size());
-    EXPECT_EQ("+[WRTUnknownBridge bridge:]", logRecords()[0].function);
+    const char *const classes[] = {"WRTTestInterfaceBridge", "WRTTestClassBridge"}; // in order
+    for (int i = 0; i < 2; ++i)
+      EXPECT_EQ(
+          (LogRecord{4, "+[WRTUnknownBridge bridge:]", "",
+                     std::string("+[") + classes[i] + " bridge:] cannot bridge nil inner object!"}),
+          logRecords()[static_cast<size_t>(i)]);
   });
 }
 
@@ -83,12 +94,23 @@ void delegateCleanups() {
   });
 }
 
+/// Whether the block that became a test delegate last was on the heap.
+bool madeOnHeap = false;
+
 /// Tells when the last reference to it goes.
 int tokensDeallocated = 0;
 
 } // namespace
 
 } // namespace wrt::test
+
+// Stands in front of the platform's.
+extern "C" void *WRTTestDelegateFromBlock(id block) {
+  static auto *forward = reinterpret_cast<decltype(&WRTTestDelegateFromBlock)>(
+      dlsym(RTLD_NEXT, "WRTTestDelegateFromBlock"));
+  wrt::test::madeOnHeap = strstr(object_getClassName(block), "Malloc") != nullptr;
+  return forward(block);
+}
 
 @interface LifetimeToken : NSObject
 @end
@@ -122,7 +144,11 @@ void delegateOutlivesMember() {
       [pool release];
     }
     EXPECT_EQ(0, tokensDeallocated);
-    EXPECT_EQ(7, keptDelegate()->Invoke(7, nullptr, nullptr, nullptr));
+    const implement::StringHolder string(u"text");
+    PlatformTrace trace;
+    EXPECT_EQ(7, keptDelegate()->Invoke(7, string.get(), nullptr, nullptr));
+    EXPECT_EQ("WRTHSTRINGToCFString", trace.names()) << "the string stays the component's";
+    EXPECT_TRUE(madeOnHeap) << "the factory gets a copy";
     dropKeptDelegate();
     EXPECT_EQ(1, tokensDeallocated);
   });

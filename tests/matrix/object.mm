@@ -128,7 +128,7 @@ void objectArrayInFailingElement() {
 }
 
 void objectArrayOut() {
-  expectLeftover({.taskBlocks = 8}); // element blocks are not freed
+  expectLeftover({.taskBlocks = 10}); // element blocks are not freed
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
     [bridge outInterfaceArrayWithArr:array error:nullptr];
@@ -141,6 +141,8 @@ void objectArrayOut() {
     EXPECT_EQ(3u, [interfaces count]);
     EXPECT_EQ([WRTTestInterfaceBridge class], [[interfaces lastObject] class]);
     script().count = 0;
+    [bridge outInterfaceArrayWithArr:array error:nullptr];
+    EXPECT_EQ(0u, [array count]) << "emptied";
     EXPECT_EQ(0u, [[bridge returnRtcArrayWithError:nullptr] count]);
   });
 }

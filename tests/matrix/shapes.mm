@@ -3,6 +3,7 @@
 
 #include "tests/matrix/Fixture.h"
 
+#include "marshal/Array.h"
 #include "marshal/Call.h"
 #include "marshal/Delegate.h"
 #include "marshal/FilledArray.h"
@@ -10,10 +11,36 @@
 #include "marshal/Value.h"
 #include "platform/linux/string/HString.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
 #include <sstream>
+
+namespace {
+
+/// What the array below was asked, in order.
+std::string asked;
+
+} // namespace
+
+/// An array of two strings that notes what it is asked, in one letter each.
+@interface NotingArray : NSArray
+@end
+@implementation NotingArray
+- (NSUInteger)count {
+  asked += 'n';
+  return 2;
+}
+- (id)objectAtIndexedSubscript:(NSUInteger)index {
+  asked += static_cast<char>('0' + index);
+  return index ? @"second" : @"first";
+}
+- (id)objectAtIndex:(NSUInteger)index {
+  asked += '?';
+  return [self objectAtIndexedSubscript:index];
+}
+@end
 
 namespace wrt::test {
 
@@ -142,7 +169,9 @@ void bulkRead() {
   });
   expectLeftover({.strings = 3});
   delivered = 2;
-  EXPECT_EQ("xx xx", joined(call(nil, member, 2u, 5u, nullptr)));
+  NSArray *read = call(nil, member, 2u, 5u, nullptr);
+  EXPECT_TRUE([read isKindOfClass:[NSMutableArray class]]);
+  EXPECT_EQ("xx xx", joined(read));
   delivered = 0;
   EXPECT_EQ(0u, [call(nil, member, 1u, 0u, nullptr) count]) << "an empty range is an empty array";
   delivered = 1000;
@@ -214,10 +243,38 @@ void nulls() {
   EXPECT_EQ(1, calls);
 }
 
+// Elements are asked for one by one, and let go last to first, each as its cell stands then.
+void elementOrder() {
+  static void *block;
+  static std::vector<const void *> handles;
+  static constexpr Member<Void(Array<StringElements>)> member{OneFunction::interface, 6};
+  OneFunction object(+[](void *, int32_t count, HSTRING *cells) WRT_ABI -> HRESULT {
+    block = cells;
+    handles.assign(cells, cells + count);
+    std::reverse(cells, cells + count);
+    return 0;
+  });
+  PlatformTrace trace;
+  asked.clear();
+  call(nil, member, [[[NotingArray alloc] init] autorelease], nullptr);
+  EXPECT_EQ("nnn0n1n", asked);
+  ASSERT_EQ("WRTTaskMemAlloc WRTHSTRINGRelease WRTHSTRINGRelease WRTTaskMemFree WRTIUnknownRelease",
+            trace.names());
+  EXPECT_EQ(handles[0], trace.calls()[1].argument);
+  EXPECT_EQ(handles[1], trace.calls()[2].argument);
+
+  PlatformTrace ofNil;
+  call(nil, member, nil, nullptr);
+  EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", ofNil.names());
+  EXPECT_EQ(0u, ofNil.calls()[0].size);
+  EXPECT_EQ(ofNil.calls()[0].argument, block) << "a block of no bytes, not null";
+}
+
 const Cell cells[] = {
-    {"scalar.all.every_width.normal", widths},    {"boolean.all.any_byte.normal", booleans},
-    {"scalar.in.spilled.normal", spills},         {"string.return.bulk_read.normal", bulkRead},
-    {"string.out.any.handles", stringsHandedOut}, {"frame.all.any.success_with_null", nulls},
+    {"string.in.array.order", elementOrder},      {"scalar.all.every_width.normal", widths},
+    {"boolean.all.any_byte.normal", booleans},    {"scalar.in.spilled.normal", spills},
+    {"string.return.bulk_read.normal", bulkRead}, {"string.out.any.handles", stringsHandedOut},
+    {"frame.all.any.success_with_null", nulls},
 };
 
 } // namespace

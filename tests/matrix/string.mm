@@ -106,7 +106,9 @@ void stringArrayOut() {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
     [bridge outStringArrayWithArr:array error:nullptr];
     EXPECT_EQ("0 1 2", joined(array));
-    EXPECT_EQ("0 1 2", joined([bridge returnStringArrayWithError:nullptr]));
+    NSMutableArray *returned = [bridge returnStringArrayWithError:nullptr];
+    EXPECT_TRUE([returned isKindOfClass:[NSMutableArray class]]);
+    EXPECT_EQ("0 1 2", joined(returned));
     failNext(Lack::String);
     [bridge outStringArrayWithArr:array error:nullptr];
     EXPECT_EQ(" 1 2", joined(array)) << "what cannot be converted is empty";

@@ -1,6 +1,12 @@
 #include "tests/storage/ScriptedStream.h"
 
+#include "platform/linux/activation/ActivationRegistry.h"
+
+#include <WRTBridge.h>
+
 #include <cstring>
+#include <dlfcn.h>
+#include <optional>
 
 namespace wrt::test {
 namespace {
@@ -14,14 +20,21 @@ public:
 
 class FailingBuffer final : public Implements<abi::IBuffer, abi::IBufferByteAccess> {
 public:
-  explicit FailingBuffer(HRESULT status) : status_(status) {}
+  explicit FailingBuffer(HRESULT status, StreamScript *script = nullptr)
+      : status_(status), script_(script) {}
   HRESULT WRT_ABI get_Capacity(unsigned *) override { return status::kNotImplemented; }
   HRESULT WRT_ABI get_Length(unsigned *) override { return status::kNotImplemented; }
-  HRESULT WRT_ABI put_Length(unsigned) override { return status::kNotImplemented; }
+  HRESULT WRT_ABI put_Length(unsigned length) override {
+    if (!script_)
+      return status::kNotImplemented;
+    script_->length = length;
+    return script_->lengthStatus;
+  }
   HRESULT WRT_ABI Buffer(uint8_t **) override { return status_; }
 
 private:
   HRESULT status_;
+  StreamScript *script_;
 };
 
 /// An operation that takes no handler.
@@ -159,7 +172,51 @@ private:
   StreamScript &script_;
 };
 
+StreamScript *active = nullptr;
+std::optional<activation::Registration> streams;
+std::optional<activation::Registration> references;
+
+class StreamFactory final : public ActivationFactory<> {
+public:
+  HRESULT WRT_ABI ActivateInstance(abi::IInspectable **instance) override {
+    *instance = makeScriptedStream(*active).detach();
+    return status::kOk;
+  }
+};
+
+class ReferenceFactory final : public ActivationFactory<abi::IRandomAccessStreamReferenceStatics> {
+public:
+  HRESULT WRT_ABI CreateFromFile(abi::IStorageFile *,
+                                 abi::IRandomAccessStreamReference **) override {
+    return status::kNotImplemented;
+  }
+  HRESULT WRT_ABI CreateFromUri(abi::IUriRuntimeClass *,
+                                abi::IRandomAccessStreamReference **) override {
+    return status::kNotImplemented;
+  }
+  HRESULT WRT_ABI CreateFromStream(abi::IRandomAccessStream *,
+                                   abi::IRandomAccessStreamReference **result) override {
+    if (active->referenceStatus >= 0)
+      *result = makeReference(*active).detach();
+    return active->referenceStatus;
+  }
+};
+
 } // namespace
+
+ActiveScript::ActiveScript(StreamScript &script) {
+  active = &script;
+  streams.emplace(u"Windows.Storage.Streams.InMemoryRandomAccessStream",
+                  activation::makeFactory<StreamFactory>);
+  references.emplace(u"Windows.Storage.Streams.RandomAccessStreamReference",
+                     activation::makeFactory<ReferenceFactory>);
+}
+
+ActiveScript::~ActiveScript() {
+  references.reset();
+  streams.reset();
+  active = nullptr;
+}
 
 ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script) {
   return make<ScriptedReference>(script);
@@ -171,3 +228,11 @@ ComPtr<abi::IBuffer> makeBareBuffer() { return make<BareBuffer>(); }
 ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status) { return make<FailingBuffer>(status); }
 
 } // namespace wrt::test
+
+// Stands in front of the platform's.
+extern "C" void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
+  using namespace wrt::test;
+  static auto *forward = reinterpret_cast<decltype(&WRTCreateBufferWrappingBytes)>(
+      dlsym(RTLD_NEXT, "WRTCreateBufferWrappingBytes"));
+  return active ? make<FailingBuffer>(wrt::status::kFail, active).detach() : forward(bytes, length);
+}

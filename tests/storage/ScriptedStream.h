@@ -29,11 +29,14 @@ struct StreamScript {
   HRESULT writeResult = 0;
   HRESULT writeHandler = 0;
   ComPtr<abi::IBuffer> written; ///< what a write was given
+  HRESULT lengthStatus = 0;    ///< setting the length of the buffer to write
+  HRESULT referenceStatus = 0; ///< making a reference to the stream
 
   // What was asked for.
   uint32_t capacity = 0;
   uint32_t count = 0;
   int options = -1;
+  uint32_t length = 0;
 };
 
 ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script);
@@ -43,6 +46,14 @@ ComPtr<abi::IRandomAccessStream> makeScriptedStream(StreamScript &script);
 /// `status`.
 ComPtr<abi::IBuffer> makeBareBuffer();
 ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status);
+
+/// The script of the streams that are activated, the references made to them and the buffers that
+/// are wrapped around bytes as long as it lives.
+class ActiveScript {
+public:
+  explicit ActiveScript(StreamScript &script);
+  ~ActiveScript();
+};
 
 } // namespace wrt::test
 

@@ -1,5 +1,6 @@
 // Data to streams and back, and every way in which that can fail.
 
+#include "platform/linux/objc/BlockLayout.h"
 #include "tests/storage/ScriptedStream.h"
 #include "tests/storage/StorageFixture.h"
 #include "tests/support/LogRecorder.h"
@@ -9,8 +10,11 @@
 #import <WRTObjcBridge/WRTConversions.h>
 #import <WRTObjcBridge/Windows.Storage.Streams.h>
 
-#include <csignal>
-#include <cstdio>
+#import <objc/runtime.h>
+
+#include <mutex>
+#include <set>
+#include <utility>
 
 using namespace wrt::test;
 namespace status = wrt::status;
@@ -29,8 +33,66 @@ NSData *patternOf(size_t length) {
   return data;
 }
 
+using Handler = HRESULT (^)(id, int);
+using SetHandler = void (*)(id, SEL, Handler, NSError **);
+
+/// Sees the completion handlers that the conversions set: what types they say they have, and what
+/// they answer. Each is told that its operation was canceled, at which none may look.
+class HandlerWatch {
+public:
+  HandlerWatch() { watch(std::make_index_sequence<3>()); }
+  ~HandlerWatch() {
+    for (auto [method, original] : replaced_)
+      method_setImplementation(method, original);
+  }
+
+  static inline std::set<std::string> seen;
+
+private:
+  static constexpr const char *kClasses[] = {
+      "WRTIAsyncOperation__1_WRTIRandomAccessStreamWithContentType_P_Bridge",
+      "WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge",
+      "WRTIAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32_Bridge"};
+  static inline IMP originals[3];
+  static inline std::mutex mutex;
+
+  template <size_t index>
+  static void setHandler(id self, SEL selector, Handler handler, NSError **error) {
+    const auto *block = static_cast<const wrt::block::Block *>(static_cast<void *>(handler));
+    // The signature follows what the flags say the descriptor has.
+    const auto *end = reinterpret_cast<const char *const *>(block->descriptor + 1);
+    const std::string types = (block->flags & wrt::block::kHasCopyDispose) ? end[0] : end[-2];
+    reinterpret_cast<SetHandler>(reinterpret_cast<void *>(originals[index]))(
+        self, selector,
+        ^HRESULT(id operation, int) {
+          const HRESULT answer = handler(operation, 2);
+          std::lock_guard lock(mutex);
+          seen.insert(std::to_string(answer) + " " + types);
+          return answer;
+        },
+        error);
+  }
+
+  template <size_t... index>
+  void watch(std::index_sequence<index...>) {
+    seen.clear();
+    const auto replace = [this](const char *type, IMP implementation) {
+      Method method =
+          class_getInstanceMethod(objc_getClass(type), @selector(setCompletedWithHandler:error:));
+      replaced_.emplace_back(method, method_setImplementation(method, implementation));
+      return replaced_.back().second;
+    };
+    ((originals[index] = replace(
+          kClasses[index], reinterpret_cast<IMP>(reinterpret_cast<void *>(&setHandler<index>)))),
+     ...);
+  }
+
+  std::vector<std::pair<Method, IMP>> replaced_;
+};
+
 void roundTrip() {
   settleAfterwards();
+  const HandlerWatch watch;
   for (size_t length : {0u, 1u, 4095u, 4096u, 4097u, 99999u, 64u << 20}) {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     NSData *data = patternOf(length);
@@ -44,6 +106,13 @@ void roundTrip() {
     [pool release];
   }
   EXPECT_TRUE(logRecords().empty());
+  wrt::implement::waitForPool();
+  std::set<std::string> expected;
+  for (const char *operation : {"IAsyncOperation__1_WRTIRandomAccessStreamWithContentType_P_Bridge",
+                                "IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge",
+                                "IAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32_Bridge"})
+    expected.insert(std::string("0 i20@?0@\"<WRT") + operation + ">\"8i16");
+  EXPECT_EQ(expected, HandlerWatch::seen);
 }
 
 void buffer() {
@@ -64,17 +133,15 @@ void buffer() {
   EXPECT_EQ(
       (std::vector<LogRecord>{{3, "WRTCreateNSDataFromIBuffer", "", "Failed buffer byte access"}}),
       logRecords());
+  const void *context = lastLogContext();
+  [WRTBufferBridge bridge:nullptr];
+  EXPECT_NE(context, lastLogContext()) << "the conversions have one of their own";
 }
 
-// The log goes to the error stream when the process ends, where the death test can see it.
 void bufferWithoutBytes() {
   EXPECT_DEATH(
       {
-        std::signal(SIGABRT, [](int) {
-          for (const LogRecord &record : logRecords())
-            std::fprintf(stderr, "%d %s %s\n", record.level, record.function.c_str(),
-                         record.text.c_str());
-        });
+        printLogWhenAborted();
         WRTCreateNSDataFromIBuffer(reinterpret_cast<WRTIBuffer *>(makeBareBuffer().get()), 1);
       },
       "2 WRTCreateNSDataFromIBuffer Failed to get BufferByteAccess interface on IBuffer object: "
@@ -179,31 +246,21 @@ void unreadableBuffer() {
   wrt::implement::waitForPool();
 }
 
-/// Activated in the place of the stream in memory.
-StreamScript *activeScript;
-class ScriptedFactory final : public wrt::implement::ActivationFactory<> {
-public:
-  HRESULT WRT_ABI ActivateInstance(wrt::abi::IInspectable **instance) override {
-    *instance = makeScriptedStream(*activeScript).detach();
-    return status::kOk;
-  }
-};
-
 void writeFailures() {
   expectLeftover({}); // bytes of writes that may still run; the ledger does not count them
   settleAfterwards();
-  const wrt::activation::Registration registration(
-      u"Windows.Storage.Streams.InMemoryRandomAccessStream",
-      wrt::activation::makeFactory<ScriptedFactory>);
   const struct {
     HRESULT StreamScript::*step;
-    const char *text; ///< null: there is a reference all the same
+    bool makesReference;
+    const char *text; ///< null: nothing is logged
   } cases[] = {
-      {&StreamScript::writeStart,
+      {&StreamScript::lengthStatus, true, nullptr},
+      {&StreamScript::writeStart, false,
        "Failed [WRTInMemoryRandomAccessStreamBridge writeAsyncWithBuffer:]"},
-      {&StreamScript::writeHandler, "Failed writing data"},
-      {nullptr, "Failed writing data"},
-      {&StreamScript::writeResult, nullptr},
+      {&StreamScript::writeHandler, false, "Failed writing data"},
+      {nullptr, false, "Failed writing data"},
+      {&StreamScript::writeResult, true, nullptr},
+      {&StreamScript::referenceStatus, false, nullptr},
   };
   for (const auto &test : cases) {
     for (const HRESULT failure : {kFailure, status::kNoInterface}) {
@@ -213,10 +270,11 @@ void writeFailures() {
         script.*test.step = failure;
       else
         failNext(Lack::Semaphore);
-      activeScript = &script;
+      const ActiveScript active(script);
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
       const id reference = WRTCreateWRTRandomAccessReferenceBridgeFromNSData(patternOf(3));
-      EXPECT_EQ(test.text == nullptr, reference != nil);
+      EXPECT_EQ(test.makesReference, reference != nil);
+      EXPECT_EQ(3u, script.length) << "the buffer is told its length";
       [pool release];
       std::vector<LogRecord> logged = logRecords();
       std::erase_if(logged, [](const LogRecord &record) {

@@ -25,8 +25,17 @@ void clearLog();
 /// undetermined, so that every log site asks.
 void setLogAnswer(int (*answer)(int level));
 
-/// Tells what `XPLogDetermineLogLevel` was asked last: function and file.
+/// Tells what `XPLogDetermineLogLevel` was asked last: function and file, and for which context.
 std::string lastLogQuestion();
+const void *lastLogContext();
+
+/// Leaves `threshold` in the context that is asked for next, as a logging library may. For a
+/// process that is to end: nothing takes it back.
+void settleNextThreshold(uint32_t threshold);
+
+/// When the process ends in `XPAbortWithBacktrace` or the like, prints how many messages there were
+/// and each of them, where a death test sees it.
+void printLogWhenAborted();
 
 } // namespace wrt::test
 

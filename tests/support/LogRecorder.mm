@@ -4,13 +4,18 @@
 
 #import <Foundation/Foundation.h>
 
+#include <csignal>
+#include <cstdio>
 #include <mutex>
+#include <utility>
 
 namespace {
 
 std::mutex mutex;
 std::vector<wrt::test::LogRecord> records;
 std::string question;
+const void *questionContext;
+uint32_t nextThreshold = 0;
 int always(int) { return 1; }
 int (*answer)(int) = always;
 
@@ -40,12 +45,32 @@ std::string lastLogQuestion() {
   return question;
 }
 
+const void *lastLogContext() {
+  std::lock_guard lock(mutex);
+  return questionContext;
+}
+
+void settleNextThreshold(uint32_t threshold) { nextThreshold = threshold; }
+
+void printLogWhenAborted() {
+  std::signal(SIGABRT, [](int) {
+    std::fprintf(stderr, "%zu messages\n", records.size());
+    for (const LogRecord &record : records)
+      std::fprintf(stderr, "%d %s %s\n", record.level, record.function.c_str(),
+                   record.text.c_str());
+  });
+}
+
 } // namespace wrt::test
 
 extern "C" __attribute__((visibility("default"))) int
-XPLogDetermineLogLevel(int level, XPLogContext *, const char *file, const char *function, int) {
+XPLogDetermineLogLevel(int level, XPLogContext *context, const char *file, const char *function,
+                       int) {
   std::lock_guard lock(mutex);
   question = std::string(function) + "|" + file;
+  questionContext = context;
+  if (nextThreshold)
+    context->threshold = std::exchange(nextThreshold, 0);
   return answer(level);
 }
 

@@ -16,6 +16,7 @@ thread_local PlatformTrace *active = nullptr;
 /// Counts down to the call that fails.
 thread_local int duplicatesUntilFailure = 0;
 thread_local HRESULT duplicateFailure = 0;
+thread_local HRESULT referenceFailure = 0;
 
 thread_local std::array<bool, 4> lacks{};
 
@@ -43,6 +44,7 @@ void failNextDuplicate(HRESULT status, int after) {
 }
 
 void failNext(Lack lack) { lacks[static_cast<size_t>(lack)] = true; }
+void failNextReference(HRESULT status) { referenceFailure = status; }
 
 std::string PlatformTrace::names() const {
   std::string names;
@@ -74,6 +76,19 @@ HRESULT WRTHSTRINGDuplicate(HSTRING string, HSTRING *copy) {
     return forward(string, copy);
   const HRESULT failure = std::exchange(duplicateFailure, 0);
   return failure < 0 ? failure : forward(string, copy);
+}
+
+HRESULT WRTHSTRINGCreateReference(const char16_t *text, uint32_t length, WRTHSTRINGHeader *header,
+                                  HSTRING *string) {
+  static auto *forward = next<decltype(WRTHSTRINGCreateReference)>("WRTHSTRINGCreateReference");
+  const HRESULT failure = std::exchange(referenceFailure, 0);
+  return failure < 0 ? failure : forward(text, length, header, string);
+}
+
+void *WRTHSTRINGToCFString(HSTRING string) {
+  static auto *forward = next<void *(HSTRING)>("WRTHSTRINGToCFString");
+  record("WRTHSTRINGToCFString", string);
+  return forward(string);
 }
 
 uint32_t WRTIUnknownRelease(void *object) {

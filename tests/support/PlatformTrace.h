@@ -3,6 +3,7 @@
 
 #include <WRTObjcBridge/WRTTypes.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ struct PlatformCall {
 /// Makes the `WRTHSTRINGDuplicate` of this thread that comes after `after` others fail with
 /// `status`.
 void failNextDuplicate(HRESULT status, int after = 0);
+/// Makes the next `WRTHSTRINGCreateReference` of this thread fail with `status`.
+void failNextReference(HRESULT status);
 
 /// What the platform can be made to lack: task memory, a new `NSString`, a semaphore, memory for an
 /// object of its own.
@@ -26,17 +29,24 @@ enum class Lack { TaskMemory, String, Semaphore, Object };
 /// Makes this thread's next request of the kind answer null.
 void failNext(Lack lack);
 
-/// Records the calls of allocation and release functions that this thread makes while it lives. The
-/// test program's own functions stand in front of the platform's and forward to them.
+/// Records the calls of allocation, release and conversion functions that this thread makes while
+/// it lives. The test program's own functions stand in front of the platform's and forward to them.
 class PlatformTrace {
 public:
   PlatformTrace();
   ~PlatformTrace();
 
+  /// Called before each function is carried out.
+  std::function<void(const PlatformCall &)> watch;
+
   const std::vector<PlatformCall> &calls() const { return calls_; }
   /// The functions' names, joined by spaces.
   std::string names() const;
-  void add(PlatformCall call) { calls_.push_back(std::move(call)); }
+  void add(PlatformCall call) {
+    if (watch)
+      watch(call);
+    calls_.push_back(std::move(call));
+  }
 
 private:
   std::vector<PlatformCall> calls_;
