@@ -29,7 +29,7 @@ add_library(wrt_options INTERFACE)
 target_compile_features(wrt_options INTERFACE cxx_std_20)
 target_compile_options(wrt_options INTERFACE ${WRT_WARNINGS})
 # The newer format is more than Debian's valgrind can read.
-target_compile_options(wrt_options INTERFACE -gdwarf-4)
+target_compile_options(wrt_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-gdwarf-4>)
 target_include_directories(wrt_options INTERFACE
   ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}/include)
 if(WRT_SANITIZE)

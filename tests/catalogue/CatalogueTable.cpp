@@ -52,14 +52,6 @@ const std::vector<SurfaceClass> &surfaceClasses() {
   return classes;
 }
 
-bool isCoreClass(const std::string &className) {
-  return std::ranges::any_of(surfaceClasses(), [&](const SurfaceClass &line) {
-    return line.name == className && line.kind == "core";
-  });
-}
-
-bool isTestClass(const std::string &className) { return className.starts_with("WRTTest"); }
-
 std::vector<std::string> readLines(const char *path) {
   std::ifstream file(path);
   if (!file)

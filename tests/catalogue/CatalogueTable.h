@@ -18,10 +18,6 @@ struct CatalogueMethod {
   std::string protocolEncoding; ///< with declared classes, protocols and block signatures
   std::string interface;        ///< without `WRT`; `-` for `+activateInstance` and for core classes
   std::optional<int> slot;      ///< in the interface's table; none for accessors and activation
-
-  bool isActivation() const { return interface == "-"; }
-  bool isMember() const { return slot.has_value(); }
-  bool isAccessor() const { return !isMember() && !isActivation(); }
 };
 
 /// The methods of every class that has any, by class name, in the order of the class.
@@ -40,11 +36,6 @@ struct SurfaceClass {
 
 /// Every class of the library. Read once; ends the program if it cannot be read.
 const std::vector<SurfaceClass> &surfaceClasses();
-
-/// Whether a class stands for the test interfaces, which are no part of the catalogue.
-bool isTestClass(const std::string &className);
-/// Whether a class is written by hand.
-bool isCoreClass(const std::string &className);
 
 /// The lines of a file. Ends the program if it cannot be read.
 std::vector<std::string> readLines(const char *path);

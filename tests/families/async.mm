@@ -115,61 +115,6 @@ void handlerTwice() {
   EXPECT_EQ(1, calls);
 }
 
-// What the handler keeps stays good; what it captures is freed although the operation is its own
-// handler's captive.
-void handlerKeepsBridge() {
-  PoolDrained drained;
-  auto gate = std::make_shared<Gate>();
-  UIntOperation operation = waitingFor(gate);
-  id kept = nil;
-  id *const place = &kept;
-  [operation
-      setCompletedWithHandler:^HRESULT(UIntOperation done, int) {
-        EXPECT_EQ([static_cast<id>(operation) inner], [static_cast<id>(done) inner]);
-        *place = [static_cast<id>(done) retain];
-        return 0;
-      }
-                        error:nullptr];
-  gate->open();
-  waitForPool();
-  EXPECT_EQ(17u, [static_cast<UIntOperation>(kept) getResultsWithError:nullptr]);
-  [kept release];
-}
-
-// Handlers set from other threads while the operations end: each is called exactly once.
-void handlerRaces() {
-  PoolDrained drained;
-  constexpr int kOperations = 64;
-  std::array<std::atomic<int>, kOperations> calls{};
-  std::vector<std::thread> threads;
-  for (int thread = 0; thread < 4; ++thread) {
-    threads.emplace_back([&calls, thread] {
-      @autoreleasepool {
-        for (int i = thread; i < kOperations; i += 4) {
-          std::atomic<int> *const counter = &calls[static_cast<size_t>(i)];
-          UIntOperation operation =
-              startedOperation<UInt32>([UIntBridge class], [i](const Work<> &, uint32_t &result) {
-                result = static_cast<uint32_t>(i);
-                return status::kOk;
-              });
-          [operation
-              setCompletedWithHandler:^HRESULT(UIntOperation done, int) {
-                *counter +=
-                    static_cast<uint32_t>(i) == [done getResultsWithError:nullptr] ? 1 : 100;
-                return 0;
-              }
-                                error:nullptr];
-        }
-      }
-    });
-  }
-  for (std::thread &thread : threads)
-    thread.join();
-  waitForPool();
-  for (const auto &count : calls)
-    EXPECT_EQ(1, count);
-}
-
 // What the handler returns becomes the result of the delegate's function.
 void handlerResult() {
   PoolDrained drained;
@@ -319,15 +264,6 @@ void cancelRunning() {
   EXPECT_EQ(nil, error) << "again is no failure";
 }
 
-void cancelEnded() {
-  UIntOperation operation = ended<UInt32>([UIntBridge class], status::kOk, 3);
-  NSError *error = nil;
-  [infoOf(operation) cancelWithError:&error];
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(kCompleted, [infoOf(operation) getStatusWithError:nullptr]);
-  EXPECT_EQ(3u, [operation getResultsWithError:nullptr]);
-}
-
 // Cancellation, completion, handler and results on threads of their own: one outcome, told once.
 void cancelRaces() {
   PoolDrained drained;
@@ -456,50 +392,6 @@ void progressAfterEnd() {
   EXPECT_EQ(nil, error);
 }
 
-void action() {
-  PoolDrained drained;
-  auto gate = std::make_shared<Gate>();
-  id<WRTIAsyncActionBridge> operation =
-      startedOperation([WRTIAsyncActionBridge class], [gate](const Work<> &) {
-        gate->wait();
-        return status::kOk;
-      });
-  NSError *error = nil;
-  [operation getResultsWithError:&error];
-  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
-  std::atomic<int> calls = 0;
-  std::atomic<int> *const counter = &calls;
-  [operation
-      setCompletedWithHandler:^HRESULT(id<WRTIAsyncActionBridge> done, int asyncStatus) {
-        EXPECT_EQ([WRTIAsyncActionBridge class], [static_cast<id>(done) class]);
-        EXPECT_EQ(kCompleted, asyncStatus);
-        [done getResultsWithError:nullptr];
-        ++*counter;
-        return 0;
-      }
-                        error:&error];
-  gate->open();
-  waitForPool();
-  EXPECT_EQ(1, calls);
-  [operation getResultsWithError:&error];
-  EXPECT_EQ(nil, error);
-  EXPECT_NE(0u, [infoOf(operation) getIdWithError:&error]);
-}
-
-void interfaceMissing() {
-  UIntOperation operation = strangerOf([UIntBridge class]);
-  NSError *const stale = staleErrorOfCaller();
-  NSError *error = stale;
-  EXPECT_EQ(0u, [operation getResultsWithError:&error]);
-  [operation
-      setCompletedWithHandler:^HRESULT(UIntOperation, int) {
-        ADD_FAILURE() << "nothing is installed";
-        return 0;
-      }
-                        error:&error];
-  EXPECT_EQ(stale, error);
-}
-
 void thousands() {
   PoolDrained drained;
   std::atomic<int64_t> sum = 0;
@@ -540,8 +432,6 @@ const Cell cells[] = {
     {"async.handler.set_before_completion.normal", handlerBefore},
     {"async.handler.set_after_completion.normal", handlerAfter},
     {"async.handler.set_twice.refused", handlerTwice},
-    {"async.handler.keeps_bridge.normal", handlerKeepsBridge},
-    {"async.handler.other_threads.normal", handlerRaces},
     {"async.handler.result.normal", handlerResult},
     {"async.results.early.refused", resultsEarly},
     {"async.results.each_kind.normal", resultsByKind},
@@ -549,13 +439,10 @@ const Cell cells[] = {
     {"async.results.uint32.failing", resultsFailing},
     {"async.work.throws.failing", workThrows},
     {"async.cancel.running.normal", cancelRunning},
-    {"async.cancel.ended.normal", cancelEnded},
     {"async.cancel.other_threads.normal", cancelRaces},
     {"async.close.all.normal", closed},
     {"async.progress.reports.normal", progress},
     {"async.progress.after_end.normal", progressAfterEnd},
-    {"async.action.all.normal", action},
-    {"async.all.any.interface_missing", interfaceMissing},
     {"async.all.thousands.normal", thousands},
 };
 

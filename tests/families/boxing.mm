@@ -14,6 +14,8 @@
 #import <WRTObjcBridge/Windows.UI.h>
 #include <abi/IReference.abi.h>
 
+#import <objc/runtime.h>
+
 #include <algorithm>
 #include <array>
 #include <cfloat>
@@ -39,93 +41,52 @@ bool same(const T &left, const T &right) {
   return std::memcmp(&left, &right, sizeof(T)) == 0;
 }
 
-/// Boxes each of `values` and reads it again, as it is and through its reference.
-template <class T, class Create, class Get>
-void roundTrip(int type, bool isNumeric, std::initializer_list<T> values, Create create, Get get) {
-  SCOPED_TRACE(type);
+/// Sends a message whose selector is put together from a type's name.
+template <class Result, class... Arguments>
+Result send(id receiver, const std::string &selector, Arguments... arguments) {
+  SEL name = sel_getUid(selector.c_str());
+  using Function = Result (*)(id, SEL, Arguments...);
+  auto *function = reinterpret_cast<Function>(
+      reinterpret_cast<void *>(class_getMethodImplementation(object_getClass(receiver), name)));
+  return function(receiver, name, arguments...);
+}
+
+/// Boxes each of `values` and reads it again.
+template <class T>
+void roundTrip(int type, const std::string &name, std::initializer_list<T> values) {
+  SCOPED_TRACE(name);
   for (const T &value : values) {
     NSError *error = staleErrorOfCaller();
-    Boxed boxed = create(value, &error);
+    id boxed = send<id>([Values class], "create" + name + "WithValue:error:", value, &error);
     ASSERT_NE(nil, boxed);
     EXPECT_EQ(nil, error);
-    EXPECT_EQ([WRTIInspectableBridge class], [static_cast<id>(boxed) class]);
+    EXPECT_EQ([WRTIInspectableBridge class], [boxed class]);
     WRTIPropertyValueBridge *read = valueOf(boxed);
     EXPECT_EQ(type, [read getTypeWithError:&error]);
-    EXPECT_EQ(isNumeric, [read getIsNumericScalarWithError:&error]);
-    EXPECT_TRUE(same(value, get(read, &error)));
+    EXPECT_EQ(type < 10, [read getIsNumericScalarWithError:&error]);
+    EXPECT_TRUE(same(value, send<T>(read, "get" + name + "WithError:", &error)));
     EXPECT_EQ(nil, error);
   }
 }
 
-void numbers() {
-  roundTrip<unsigned char>(
-      1, true, {0, 0xFF}, [](auto v, auto e) { return [Values createUInt8WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getUInt8WithError:e]; });
-  roundTrip<short>(
-      2, true, {INT16_MIN, INT16_MAX},
-      [](auto v, auto e) { return [Values createInt16WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getInt16WithError:e]; });
-  roundTrip<unsigned short>(
-      3, true, {0, UINT16_MAX},
-      [](auto v, auto e) { return [Values createUInt16WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getUInt16WithError:e]; });
-  roundTrip<int>(
-      4, true, {INT32_MIN, INT32_MAX},
-      [](auto v, auto e) { return [Values createInt32WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getInt32WithError:e]; });
-  roundTrip<unsigned int>(
-      5, true, {0, UINT32_MAX},
-      [](auto v, auto e) { return [Values createUInt32WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getUInt32WithError:e]; });
-  roundTrip<long long>(
-      6, true, {INT64_MIN, INT64_MAX},
-      [](auto v, auto e) { return [Values createInt64WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getInt64WithError:e]; });
-  roundTrip<unsigned long long>(
-      7, true, {0, UINT64_MAX},
-      [](auto v, auto e) { return [Values createUInt64WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getUInt64WithError:e]; });
-  roundTrip<float>(
-      8, true, {-0.0f, FLT_MAX, INFINITY, NAN},
-      [](auto v, auto e) { return [Values createSingleWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getSingleWithError:e]; });
-  roundTrip<double>(
-      9, true, {-0.0, DBL_MAX, DBL_TRUE_MIN, static_cast<double>(NAN)},
-      [](auto v, auto e) { return [Values createDoubleWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getDoubleWithError:e]; });
-}
-
-void structures() {
-  roundTrip<unsigned short>(
-      10, false, {0, 0xD800, 0xFFFF},
-      [](auto v, auto e) { return [Values createChar16WithValue:v error:e]; },
-      [](auto b, auto e) { return [b getChar16WithError:e]; });
-  roundTrip<bool>(
-      11, false, {true, false},
-      [](auto v, auto e) { return [Values createBooleanWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getBooleanWithError:e]; });
-  roundTrip<WRTDateTime>(
-      14, false, {{INT64_MIN}, {INT64_MAX}},
-      [](auto v, auto e) { return [Values createDateTimeWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getDateTimeWithError:e]; });
-  roundTrip<WRTTimeSpan>(
-      15, false, {{-1}, {0x1122334455667788}},
-      [](auto v, auto e) { return [Values createTimeSpanWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getTimeSpanWithError:e]; });
-  roundTrip<GUID>(
-      16, false, {abi::IAgileObject::kIid},
-      [](auto v, auto e) { return [Values createGuidWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getGuidWithError:e]; });
-  roundTrip<WRTPoint>(
-      17, false, {{1, -2}}, [](auto v, auto e) { return [Values createPointWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getPointWithError:e]; });
-  roundTrip<WRTSize>(
-      18, false, {{3, 4}}, [](auto v, auto e) { return [Values createSizeWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getSizeWithError:e]; });
-  roundTrip<WRTRect>(
-      19, false, {{1, 2, 3, 4}},
-      [](auto v, auto e) { return [Values createRectWithValue:v error:e]; },
-      [](auto b, auto e) { return [b getRectWithError:e]; });
+void values() {
+  roundTrip<unsigned char>(1, "UInt8", {0, 0xFF});
+  roundTrip<short>(2, "Int16", {INT16_MIN, INT16_MAX});
+  roundTrip<unsigned short>(3, "UInt16", {0, UINT16_MAX});
+  roundTrip<int>(4, "Int32", {INT32_MIN, INT32_MAX});
+  roundTrip<unsigned int>(5, "UInt32", {0, UINT32_MAX});
+  roundTrip<long long>(6, "Int64", {INT64_MIN, INT64_MAX});
+  roundTrip<unsigned long long>(7, "UInt64", {0, UINT64_MAX});
+  roundTrip<float>(8, "Single", {-0.0f, FLT_MAX, INFINITY, NAN});
+  roundTrip<double>(9, "Double", {-0.0, DBL_MAX, DBL_TRUE_MIN, static_cast<double>(NAN)});
+  roundTrip<unsigned short>(10, "Char16", {0, 0xD800, 0xFFFF});
+  roundTrip<bool>(11, "Boolean", {true, false});
+  roundTrip<WRTDateTime>(14, "DateTime", {{INT64_MIN}, {INT64_MAX}});
+  roundTrip<WRTTimeSpan>(15, "TimeSpan", {{-1}, {0x1122334455667788}});
+  roundTrip<GUID>(16, "Guid", {abi::IAgileObject::kIid});
+  roundTrip<WRTPoint>(17, "Point", {{1, -2}});
+  roundTrip<WRTSize>(18, "Size", {{3, 4}});
+  roundTrip<WRTRect>(19, "Rect", {{1, 2, 3, 4}});
 }
 
 void strings() {
@@ -234,18 +195,20 @@ void conversions() {
 }
 
 /// Boxes arrays of 0 and of `values.size()` elements and reads them again.
-template <class T, class Create, class Get>
-void arrayRoundTrip(int type, std::vector<T> values, Create create, Get get) {
-  SCOPED_TRACE(type);
+template <class T>
+void arrayRoundTrip(int type, const std::string &name, std::vector<T> values) {
+  SCOPED_TRACE(name);
   for (unsigned int size : {0u, static_cast<unsigned int>(values.size())}) {
     NSError *error = staleErrorOfCaller();
-    Boxed boxed = create(size, values.data(), &error);
+    id boxed = send<id>([Values class], "create" + name + "ArrayWithValueSize:value:error:", size,
+                        values.data(), &error);
     ASSERT_NE(nil, boxed);
     EXPECT_EQ(type, [valueOf(boxed) getTypeWithError:&error]);
     EXPECT_FALSE([valueOf(boxed) getIsNumericScalarWithError:&error]);
     unsigned int count = 99;
     T *read = nullptr;
-    get(valueOf(boxed), &count, &read, &error);
+    send<void>(valueOf(boxed), "get" + name + "ArrayWithValueSize:value:error:", &count, &read,
+               &error);
     EXPECT_EQ(nil, error);
     ASSERT_EQ(size, count);
     for (unsigned int i = 0; i < size; ++i)
@@ -255,56 +218,14 @@ void arrayRoundTrip(int type, std::vector<T> values, Create create, Get get) {
 }
 
 void arrays() {
-  arrayRoundTrip<unsigned char>(
-      1025, {1, 2, 0xFF},
-      [](auto n, auto v, auto e) {
-        return [Values createUInt8ArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getUInt8ArrayWithValueSize:n value:v error:e]; });
-  arrayRoundTrip<short>(
-      1026, {-1, 2},
-      [](auto n, auto v, auto e) {
-        return [Values createInt16ArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getInt16ArrayWithValueSize:n value:v error:e]; });
-  arrayRoundTrip<int>(
-      1028, std::vector<int>(1000, -7),
-      [](auto n, auto v, auto e) {
-        return [Values createInt32ArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getInt32ArrayWithValueSize:n value:v error:e]; });
-  arrayRoundTrip<unsigned long long>(
-      1031, {UINT64_MAX},
-      [](auto n, auto v, auto e) {
-        return [Values createUInt64ArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getUInt64ArrayWithValueSize:n value:v error:e]; });
-  arrayRoundTrip<double>(
-      1033, {1.5, -0.0},
-      [](auto n, auto v, auto e) {
-        return [Values createDoubleArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getDoubleArrayWithValueSize:n value:v error:e]; });
-  arrayRoundTrip<unsigned char>(
-      1035, {0, 1},
-      [](auto n, auto v, auto e) {
-        return [Values createBooleanArrayWithValueSize:n value:reinterpret_cast<bool *>(v) error:e];
-      },
-      [](auto b, auto n, auto v, auto e) {
-        [b getBooleanArrayWithValueSize:n value:reinterpret_cast<bool **>(v) error:e];
-      });
-  arrayRoundTrip<GUID>(
-      1040, {abi::IUnknown::kIid, abi::IInspectable::kIid},
-      [](auto n, auto v, auto e) {
-        return [Values createGuidArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getGuidArrayWithValueSize:n value:v error:e]; });
-  arrayRoundTrip<WRTRect>(
-      1043, {{1, 2, 3, 4}, {5, 6, 7, 8}},
-      [](auto n, auto v, auto e) {
-        return [Values createRectArrayWithValueSize:n value:v error:e];
-      },
-      [](auto b, auto n, auto v, auto e) { [b getRectArrayWithValueSize:n value:v error:e]; });
+  arrayRoundTrip<unsigned char>(1025, "UInt8", {1, 2, 0xFF});
+  arrayRoundTrip<short>(1026, "Int16", {-1, 2});
+  arrayRoundTrip<int>(1028, "Int32", std::vector<int>(1000, -7));
+  arrayRoundTrip<unsigned long long>(1031, "UInt64", {UINT64_MAX});
+  arrayRoundTrip<double>(1033, "Double", {1.5, -0.0});
+  arrayRoundTrip<unsigned char>(1035, "Boolean", {0, 1});
+  arrayRoundTrip<GUID>(1040, "Guid", {abi::IUnknown::kIid, abi::IInspectable::kIid});
+  arrayRoundTrip<WRTRect>(1043, "Rect", {{1, 2, 3, 4}, {5, 6, 7, 8}});
 }
 
 // The caller's array is emptied first; the block that came is not freed. A failure leaves it alone.
@@ -486,8 +407,7 @@ void referenceArrays() {
 }
 
 const Cell cells[] = {
-    {"boxing.scalar.numbers.normal", numbers},
-    {"boxing.scalar.structures.normal", structures},
+    {"boxing.scalar.values.normal", values},
     {"boxing.scalar.strings.normal", strings},
     {"boxing.scalar.objects.normal", objects},
     {"boxing.scalar.any.wrong_type", wrongType},

@@ -147,18 +147,6 @@ void objectLacksInterface() {
   EXPECT_EQ(0u, [map getSizeWithError:nullptr]);
 }
 
-void interfaceMissing() {
-  Lists map = strangerOf([WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge class]);
-  NSError *const stale = staleErrorOfCaller();
-  NSError *error = stale;
-  EXPECT_EQ(nil, [map lookupWithKey:@"x" error:&error]);
-  EXPECT_FALSE([map hasKeyWithKey:@"x" error:&error]);
-  EXPECT_EQ(0u, [map getSizeWithError:&error]);
-  EXPECT_EQ(nil, [map getViewWithError:&error]);
-  [map removeWithKey:@"x" error:&error];
-  EXPECT_EQ(stale, error);
-}
-
 using Pair = IKeyValuePair<String, Int32>;
 
 int32_t valueOf(const ComPtr<Pair> &pair) {
@@ -269,7 +257,6 @@ const Cell cells[] = {
     {"map.strings.all.normal", lists},
     {"map.strings.key.absent", absentKey},
     {"map.strings.key.nil", nilKey},
-    {"map.strings.any.interface_missing", interfaceMissing},
     {"map.objects.all.normal", objectKeys},
     {"map.objects.key_and_value.interface_missing", objectLacksInterface},
     {"map.iterator.pairs.normal", iteration},

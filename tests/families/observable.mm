@@ -132,39 +132,6 @@ void handlerActs() {
   EXPECT_EQ(0u, [vectorOf(folders) getSizeWithError:nullptr]);
 }
 
-// Subscriptions that nobody ends go with the vector.
-void hundredHandlers() {
-  ObservableFolders folders = newFolders();
-  __block int calls = 0;
-  for (int i = 0; i < 100; ++i) {
-    [folders
-        addVectorChangedWithHandler:^HRESULT(ObservableFolders,
-                                             id<WRTIVectorChangedEventArgsBridge>) {
-          EXPECT_EQ(i, calls % 100) << "in the order of subscription";
-          ++calls;
-          return i == 17 ? status::kFail : status::kOk;
-        }
-                              error:nullptr];
-  }
-  [vectorOf(folders) appendWithItem:nil error:nullptr];
-  [vectorOf(folders) clearWithError:nullptr];
-  EXPECT_EQ(200, calls);
-}
-
-void interfaceMissing() {
-  ObservableFolders folders = strangerOf([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class]);
-  NSError *const stale = staleErrorOfCaller();
-  NSError *error = stale;
-  const WRTEventRegistrationToken token = [folders
-      addVectorChangedWithHandler:^HRESULT(ObservableFolders,
-                                           id<WRTIVectorChangedEventArgsBridge>) {
-        return 0;
-      }
-                            error:&error];
-  [folders removeVectorChangedWithToken:token error:&error];
-  EXPECT_EQ(stale, error);
-}
-
 void threads() {
   auto vector = make<ObservableVector<Folder>>();
   std::atomic<int> calls = 0;
@@ -258,8 +225,6 @@ const Cell cells[] = {
     {"observable.vector.handler.normal", handler},
     {"observable.vector.every_change.normal", everyChange},
     {"observable.vector.handler.acts", handlerActs},
-    {"observable.vector.handler.hundred", hundredHandlers},
-    {"observable.vector.any.interface_missing", interfaceMissing},
     {"observable.vector.any.other_threads", threads},
     {"observable.map.every_change.normal", maps},
     {"observable.map.activated.normal", propertySets},

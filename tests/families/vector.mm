@@ -390,24 +390,6 @@ void proxies() {
   EXPECT_EQ(kNoInterface, [error code]);
 }
 
-void interfaceMissing() {
-  Strings vector = strangerOf([WRTIVector__1_WRTHSTRING_Bridge class]);
-  NSError *const stale = staleErrorOfCaller();
-  NSError *error = stale;
-  PlatformTrace trace;
-  EXPECT_EQ(nil, [vector getAtWithIndex:0 error:&error]);
-  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
-  EXPECT_EQ(nil, [vector getViewWithError:&error]);
-  unsigned int index = 5;
-  EXPECT_FALSE([vector indexOfWithValue:@"x" index:&index error:&error]);
-  EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
-  [vector replaceAllWithValues:@[ @"x" ] error:&error];
-  [vector appendWithItem:@"x" error:&error];
-  EXPECT_EQ(stale, error);
-  EXPECT_EQ(5u, index);
-  EXPECT_EQ("", trace.names()) << "nothing is allocated";
-}
-
 void threads() {
   auto vector = make<Vector<String>>();
   std::vector<std::thread> running;
@@ -443,7 +425,6 @@ const Cell cells[] = {
     {"collection.vector.objects.normal", objects},
     {"collection.vector.objects.failing_element", objectsFailingElement},
     {"collection.vector.array.changing", changingArrays},
-    {"collection.vector.any.interface_missing", interfaceMissing},
     {"collection.vector.any.other_threads", threads},
     {"collection.vector.any.proxies", proxies},
     {"collection.view.strings.normal", view},

@@ -21,18 +21,6 @@ Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &s
 /// Generates from one file, `sample.idl`.
 Generated generateFrom(const std::string &declarations);
 
-/// A line of catalogue.tsv.
-struct CatalogueLine {
-  std::string bridge, side, selector, encoding, protocolEncoding, interface, slot;
-};
-
-/// The catalogue's lines of one class.
-std::vector<CatalogueLine> catalogueOf(const Generated &generated, const std::string &bridge);
-
-/// The catalogue's line of one method; a failure and an empty line when there is none.
-CatalogueLine methodOf(const Generated &generated, const std::string &bridge,
-                       const std::string &selector);
-
 /// The whole file.
 std::string readFile(const std::string &path);
 

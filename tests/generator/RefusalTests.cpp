@@ -44,6 +44,9 @@ const std::vector<Refusal> kRefusals{
     {"EndOfFile", "struct S { Int32 a;^", "expected a field's type or '}', found end of file"},
     {"BadIdentifier", "proxy interface IFoo ^{0000-00};",
      "expected a GUID of 8-4-4-4-12 hexadecimal digits, found '{0000-00}'"},
+    {"LongIdentifier", "proxy interface IFoo ^{00000000-0000-0000-0000-0000000000010};",
+     "expected a GUID of 8-4-4-4-12 hexadecimal digits, found "
+     "'{00000000-0000-0000-0000-0000000000010}'"},
     {"MissingIdentifier", "full interface IFoo ^{ }", "expected a GUID in braces, found '{'"},
     {"MembersOfAProxy",
      "proxy interface IFoo {00000000-0000-0000-0000-000000000001} ^{ void Run(); }",

@@ -10,6 +10,6 @@ mkdir -p build/wine
 x86_64-w64-mingw32-g++-posix -std=c++20 -g -O1 -Wall -Wextra -Werror -fno-exceptions -fno-rtti \
   -I. -Iplatform/include -Ibuild/linux/include -Ibuild/linux \
   platform/linux/activation/ActivationRegistry.cpp platform/linux/implement/Object.cpp \
-  tests/component/TestObject.cpp tests/component/Narrow.cpp \
+  tests/component/TestObject.cpp tests/component/Answers.cpp tests/component/Narrow.cpp \
   tests/wine/component/*.cpp \
   -shared -static -o build/wine/testcomponent.dll -lruntimeobject -lole32

@@ -44,26 +44,6 @@ protected:
   }
 };
 
-TEST_F(Activation, MakesDefaultInstances) {
-  auto instance = ComPtr<abi::IUnknown>::adopt(
-      static_cast<abi::IUnknown *>(WRTActivateInstance(u"Test.Named")));
-  ASSERT_TRUE(instance);
-  EXPECT_EQ(change(), "objects +1");
-  StringHolder name;
-  EXPECT_EQ(instance.as<INamed>()->get_Name(name.put()), status::kOk);
-  EXPECT_EQ(name.view(), u"default");
-}
-
-TEST_F(Activation, GivesFactoriesByInterface) {
-  ComPtr<IScaled> statics;
-  ASSERT_EQ(get(u"Test.Named", statics), status::kOk);
-  double result = 0;
-  EXPECT_EQ(statics->Scale(3, 0.5, 0, 0, 0, &result), status::kOk);
-  EXPECT_EQ(result, 1.5);
-  ComPtr<abi::IActivationFactory> factory;
-  EXPECT_EQ(get(u"Test.Named", factory), status::kOk);
-}
-
 TEST_F(Activation, TellsHowItFailed) {
   const Registration onlyStatics(u"Test.Statics", makeFactory<StaticsFactory>);
   ComPtr<INamed> named;

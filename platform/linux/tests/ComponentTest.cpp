@@ -72,19 +72,6 @@ TEST_F(Components, LackingInterfacesAreRefused) {
   EXPECT_FALSE(thing.as<abi::IActivationFactory>());
 }
 
-TEST_F(Components, ObjectsLiveAsLongAsTheirReferences) {
-  ComPtr<IScaled> scaled;
-  {
-    const auto thing = make<Thing>(u"x");
-    EXPECT_EQ(change(), "objects +1, strings +1, string handles +1");
-    scaled = thing.as<IScaled>();
-  }
-  EXPECT_EQ(scaled->AddRef(), 2u);
-  EXPECT_EQ(scaled->Release(), 1u);
-  scaled.reset();
-  EXPECT_EQ(change(), "nothing");
-}
-
 TEST_F(Components, TellTheirClassInterfacesAndTrust) {
   const auto inspectable = make<Thing>(u"x").as<IScaled>().as<abi::IInspectable>();
   StringHolder name;
@@ -98,68 +85,6 @@ TEST_F(Components, TellTheirClassInterfacesAndTrust) {
   ASSERT_EQ(inspectable->GetIids(&count, &iids), status::kOk);
   EXPECT_EQ(std::vector(iids, iids + count), std::vector({INamed::kIid, IScaled::kIid}));
   WRTTaskMemFree(iids);
-}
-
-TEST_F(Components, VirtualFunctionsLieInTheOrderOfTheCTables) {
-  auto thing = make<Thing>(u"table");
-  auto *scaled = reinterpret_cast<WRTIInspectable *>(static_cast<IScaled *>(thing.get()));
-  const WRTIInspectableVtbl *table = scaled->lpVtbl;
-  void *result = nullptr;
-  ASSERT_EQ(table->QueryInterface(scaled, &INamed::kIid, &result), status::kOk);
-  EXPECT_EQ(result, static_cast<INamed *>(thing.get()));
-  EXPECT_EQ(table->AddRef(scaled), 3u);
-  EXPECT_EQ(table->Release(scaled), 2u);
-  EXPECT_EQ(thing->Release(), 1u);
-  uint32_t count = 0;
-  GUID *iids = nullptr;
-  EXPECT_EQ(table->GetIids(scaled, &count, &iids), status::kOk);
-  EXPECT_EQ(count, 2u);
-  WRTTaskMemFree(iids);
-  StringHolder name;
-  EXPECT_EQ(table->GetRuntimeClassName(scaled, name.put()), status::kOk);
-  EXPECT_EQ(name.view(), u"Test.Thing");
-  int32_t trust = -1;
-  EXPECT_EQ(table->GetTrustLevel(scaled, &trust), status::kOk);
-  EXPECT_EQ(trust, 0);
-
-  void *named = static_cast<INamed *>(thing.get());
-  using Get = HRESULT(WRT_ABI *)(void *, HSTRING *);
-  using Put = HRESULT(WRT_ABI *)(void *, HSTRING);
-  EXPECT_EQ((*static_cast<Put **>(named))[7](named, name.get()), status::kOk);
-  EXPECT_EQ((*static_cast<Get **>(named))[6](named, name.put()), status::kOk);
-  EXPECT_EQ(name.view(), u"Test.Thing");
-  using Scale = HRESULT(WRT_ABI *)(void *, int32_t, double, uint8_t, float, int64_t, double *);
-  double product = 0;
-  EXPECT_EQ((*reinterpret_cast<Scale **>(scaled))[6](scaled, -3, 0.5, 200, 0.25f, INT64_C(1) << 40,
-                                                     &product),
-            status::kFalse);
-  EXPECT_EQ(product, -1.5 + 50.0 + 1099511627776.0);
-}
-
-TEST_F(Components, ReferencesAreCountedAcrossThreads) {
-  auto thing = make<Thing>(u"x");
-  onThreads(4, [thing](int) {
-    for (int round = 0; round < 1000; ++round)
-      EXPECT_TRUE(thing.as<IScaled>().as<INamed>());
-  });
-  EXPECT_EQ(thing->AddRef(), 2u);
-  EXPECT_EQ(thing->Release(), 1u);
-}
-
-TEST_F(Components, PointersMoveCopyAndAnswerOutParameters) {
-  auto thing = make<Thing>(u"x");
-  ComPtr<INamed> named = thing;
-  const ComPtr<INamed> moved = std::move(named);
-  EXPECT_FALSE(named); // NOLINT(bugprone-use-after-move): moving leaves null
-  INamed *out = nullptr;
-  EXPECT_EQ(moved.copyTo(&out), status::kOk);
-  EXPECT_EQ(moved.copyTo<INamed>(nullptr), status::kPointer);
-  EXPECT_EQ(out->Release(), 2u);
-  thing = nullptr;
-  EXPECT_EQ(moved->AddRef(), 2u);
-  EXPECT_EQ(moved->Release(), 1u);
-  EXPECT_EQ(ComPtr<INamed>().copyTo(&out), status::kOk);
-  EXPECT_EQ(out, nullptr);
 }
 
 } // namespace

@@ -43,20 +43,6 @@ ComPtr<Handler> makeHandler(HandlerBlock block) {
 
 class Delegates : public LedgerTest {};
 
-TEST_F(Delegates, InvokeCallsTheBlockAndGivesItsResultBack) {
-  __block void *sender = nullptr;
-  __block int32_t value = 0;
-  const auto handler = makeHandler(^HRESULT(void *blockSender, int32_t blockValue) {
-    sender = blockSender;
-    value = blockValue;
-    return status::kBounds;
-  });
-  auto *expected = reinterpret_cast<abi::IInspectable *>(&value);
-  EXPECT_EQ(handler->Invoke(expected, -5), status::kBounds);
-  EXPECT_EQ(sender, expected);
-  EXPECT_EQ(value, -5);
-}
-
 TEST_F(Delegates, ArgumentsOfEveryKindArrive) {
   struct Pair {
     int64_t first, second;
@@ -100,25 +86,6 @@ TEST_F(Delegates, AnswersItsOwnInterfaceUnknownAndAgileOnly) {
   EXPECT_EQ(handler->QueryInterface(&Handler::kIid, nullptr), status::kPointer);
 }
 
-TEST_F(Delegates, KeepsTheBlockUntilTheLastReferenceGoes) {
-  const auto captured = std::make_shared<int>(1);
-  Handler *handler;
-  {
-    // The block in the frame holds a copy as well, which ends with this scope.
-    handler = makeHandler(^HRESULT(void *, int32_t) {
-                return *captured;
-              }).detach();
-  }
-  EXPECT_EQ(change(), "delegates +1, blocks +1");
-  EXPECT_EQ(captured.use_count(), 2);
-  EXPECT_EQ(handler->AddRef(), 2u);
-  EXPECT_EQ(handler->Release(), 1u);
-  EXPECT_EQ(handler->Invoke(nullptr, 0), 1);
-  EXPECT_EQ(handler->Release(), 0u);
-  EXPECT_EQ(captured.use_count(), 1);
-  EXPECT_EQ(change(), "nothing");
-}
-
 TEST_F(Delegates, SharesABlockThatIsOnTheHeapAlready) {
   const auto captured = std::make_shared<int>(1);
   id block = objc_retainBlock(static_cast<id>(^HRESULT(void *, int32_t) {
@@ -144,47 +111,6 @@ TEST_F(Delegates, WhatTheBlockAutoreleasesGoesWithTheCall) {
     EXPECT_EQ(handler->Invoke(nullptr, 0), 1);
     EXPECT_EQ(liveAutoreleased, 0);
   }).join();
-}
-
-TEST_F(Delegates, AreInvokedAndReleasedByManyThreads) {
-  constexpr int kThreads = 4;
-  constexpr int kCalls = 500;
-  std::atomic<int> calls = 0;
-  std::atomic<int> frees = 0;
-  std::atomic<int> *freesPointer = &frees;
-  std::atomic<int> *callsPointer = &calls;
-  Handler *handler;
-  {
-    const std::shared_ptr<void> guard(nullptr, [freesPointer](void *) { ++*freesPointer; });
-    handler = makeHandler(^HRESULT(void *, int32_t value) {
-                (void)guard;
-                *callsPointer += value;
-                return status::kOk;
-              }).detach();
-  }
-  for (int thread = 1; thread < kThreads; ++thread)
-    handler->AddRef();
-  onThreads(kThreads, [&](int) {
-    for (int call = 0; call < kCalls; ++call) {
-      const ComPtr<Handler> kept(handler);
-      kept->Invoke(nullptr, 1);
-    }
-    handler->Release();
-  });
-  EXPECT_EQ(calls, kThreads * kCalls);
-  EXPECT_EQ(frees, 1);
-}
-
-TEST_F(Delegates, CWhoCallsThroughTheTableGetsTheSame) {
-  Handler *handler = makeHandler(^HRESULT(void *, int32_t value) {
-                       return value;
-                     }).detach();
-  auto *unknown = reinterpret_cast<WRTIUnknown *>(handler);
-  EXPECT_EQ(unknown->lpVtbl->AddRef(unknown), 2u);
-  using Invoke = HRESULT(WRT_ABI *)(void *, void *, int32_t);
-  EXPECT_EQ((*reinterpret_cast<Invoke **>(handler))[3](handler, nullptr, 42), 42);
-  EXPECT_EQ(unknown->lpVtbl->Release(unknown), 1u);
-  EXPECT_EQ(unknown->lpVtbl->Release(unknown), 0u);
 }
 
 } // namespace

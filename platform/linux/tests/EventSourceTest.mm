@@ -47,20 +47,6 @@ protected:
   std::string calls_;
 };
 
-TEST_F(Events, CallsHandlersInOrderUntilTheyAreRemoved) {
-  EXPECT_EQ(raise(), "");
-  addLetter('a');
-  const auto b = addLetter('b');
-  addLetter('c');
-  EXPECT_EQ(raise(), "abc");
-  EXPECT_EQ(change(), "delegates +3, blocks +3");
-  EXPECT_EQ(source->remove(b), status::kOk);
-  EXPECT_EQ(change(), "delegates +2, blocks +2");
-  EXPECT_EQ(source->remove(b), status::kOk);
-  EXPECT_EQ(source->remove({0}), status::kOk);
-  EXPECT_EQ(raise(), "ac");
-}
-
 TEST_F(Events, TokensNeverRepeatAndDoNotFitThirtyTwoBits) {
   std::set<int64_t> tokens;
   EventSource<Handler> other;
@@ -80,35 +66,6 @@ TEST_F(Events, RefusesNoHandlerAndNoToken) {
   EXPECT_EQ(source->add(nullptr, &token), status::kInvalidArgument);
   EXPECT_EQ(token.value, 0);
   EXPECT_EQ(source->add(nullptr, nullptr), status::kPointer);
-}
-
-TEST_F(Events, ChangesMadeByAHandlerCountFromTheNextTime) {
-  auto *own = source.get();
-  std::string *calls = &calls_;
-  __block WRTEventRegistrationToken self;
-  __block WRTEventRegistrationToken later;
-  self = add(^HRESULT(void *, int32_t) {
-    *calls += 's';
-    own->remove(self);
-    own->remove(later);
-    return status::kOk;
-  });
-  later = addLetter('l');
-  EXPECT_EQ(raise(), "sl");
-  EXPECT_EQ(raise(), "");
-  EXPECT_EQ(source->count(), 0u);
-
-  auto *test = this;
-  __block bool added = false;
-  add(^HRESULT(void *, int32_t) {
-    *calls += 'a';
-    if (!added)
-      test->addLetter('n');
-    added = true;
-    return status::kOk;
-  });
-  EXPECT_EQ(raise(), "a");
-  EXPECT_EQ(raise(), "an");
 }
 
 TEST_F(Events, FailingHandlerDoesNotStopTheOthers) {

@@ -1,0 +1,84 @@
+#ifndef WRT_TESTS_ANSWERS_H
+#define WRT_TESTS_ANSWERS_H
+
+#include "tests/component/Script.h"
+
+#include <WRTBridge.h>
+#include <abi/test.abi.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace wrt::test {
+
+/// A value as crossings tell it.
+std::string describe(abi::TestInterface *object);
+std::string describe(HSTRING string);
+std::string describe(int32_t value);
+std::string describe(const WRTTestStruct &value);
+std::string describeStatus(HRESULT status);
+
+/// Elements as the script describes them; the pointers only say of which type.
+int32_t makeElement(int32_t index, int32_t *);
+WRTTestStruct makeElement(int32_t index, WRTTestStruct *);
+HSTRING makeElement(int32_t index, HSTRING *);
+abi::TestInterface *makeElement(int32_t index, abi::TestInterface **);
+
+/// What a member does that only takes something: it is recorded, and the status is the script's.
+inline HRESULT receive(std::string text) {
+  recordCrossing(std::move(text));
+  return script().status;
+}
+
+template <class T>
+HRESULT receiveArray(const char *member, int32_t count, T *block) {
+  std::string text = std::string(member) + " [";
+  for (int32_t i = 0; i < count; ++i)
+    text += (i ? ", " : "") + describe(block[i]);
+  return receive(text + "]");
+}
+
+/// Whether the member is to hand out anything; poisons its out-values first if it is not.
+template <class... T>
+bool handsOut(const std::string &member, T *...places) {
+  recordCrossing(member);
+  if (script().status < 0 && script().poisons)
+    (std::memset(static_cast<void *>(places), 0xCC, sizeof *places), ...);
+  return script().status >= 0;
+}
+
+template <class T>
+HRESULT handOut(const char *member, T *place, T value) {
+  if (handsOut(member, place))
+    *place = value;
+  return script().status;
+}
+HRESULT handOutObject(const char *member, abi::TestInterface **place);
+HRESULT handOutString(const char *member, HSTRING *place);
+
+/// An array that the component allocates and the caller owns.
+template <class T>
+HRESULT handOutArray(const char *member, int32_t *count, T **block) {
+  if (handsOut(member, count, block)) {
+    *count = script().count;
+    *block = static_cast<T *>(WRTTaskMemAlloc(static_cast<size_t>(*count) * sizeof(T)));
+    for (int32_t i = 0; i < *count; ++i)
+      (*block)[i] = makeElement(i, *block);
+  }
+  return script().status;
+}
+
+/// An array of the caller's that the component fills.
+template <class T>
+HRESULT fillArray(const char *member, int32_t size, int32_t *count, T *block) {
+  if (handsOut(std::string(member) + " " + std::to_string(size), count)) {
+    *count = std::min(size, script().count);
+    for (int32_t i = 0; i < *count; ++i)
+      block[i] = makeElement(i, block);
+  }
+  return script().status;
+}
+
+} // namespace wrt::test
+
+#endif
