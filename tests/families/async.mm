@@ -1,53 +1,18 @@
-// Asynchronous operations: handlers before and after completion, results, cancellation, progress.
+// Asynchronous operations: handlers before and after completion, cancellation, progress.
 
-#include "tests/families/Families.h"
-#include "tests/families/Throwing.h"
+#include "tests/families/Async.h"
 
-#import <WRTObjcBridge/IAsyncOperation.h>
 #import <WRTObjcBridge/IAsyncOperationWithProgress.h>
-#import <WRTObjcBridge/Windows.Foundation.h>
-#import <WRTObjcBridge/Windows.Storage.Streams.h>
-#import <WRTObjcBridge/Windows.Storage.h>
 #include <abi/IAsyncOperation.abi.h>
-#include <abi/Windows.Storage.Streams.abi.h>
-#include <abi/Windows.Storage.abi.h>
 
-#include <array>
 #include <thread>
 
 namespace wrt::test {
 
 namespace {
 
-using namespace implement;
-
-using UIntBridge = WRTIAsyncOperation__1_WRTUINT32_Bridge;
-using UIntOperation = id<WRTIAsyncOperation__1_WRTUINT32_Bridge>;
 using ProgressBridge = WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge;
 using ProgressOperation = id<WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge>;
-using FileType = ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">;
-
-id<WRTIAsyncInfoBridge> infoOf(id operation) { return [WRTIAsyncInfoBridge cast:operation]; }
-
-/// An operation that completes with 17 once `gate` is open.
-UIntOperation waitingFor(std::shared_ptr<Gate> gate) {
-  return startedOperation<UInt32>([UIntBridge class], [gate](const Work<> &, uint32_t &result) {
-    gate->wait();
-    result = 17;
-    return status::kOk;
-  });
-}
-
-/// An operation that has ended like that.
-template <class Result>
-id ended(Class type, HRESULT outcome, Stored<Result> result = {}) {
-  IAsync<Result, void> *operation = nullptr;
-  if (outcome < 0)
-    failedAsync<Result>(&operation, outcome);
-  else
-    completedAsync<Result>(&operation, std::move(result));
-  return [type bridgeTransfer:operation];
-}
 
 // The handler gets a bridge of the same class for the same object, and the status.
 void handlerBefore() {
@@ -132,94 +97,6 @@ void handlerResult() {
   ASSERT_TRUE(delegate);
   EXPECT_EQ(static_cast<HRESULT>(0x80071234), delegate->Invoke(typed, 42));
   gate->open();
-}
-
-void resultsEarly() {
-  PoolDrained drained;
-  auto gate = std::make_shared<Gate>();
-  UIntOperation operation = waitingFor(gate);
-  NSError *error = nil;
-  EXPECT_EQ(0u, [operation getResultsWithError:&error]);
-  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
-  gate->open();
-  waitForPool();
-  EXPECT_EQ(17u, [operation getResultsWithError:&error]);
-  EXPECT_EQ(17u, [operation getResultsWithError:&error]) << "can be read again";
-  EXPECT_EQ(nil, error);
-}
-
-void resultsByKind() {
-  expectLeftover({.strings = 1}); // a string result is not released
-  NSError *error = nil;
-  id<WRTIAsyncOperation__1_WRTHSTRING_Bridge> text = ended<String>(
-      [WRTIAsyncOperation__1_WRTHSTRING_Bridge class], status::kOk, StringHolder(u"Grüße"));
-  EXPECT_TRUE([[text getResultsWithError:&error] isEqual:@"Grüße"]);
-  for (int byte : {0, 1, 2, 0x80, 0xCC}) {
-    id<WRTIAsyncOperation__1_WRTbool_Bridge> yes = ended<Boolean>(
-        [WRTIAsyncOperation__1_WRTbool_Bridge class], status::kOk, static_cast<uint8_t>(byte));
-    EXPECT_EQ(byte ? 1 : 0, static_cast<int>([yes getResultsWithError:&error]));
-  }
-  id<WRTIAsyncOperation__1_WRTStartupTaskState_Bridge> state =
-      ended<Enum<"Windows.ApplicationModel.StartupTaskState">>(
-          [WRTIAsyncOperation__1_WRTStartupTaskState_Bridge class], status::kOk, -3);
-  EXPECT_EQ(-3, [state getResultsWithError:&error]);
-
-  auto file = make<StandIn<abi::IStorageFile>>();
-  id<WRTIAsyncOperation__1_WRTStorageFile_P_Bridge> object =
-      ended<FileType>([WRTIAsyncOperation__1_WRTStorageFile_P_Bridge class], status::kOk,
-                      ComPtr<abi::IStorageFile>(file->interface()));
-  WRTStorageFileBridge *bridge = [object getResultsWithError:&error];
-  EXPECT_EQ([WRTStorageFileBridge class], [bridge class]);
-  EXPECT_EQ(static_cast<void *>(file->identity()), [bridge inner]);
-  EXPECT_EQ(nil, error);
-}
-
-// A null runtime class is reported, a null interface is not; neither is an error.
-void resultsNull() {
-  clearLog();
-  NSError *error = staleErrorOfCaller();
-  id<WRTIAsyncOperation__1_WRTStorageFile_P_Bridge> object =
-      ended<FileType>([WRTIAsyncOperation__1_WRTStorageFile_P_Bridge class], status::kOk);
-  EXPECT_EQ(nil, [object getResultsWithError:&error]);
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(1u, logRecords().size());
-  id<WRTIAsyncOperation__1_WRTIRandomAccessStream_P_Bridge> interface =
-      ended<Ref<abi::IRandomAccessStream>>(
-          [WRTIAsyncOperation__1_WRTIRandomAccessStream_P_Bridge class], status::kOk);
-  EXPECT_EQ(nil, [interface getResultsWithError:&error]);
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(1u, logRecords().size());
-}
-
-void resultsFailing() {
-  UIntOperation operation = ended<UInt32>([UIntBridge class], status::kBounds);
-  __block int seen = -1;
-  [operation
-      setCompletedWithHandler:^HRESULT(UIntOperation, int asyncStatus) {
-        seen = asyncStatus;
-        return 0;
-      }
-                        error:nullptr];
-  EXPECT_EQ(kError, seen);
-  NSError *error = nil;
-  EXPECT_EQ(0u, [operation getResultsWithError:&error]);
-  EXPECT_EQ(status::kBounds, [error code]);
-  EXPECT_EQ(status::kBounds, [infoOf(operation) getErrorCodeWithError:&error])
-      << "a number, not an error";
-  EXPECT_EQ(nil, error);
-}
-
-// What a component's work throws is a failure of the operation.
-void workThrows() {
-  PoolDrained drained;
-  UIntOperation outOfMemory = [UIntBridge bridgeTransfer:startThrowing(true)];
-  UIntOperation other = [UIntBridge bridgeTransfer:startThrowing(false)];
-  waitForPool();
-  NSError *error = nil;
-  [outOfMemory getResultsWithError:&error];
-  EXPECT_EQ(status::kOutOfMemory, [error code]);
-  [other getResultsWithError:&error];
-  EXPECT_EQ(status::kFail, [error code]);
 }
 
 // The status changes at once, the handler is called when the work has ended, with no result.
@@ -433,11 +310,6 @@ const Cell cells[] = {
     {"async.handler.set_after_completion.normal", handlerAfter},
     {"async.handler.set_twice.refused", handlerTwice},
     {"async.handler.result.normal", handlerResult},
-    {"async.results.early.refused", resultsEarly},
-    {"async.results.each_kind.normal", resultsByKind},
-    {"async.results.object.null", resultsNull},
-    {"async.results.uint32.failing", resultsFailing},
-    {"async.work.throws.failing", workThrows},
     {"async.cancel.running.normal", cancelRunning},
     {"async.cancel.other_threads.normal", cancelRaces},
     {"async.close.all.normal", closed},

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <sstream>
+#include <stdexcept>
+#include <unistd.h>
 
 namespace wrt::test {
 
@@ -22,14 +25,32 @@ std::string quoted(const std::string &argument) {
 } // namespace
 
 Compiler::Compiler(fs::path includeFolder, const std::vector<std::string> &command)
-    : includeFolder_(std::move(includeFolder)) {
+    : includeFolder_(std::move(includeFolder)),
+      folder_(fs::temp_directory_path() / ("headers-" + std::to_string(getpid()))) {
+  fs::create_directory(folder_);
   for (const std::string &argument : command)
     command_ += quoted(argument) + " ";
+  for (const char *language : {"objective-c", "objective-c++"}) {
+    const std::string output = quoted(precompiled(language));
+    const std::string line = "echo '#import <Foundation/Foundation.h>' | " + command_ + "-x " +
+                             language + "-header - -o " + output;
+    if (std::system(line.c_str()) != 0)
+      throw std::runtime_error("Foundation cannot be precompiled");
+  }
   command_ += "-fsyntax-only -MMD -MF - -MT headers -I" + quoted(includeFolder_.string());
 }
 
-Compilation Compiler::compileAlone(const std::string &header, const std::string &language) const {
-  const std::string line = "exec " + command_ + " -x " + quoted(language) + " -include " +
+Compiler::~Compiler() { fs::remove_all(folder_); }
+
+std::string Compiler::precompiled(const std::string &language) const {
+  return folder_ / (language + ".pch");
+}
+
+Compilation Compiler::compileAlone(const std::string &header, const std::string &language,
+                                   Foundation foundation) const {
+  const std::string shared =
+      foundation == Foundation::Precompiled ? " -include-pch " + quoted(precompiled(language)) : "";
+  const std::string line = "exec " + command_ + shared + " -x " + quoted(language) + " -include " +
                            quoted(header) + " /dev/null 2>&1";
   Compilation compilation;
   FILE *pipe = popen(line.c_str(), "r");

@@ -7,6 +7,7 @@
 #include <atomic>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <regex>
@@ -33,6 +34,16 @@ std::vector<Job> allJobs() {
   return jobs;
 }
 
+/// Types do without Foundation, and those that import it do so on their own. The others have it
+/// from the root class's header, which is checked.
+Foundation foundationOf(const std::string &header) {
+  std::ifstream file(compiler->includeFolder() / header);
+  const std::string text{std::istreambuf_iterator(file), {}};
+  const bool isObjective = text.find("\n@") != text.npos;
+  const bool imports = text.find("<Foundation/Foundation.h>") != text.npos;
+  return isObjective && !imports ? Foundation::Precompiled : Foundation::Own;
+}
+
 /// Every header alone, in every language: compiled once, as many at a time as there are processors.
 const std::vector<Job> &compiled() {
   static const std::vector<Job> jobs = [] {
@@ -40,7 +51,8 @@ const std::vector<Job> &compiled() {
     std::atomic<size_t> next = 0;
     const auto work = [&] {
       for (size_t i; (i = next++) < all.size();)
-        all[i].outcome = compiler->compileAlone(all[i].header, all[i].language);
+        all[i].outcome =
+            compiler->compileAlone(all[i].header, all[i].language, foundationOf(all[i].header));
     };
     std::vector<std::jthread> workers;
     for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i)
@@ -66,6 +78,9 @@ TEST(Headers, CompileAlone) {
     EXPECT_TRUE(job.outcome.succeeded) << job.header << " as " << job.language << ":\n"
                                        << job.outcome.messages;
     EXPECT_TRUE(job.outcome.headers.contains(job.header)) << job.header;
+    EXPECT_TRUE(foundationOf(job.header) == Foundation::Own ||
+                job.outcome.headers.contains("WRTObjcBridge/WRTUnknownBridge.h"))
+        << job.header << " does not read Foundation";
   }
 }
 
