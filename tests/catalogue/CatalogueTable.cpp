@@ -11,7 +11,7 @@ namespace wrt::test {
 namespace {
 
 [[noreturn]] void fail(const char *path, const char *problem) {
-  std::fprintf(stderr, "catalogue_tests: %s: %s\n", path, problem);
+  std::fprintf(stderr, "%s: %s\n", path, problem);
   std::exit(2);
 }
 

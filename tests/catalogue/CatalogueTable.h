@@ -18,6 +18,8 @@ struct CatalogueMethod {
   std::string protocolEncoding; ///< with declared classes, protocols and block signatures
   std::string interface;        ///< without `WRT`; `-` for `+activateInstance` and for core classes
   std::optional<int> slot;      ///< in the interface's table; none for accessors and activation
+
+  bool isClassMethod() const { return side == '+'; }
 };
 
 /// The methods of every class that has any, by class name, in the order of the class.

@@ -1,7 +1,7 @@
 #ifndef WRT_TESTS_MEMBER_CALL_H
 #define WRT_TESTS_MEMBER_CALL_H
 
-#include "tests/exhaustive/Catalogue.h"
+#include "tests/catalogue/CatalogueTable.h"
 #include "tests/exhaustive/Encoding.h"
 #include "tests/exhaustive/RecordingObject.h"
 

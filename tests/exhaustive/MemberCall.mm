@@ -255,14 +255,14 @@ void MemberCall::run(Outcome outcome) {
   object_.queryStatus = argumentObject_.queryStatus = 0;
   object_.queries.clear();
   object_.strayCalls = 0;
-  Class type = objc_lookUpClass(method_.type.c_str());
+  Class type = objc_lookUpClass(method_.className.c_str());
   if (type == Nil) {
     expect(false, "no such class");
     return;
   }
   SEL selector = sel_getUid(method_.selector.c_str());
-  Method method = method_.isClassMethod ? class_getClassMethod(type, selector)
-                                        : class_getInstanceMethod(type, selector);
+  Method method = method_.isClassMethod() ? class_getClassMethod(type, selector)
+                                          : class_getInstanceMethod(type, selector);
   if (!method) {
     expect(false, "no such method");
     return;
@@ -271,12 +271,12 @@ void MemberCall::run(Outcome outcome) {
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   const int before = object_.references;
   const int argumentBefore = argumentObject_.references;
-  id receiver = method_.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
+  id receiver = method_.isClassMethod() ? static_cast<id>(type) : [type bridge:object_.pointer()];
   makeArguments();
   const bool missing = outcome == Outcome::kInterfaceMissing;
   object_.queryStatus = missing ? kNoInterface : 0;
   activationRequest() = {{}, {}, missing ? nullptr : &object_};
-  object_.expect(method_.slot, slotTypes(),
+  object_.expect(*method_.slot, slotTypes(),
                  [this](void **arguments) { return receive(arguments); });
 
   NSError *const stale = [NSError errorWithDomain:@"stale" code:1 userInfo:nil];

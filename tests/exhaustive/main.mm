@@ -2,6 +2,7 @@
 // and checks what crossed: the slot, the interface that was asked for, the argument words, the
 // references, the error variable, the result.
 
+#include "tests/exhaustive/DeclaredIids.h"
 #include "tests/exhaustive/MemberCall.h"
 
 #include <WRTBridge.h>
@@ -38,10 +39,10 @@ public:
   /// An accessor hands out the interface that it asks for, or the failure.
   void accessor(const CatalogueMethod &method) {
     std::vector<std::string> problems;
-    Class type = objc_lookUpClass(method.type.c_str());
+    Class type = objc_lookUpClass(method.className.c_str());
     SEL selector = sel_getUid(method.selector.c_str());
-    Method implementation = method.isClassMethod ? class_getClassMethod(type, selector)
-                                                 : class_getInstanceMethod(type, selector);
+    Method implementation = method.isClassMethod() ? class_getClassMethod(type, selector)
+                                                   : class_getInstanceMethod(type, selector);
     if (!implementation) {
       report(method, "accessor", {"no such method"});
       return;
@@ -52,7 +53,8 @@ public:
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     for (bool missing : {false, true}) {
       object_.queryStatus = 0;
-      id receiver = method.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
+      id receiver =
+          method.isClassMethod() ? static_cast<id>(type) : [type bridge:object_.pointer()];
       object_.queries.clear();
       object_.queryStatus = missing ? kNoInterface : 0;
       activationRequest() = {{}, {}, missing ? nullptr : &object_};
@@ -79,7 +81,7 @@ public:
   void activation(const CatalogueMethod &method) {
     std::vector<std::string> problems;
     activationRequest() = {{}, {}, &object_};
-    Class type = objc_lookUpClass(method.type.c_str());
+    Class type = objc_lookUpClass(method.className.c_str());
     if ([type activateInstance] != object_.pointer())
       problems.push_back("does not activate");
     --object_.references;
@@ -111,7 +113,7 @@ private:
   /// Which interface the library asked for, if it came to that: the one that is declared for a
   /// plain interface; for an instantiation one and the same, of its own, in every class.
   void checkRequest(const CatalogueMethod &method) {
-    const GUID *asked = method.isClassMethod      ? &activationRequest().iid
+    const GUID *asked = method.isClassMethod()    ? &activationRequest().iid
                         : object_.queries.empty() ? nullptr
                                                   : &object_.queries.front();
     if (!asked) {
@@ -129,8 +131,8 @@ private:
               const std::vector<std::string> &problems) {
     for (const std::string &problem : problems) {
       if (++wrong_ <= 50) {
-        std::printf("exhaustive: %c[%s %s] (%s): %s\n", method.isClassMethod ? '+' : '-',
-                    method.type.c_str(), method.selector.c_str(), where, problem.c_str());
+        std::printf("exhaustive: %c[%s %s] (%s): %s\n", method.isClassMethod() ? '+' : '-',
+                    method.className.c_str(), method.selector.c_str(), where, problem.c_str());
       }
     }
   }
@@ -149,21 +151,28 @@ private:
 } // namespace
 
 int main(int argc, char **argv) {
-  if (argc < 3) {
-    std::fprintf(stderr, "Usage: exhaustive_tests CATALOGUE.TSV DECLARATIONS.IDL...\n");
+  if (argc < 2) {
+    std::fprintf(stderr, "Usage: exhaustive_tests DECLARATIONS.IDL...\n");
     return 2;
   }
   // Missing interfaces are logged by the library; this is not what is looked at here.
   setenv("WRT_LOG_LEVEL", "1", 1);
-  const std::vector<CatalogueMethod> methods = readCatalogue(argv[1]);
-  Run run(readDeclaredIids({argv + 2, argv + argc}));
-  for (const CatalogueMethod &method : methods) {
-    if (method.slot >= 0)
-      run.member(method);
-    else if (method.selector == "activateInstance")
-      run.activation(method);
-    else
-      run.accessor(method);
+  Run run(readDeclaredIids({argv + 1, argv + argc}));
+  size_t listed = 0;
+  for (const SurfaceClass &line : surfaceClasses()) {
+    const auto found = catalogueTable().find(line.name);
+    // What is written by hand has tests of its own.
+    if (line.kind == "core" || found == catalogueTable().end())
+      continue;
+    listed += found->second.size();
+    for (const CatalogueMethod &method : found->second) {
+      if (method.slot)
+        run.member(method);
+      else if (method.selector == "activateInstance")
+        run.activation(method);
+      else
+        run.accessor(method);
+    }
   }
-  return run.finish(methods.size()) ? 0 : 1;
+  return run.finish(listed) ? 0 : 1;
 }

@@ -25,12 +25,11 @@ struct Job {
   Compilation outcome;
 };
 
+/// Each header in Objective-C; in Objective-C++ all of them at once.
 std::vector<Job> allJobs() {
-  std::vector<Job> jobs;
-  for (const std::string &header : headersIn(compiler->includeFolder())) {
-    for (const char *language : {"objective-c", "objective-c++"})
-      jobs.push_back({header, language, {}});
-  }
+  std::vector<Job> jobs{{kUmbrella, "objective-c++", {}}};
+  for (const std::string &header : headersIn(compiler->includeFolder()))
+    jobs.push_back({header, "objective-c", {}});
   return jobs;
 }
 
@@ -44,7 +43,7 @@ Foundation foundationOf(const std::string &header) {
   return isObjective && !imports ? Foundation::Precompiled : Foundation::Own;
 }
 
-/// Every header alone, in every language: compiled once, as many at a time as there are processors.
+/// Compiled once, as many at a time as there are processors.
 const std::vector<Job> &compiled() {
   static const std::vector<Job> jobs = [] {
     std::vector<Job> all = allJobs();
