@@ -47,7 +47,10 @@ std::vector<std::string> renewed(std::vector<std::string> expected, const std::s
   auto from = lines.begin();
   for (auto block = expected.begin(); block != expected.end();) {
     const auto end = std::find(block, expected.end(), "...");
-    if (auto found = std::find(from, lines.end(), *block); found != lines.end()) {
+    auto found = std::search(from, lines.end(), block, end); // what is right stays
+    if (found == lines.end())
+      found = std::find(from, lines.end(), *block);
+    if (found != lines.end()) {
       for (; block != end && found != lines.end(); ++block)
         *block = *found++;
       from = found;
