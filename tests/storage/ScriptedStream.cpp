@@ -121,10 +121,8 @@ public:
           return script.readResult;
         });
   }
-  HRESULT WRT_ABI
-  WriteAsync(abi::IBuffer *buffer,
-             abi::IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32 **result) override {
-    script_.written = ComPtr(buffer);
+  HRESULT WRT_ABI WriteAsync(
+      abi::IBuffer *, abi::IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32 **result) override {
     return scripted<UInt32, UInt32>(
         result, script_.writeStart, script_.writeHandler,
         [status = script_.writeResult](const Work<UInt32> &, uint32_t &) { return status; });
@@ -234,5 +232,8 @@ extern "C" void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
   using namespace wrt::test;
   static auto *forward = reinterpret_cast<decltype(&WRTCreateBufferWrappingBytes)>(
       dlsym(RTLD_NEXT, "WRTCreateBufferWrappingBytes"));
-  return active ? make<FailingBuffer>(wrt::status::kFail, active).detach() : forward(bytes, length);
+  if (!active)
+    return forward(bytes, length);
+  active->written = static_cast<const uint8_t *>(bytes);
+  return make<FailingBuffer>(wrt::status::kFail, active).detach();
 }

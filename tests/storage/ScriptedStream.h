@@ -28,11 +28,11 @@ struct StreamScript {
   HRESULT writeStart = 0;
   HRESULT writeResult = 0;
   HRESULT writeHandler = 0;
-  ComPtr<abi::IBuffer> written; ///< what a write was given
   HRESULT lengthStatus = 0;    ///< setting the length of the buffer to write
   HRESULT referenceStatus = 0; ///< making a reference to the stream
 
   // What was asked for.
+  const uint8_t *written = nullptr; ///< the bytes that a write was given, borrowed
   uint32_t capacity = 0;
   uint32_t count = 0;
   int options = -1;

@@ -88,7 +88,7 @@ HRESULT WRTHSTRINGCreateReference(const char16_t *text, uint32_t length, WRTHSTR
 void *WRTHSTRINGToCFString(HSTRING string) {
   static auto *forward = next<void *(HSTRING)>("WRTHSTRINGToCFString");
   record("WRTHSTRINGToCFString", string);
-  return forward(string);
+  return lacksNext(Lack::String) ? nullptr : forward(string);
 }
 
 uint32_t WRTIUnknownRelease(void *object) {
@@ -123,11 +123,6 @@ HRESULT WRTGetActivationFactory(HSTRING className, const GUID *iid, void **facto
   if (status < 0)
     *factory = reinterpret_cast<void *>(0xCCCCCCCC); // nobody may look at it
   return status;
-}
-
-void *WRTHSTRINGToCFString(HSTRING string) {
-  static auto *forward = next<void *(HSTRING)>("WRTHSTRINGToCFString");
-  return lacksNext(Lack::String) ? nullptr : forward(string);
 }
 
 void *__zorvex_dispatch_semaphore_create(long value) {
