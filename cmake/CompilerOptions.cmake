@@ -28,8 +28,10 @@ set(WRT_SANITIZE "" CACHE STRING "Sanitizers to build with, as in -fsanitize=")
 add_library(wrt_options INTERFACE)
 target_compile_features(wrt_options INTERFACE cxx_std_20)
 target_compile_options(wrt_options INTERFACE ${WRT_WARNINGS})
-# The newer format is more than Debian's valgrind can read.
-target_compile_options(wrt_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-gdwarf-4>)
+if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  # The newer format is more than Debian's valgrind can read.
+  target_compile_options(wrt_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-gdwarf-4>)
+endif()
 target_include_directories(wrt_options INTERFACE
   ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}/include)
 if(WRT_SANITIZE)

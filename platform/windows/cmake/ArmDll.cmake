@@ -37,8 +37,9 @@ endfunction()
 #   [DEFINITION <file>]               a .def file with further exports
 #   [PATCHED])                        links start-up in and gives the image its fixup table
 #
-# Results: <name>.dll, <name>.lib (its import library), <name>.map. They are there only when the image
-# has passed the check of its fixup table. They are the same to the byte for the same objects.
+# Results: <name>.dll, <name>.lib (its import library), <name>.map, <name>.pdb (its public symbols). They
+# are there only when the image has passed the check of its fixup table. They are the same to the byte for
+# the same objects, wherever these are: the linker sees no path of the build.
 function(wrt_add_arm_dll target)
   cmake_parse_arguments(PARSE_ARGV 1 arg "PATCHED" "OUTPUT_NAME;FOLDER;ENTRY;DEFINITION" "OBJECTS;LIBRARIES")
   if(NOT arg_OUTPUT_NAME)
@@ -54,7 +55,7 @@ function(wrt_add_arm_dll target)
   # The image is linked under its own name, which it carries, but beside the place where it is wanted:
   # what has not passed the check must not look finished.
   set(scratch "${CMAKE_CURRENT_BINARY_DIR}/${target}.link")
-  file(MAKE_DIRECTORY "${scratch}" "${arg_FOLDER}")
+  file(MAKE_DIRECTORY "${scratch}/first" "${arg_FOLDER}")
 
   # The patcher comes last: so does its table then, and a table that grows moves nothing else.
   set(objects ${arg_OBJECTS} wrt_arm_runtime)
@@ -65,7 +66,13 @@ function(wrt_add_arm_dll target)
   foreach(library IN LISTS objects)
     list(APPEND files "$<TARGET_OBJECTS:${library}>")
   endforeach()
-  file(GENERATE OUTPUT "${scratch}/objects.rsp" CONTENT "$<JOIN:${files},\n>\n")
+  file(GENERATE OUTPUT "${scratch}/objects.txt" CONTENT "$<JOIN:${files},\n>\n")
+  file(RELATIVE_PATH binaries "${scratch}" "${CMAKE_BINARY_DIR}")
+  set(libraries "")
+  foreach(library IN LISTS arg_LIBRARIES)
+    file(RELATIVE_PATH library "${scratch}" "${library}")
+    list(APPEND libraries "${library}")
+  endforeach()
 
   # Names of sections in images have 8 characters: the lists of the Objective-C metadata share one.
   set(lists classlist nlclslist catlist protolist classrefs superrefs selrefs protorefs)
@@ -80,31 +87,36 @@ function(wrt_add_arm_dll target)
     # Import slots keep a section of their own; the constant-string pass looks for it.
     /merge:.idata=.idata /merge:.CRT=.rdata /merge:.buildid=.rdata
     ${lists} /merge:.objc_imageinfo=.rdata
-    "@${scratch}/objects.rsp" "@${scratch}/imported-data.rsp")
+    # The symbols lie beside the image, which names their file without a folder.
+    /debug "/pdbaltpath:${arg_OUTPUT_NAME}.pdb" /pdbsourcepath:/
+    @objects.rsp @imported-data.rsp)
 
   if(arg_DEFINITION)
     list(APPEND link "/def:${arg_DEFINITION}")
   endif()
   if(arg_PATCHED)
     set(commands
-      COMMAND ${link} "/out:${scratch}/first.dll" ${arg_LIBRARIES}
-      COMMAND fixuptable make "${scratch}/first.dll" "${scratch}/FixupRecords.s"
-      COMMAND ${CMAKE_C_COMPILER} --target=${WRT_ARM_TARGET} -c "${scratch}/FixupRecords.s"
-              -o "${scratch}/FixupRecords.o")
-    set(records "${scratch}/FixupRecords.o")
-    set(check COMMAND fixuptable check "${scratch}/${arg_OUTPUT_NAME}.dll")
+      # Of the same name: images carry it, and it must not move anything.
+      COMMAND ${link} "/out:first/${arg_OUTPUT_NAME}.dll" ${libraries}
+      COMMAND fixuptable make "first/${arg_OUTPUT_NAME}.dll" FixupRecords.s
+      COMMAND ${CMAKE_C_COMPILER} --target=${WRT_ARM_TARGET} -c FixupRecords.s -o FixupRecords.o)
+    set(records FixupRecords.o)
+    set(check COMMAND fixuptable check ${arg_OUTPUT_NAME}.dll)
   endif()
-  add_custom_command(OUTPUT "${result}.dll" "${result}.lib" "${result}.map"
-    COMMAND ${WRT_IMPORTED_DATA} ${WRT_NM} "${scratch}/objects.rsp" "${scratch}/imported-data.rsp"
+  set(kinds dll lib map pdb)
+  list(TRANSFORM kinds PREPEND "${arg_OUTPUT_NAME}." OUTPUT_VARIABLE linked)
+  list(TRANSFORM kinds PREPEND "${result}." OUTPUT_VARIABLE results)
+  add_custom_command(OUTPUT ${results}
+    COMMAND sed "s|^${CMAKE_BINARY_DIR}/|${binaries}|" objects.txt > objects.rsp
+    COMMAND ${WRT_IMPORTED_DATA} ${WRT_NM} objects.rsp imported-data.rsp
     ${commands}
-    COMMAND ${link} "/out:${scratch}/${arg_OUTPUT_NAME}.dll"
-            "/implib:${scratch}/${arg_OUTPUT_NAME}.lib" "/lldmap:${scratch}/${arg_OUTPUT_NAME}.map"
-            ${records} ${arg_LIBRARIES}
+    COMMAND ${link} "/out:${arg_OUTPUT_NAME}.dll" "/implib:${arg_OUTPUT_NAME}.lib"
+            "/lldmap:${arg_OUTPUT_NAME}.map" ${records} ${libraries}
     ${check}
-    COMMAND ${CMAKE_COMMAND} -E copy "${scratch}/${arg_OUTPUT_NAME}.dll"
-            "${scratch}/${arg_OUTPUT_NAME}.lib" "${scratch}/${arg_OUTPUT_NAME}.map" "${arg_FOLDER}"
-    DEPENDS ${files} ${WRT_IMPORTED_DATA} "${scratch}/objects.rsp" ${arg_LIBRARIES}
+    COMMAND ${CMAKE_COMMAND} -E copy ${linked} "${arg_FOLDER}"
+    DEPENDS ${files} ${WRT_IMPORTED_DATA} "${scratch}/objects.txt" ${arg_LIBRARIES}
             ${arg_DEFINITION} $<$<BOOL:${arg_PATCHED}>:fixuptable>
+    WORKING_DIRECTORY "${scratch}"
     COMMENT "Linking ${arg_OUTPUT_NAME}.dll" COMMAND_EXPAND_LISTS VERBATIM)
-  add_custom_target(${target} ALL DEPENDS "${result}.dll" "${result}.lib" "${result}.map")
+  add_custom_target(${target} ALL DEPENDS ${results})
 endfunction()

@@ -1,12 +1,13 @@
 # What `cmake --install` puts in place for applications on the target:
 #
-#   bin/            the image and the linker's map of it
+#   bin/            the image, its public symbols and the linker's map of it
 #   lib/            its import library
 #   include/        the public headers
 #   toolchain/      the tool chain's file with what it takes from this folder
 #
 # The tree may be moved.
-install(FILES ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.map
+install(FILES ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.dll ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.pdb
+              ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.map
   DESTINATION bin)
 install(FILES ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.lib DESTINATION lib)
 install(DIRECTORY ${CMAKE_BINARY_DIR}/include/WRTObjcBridge DESTINATION include
