@@ -1,6 +1,17 @@
 # The library: core, marshalling code and the generated classes.
 
-add_library(bridge_classes OBJECT ${WRT_CLASS_SOURCES})
+# The product's classes are compiled as one file: the compiler repeats in every file the selectors,
+# encodings and root protocols that it mentions, and the linker does not merge them.
+set(class_sources ${WRT_CLASS_SOURCES})
+if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  list(TRANSFORM class_sources REPLACE "^${PROJECT_BINARY_DIR}/(.+)$" "#include \"\\1\"")
+  list(JOIN class_sources "\n" includes)
+  set(class_sources ${PROJECT_BINARY_DIR}/Classes.mm)
+  file(GENERATE OUTPUT ${class_sources} CONTENT "${includes}\n")
+  # Some of the headers say of each pointer whether it may be null, and then the classes would have to.
+  set_source_files_properties(${class_sources} PROPERTIES COMPILE_OPTIONS -Wno-nullability-completeness)
+endif()
+add_library(bridge_classes OBJECT ${class_sources})
 target_link_libraries(bridge_classes PRIVATE wrt_library_code wrt_generated)
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Windows")

@@ -17,38 +17,23 @@ std::uint32_t directorySize(const Image &image, std::uint32_t index) {
   return image.u32(header + kDirectories + 8 * index + 4);
 }
 
-/// The unit that an object file belongs to: of `.../<target>.dir/./classes/<unit>.mm.o` the unit,
-/// of other files the target, with start-up's files together.
-std::string unitOf(const std::string &file) {
-  constexpr std::string_view kClasses = "/classes/";
-  constexpr std::string_view kFolder = ".dir/";
-  if (const std::size_t at = file.rfind(kClasses); at != std::string::npos) {
-    const std::string name = file.substr(at + kClasses.size());
-    return name.substr(0, name.rfind(".mm."));
-  }
-  const std::size_t end = file.rfind(kFolder);
-  if (end == std::string::npos)
-    return "start-up";
-  const std::size_t begin = file.rfind('/', end - 1) + 1;
-  const std::string target = file.substr(begin, end - begin);
-  return target == "core" || target == "marshal" ? target : "start-up";
-}
-
-void add(UnitSize &unit, const Chunk &chunk) {
+void add(ContentSize &content, const Chunk &chunk) {
   if (isMethod(chunk)) {
-    ++unit.methods;
-    unit.methodCode += chunk.size;
+    ++content.methods;
+    content.methodCode += chunk.size;
   } else if (isShape(chunk)) {
-    ++unit.shapes;
-    unit.shapeCode += chunk.size;
+    ++content.shapes;
+    content.shapeCode += chunk.size;
+  } else if (chunk.section.starts_with(".pdata") || chunk.section.starts_with(".xdata")) {
+    content.unwinding += chunk.size;
   } else if (chunk.section.starts_with(".text")) {
-    unit.otherCode += chunk.size;
+    content.otherCode += chunk.size;
   } else if (chunk.section.starts_with(".rdata$_Z")) {
-    unit.constants += chunk.size;
+    content.constants += chunk.size;
   } else if (chunk.section.starts_with(".rdata")) {
-    unit.strings += chunk.size;
+    content.strings += chunk.size;
   } else if (!chunk.section.starts_with("wrtfixup")) {
-    unit.metadata += chunk.size;
+    content.metadata += chunk.size;
   }
 }
 
@@ -60,54 +45,20 @@ std::string grouped(std::uintmax_t number) {
   return digits;
 }
 
-std::string perMethod(const UnitSize &unit) {
-  return unit.methods == 0 ? "" : std::to_string(unit.total() / unit.methods);
-}
-
 void writeImage(const SizeReport &report, std::ostream &out) {
-  const UnitSize sum = report.sum();
+  const ContentSize &content = report.content;
   out << "| part | bytes |\n|---|---:|\n| the file | " << grouped(report.file) << " |\n";
   for (const Section &section : report.sections)
     out << "| section `" << section.name << "` | " << grouped(section.virtualSize) << " |\n";
-  out << "\n| what it is made of | bytes |\n|---|---:|\n| " << sum.methods << " methods' code | "
-      << grouped(sum.methodCode) << " |\n| " << sum.shapes << " shapes' code | "
-      << grouped(sum.shapeCode) << " |\n| other code | " << grouped(sum.otherCode)
-      << " |\n| constants of members, interface identifiers | " << grouped(sum.constants)
-      << " |\n| Objective-C metadata | " << grouped(sum.metadata)
-      << " |\n| selectors, encodings, names | " << grouped(sum.strings) << " |\n| fixup table | "
-      << grouped(report.fixups) << " |\n| records for unwinding | " << grouped(report.unwinding)
-      << " |\n| export directory | " << grouped(report.exports) << " |\n";
-}
-
-void writeUnits(const SizeReport &report, std::ostream &out) {
-  out << "| unit | methods | code of methods | of shapes | other code | constants | metadata | "
-         "strings | bytes per method |\n|---|---:|---:|---:|---:|---:|---:|---:|---:|\n";
-  const auto row = [&](const UnitSize &unit) {
-    out << "| " << unit.name << " | " << unit.methods << " | " << grouped(unit.methodCode) << " | "
-        << grouped(unit.shapeCode) << " | " << grouped(unit.otherCode) << " | "
-        << grouped(unit.constants) << " | " << grouped(unit.metadata) << " | "
-        << grouped(unit.strings) << " | " << perMethod(unit) << " |\n";
-  };
-  std::ranges::for_each(report.units, row);
-  row(report.sum());
-}
-
-/// How the shapes grow while the units come in one after the other.
-void writeGrowth(const SizeReport &report, std::ostream &out) {
-  constexpr std::size_t kStep = 10;
-  out << "| units | methods | their code | shapes | their code |\n|---:|---:|---:|---:|---:|\n";
-  UnitSize sum;
-  for (std::size_t i = 0; i < report.units.size(); ++i) {
-    const UnitSize &unit = report.units[i];
-    sum.methods += unit.methods;
-    sum.methodCode += unit.methodCode;
-    sum.shapes += unit.shapes;
-    sum.shapeCode += unit.shapeCode;
-    if ((i + 1) % kStep == 0 || i + 1 == report.units.size()) {
-      out << "| " << i + 1 << " | " << grouped(sum.methods) << " | " << grouped(sum.methodCode)
-          << " | " << sum.shapes << " | " << grouped(sum.shapeCode) << " |\n";
-    }
-  }
+  out << "\n| what it is made of | bytes |\n|---|---:|\n| " << content.methods
+      << " methods' code | " << grouped(content.methodCode) << " |\n| " << content.shapes
+      << " shapes' code | " << grouped(content.shapeCode) << " |\n| other code | "
+      << grouped(content.otherCode) << " |\n| constants of members, interface identifiers | "
+      << grouped(content.constants) << " |\n| Objective-C metadata | " << grouped(content.metadata)
+      << " |\n| selectors, encodings, names | " << grouped(content.strings)
+      << " |\n| fixup table | " << grouped(report.fixups) << " |\n| records for unwinding | "
+      << grouped(content.unwinding) << " |\n| export directory | " << grouped(report.exports)
+      << " |\n";
 }
 
 void writeMethodSizes(const SizeReport &report, std::ostream &out) {
@@ -151,47 +102,19 @@ SizeReport SizeReport::read(const std::filesystem::path &imageFile,
   report.sections = image.sections();
   report.exports = directorySize(image, 0);
   report.fixups = image.findSection("wrtfixup")->virtualSize;
-  std::map<std::string, std::size_t> places;
   for (const Chunk &chunk : LinkMap::read(mapFile).chunks) {
-    const std::string name = unitOf(chunk.file);
-    const auto [place, isNew] = places.emplace(name, report.units.size());
-    if (isNew)
-      report.units.push_back({.name = name});
-    if (chunk.section.starts_with(".pdata") || chunk.section.starts_with(".xdata"))
-      report.unwinding += chunk.size;
-    else
-      add(report.units[place->second], chunk);
+    add(report.content, chunk);
     if (isMethod(chunk))
       report.methods.emplace(chunk.section.substr(chunk.section.find('$') + 1), chunk.size);
   }
   return report;
 }
 
-UnitSize SizeReport::sum() const {
-  UnitSize sum{.name = "all"};
-  for (const UnitSize &unit : units) {
-    sum.methods += unit.methods;
-    sum.methodCode += unit.methodCode;
-    sum.shapes += unit.shapes;
-    sum.shapeCode += unit.shapeCode;
-    sum.otherCode += unit.otherCode;
-    sum.constants += unit.constants;
-    sum.metadata += unit.metadata;
-    sum.strings += unit.strings;
-  }
-  return sum;
-}
-
 void writeReport(const SizeReport &report, std::ostream &out) {
   out << "### The image\n\n";
   writeImage(report, out);
-  out << "\n### Code grows with shapes, not with members\n\n"
-         "The units in the order of the link, a shape counted where it comes first.\n\n";
-  writeGrowth(report, out);
   out << "\n### Sizes of methods\n\n";
   writeMethodSizes(report, out);
-  out << "\n### Units\n\n";
-  writeUnits(report, out);
 }
 
 SizeCheck checkSizes(const SizeReport &report, const std::vector<CatalogueEntry> &catalogue,

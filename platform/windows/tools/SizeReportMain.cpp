@@ -54,7 +54,7 @@ int check(const SizeReport &report, const std::filesystem::path &catalogue,
   const SizeCheck result = checkSizes(report, readCatalogue(catalogue), readList(list));
   for (const std::string &problem : result.problems)
     std::cout << problem << '\n';
-  std::cout << report.file << " bytes, " << report.sum().shapes << " shapes, " << result.methods
+  std::cout << report.file << " bytes, " << report.content.shapes << " shapes, " << result.methods
             << " methods, " << result.valueAccessors << " value getters and setters, "
             << result.problems.size() << " goals missed\n";
   return result.problems.empty() && result.methods > 0 ? 0 : 1;
