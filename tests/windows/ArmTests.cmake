@@ -35,6 +35,9 @@ add_test(NAME windows.product.sweep
   COMMAND armsweep ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.buffers
   COMMAND buffertests ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
+add_test(NAME windows.product.two_folders
+  COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/two-folders.sh ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}
+          ${CMAKE_BINARY_DIR}/two-folders)
 
 # Writes anew what follows from the code: the goldens of methods, the ceilings of calls, docs/size.md.
 add_custom_target(update_goldens
