@@ -39,6 +39,17 @@ add_test(NAME windows.product.two_folders
   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/two-folders.sh ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}
           ${CMAKE_BINARY_DIR}/two-folders)
 
+# What is installed starts up and answers as what was built.
+set(kit ${CMAKE_BINARY_DIR}/kit)
+add_test(NAME windows.kit.install
+  COMMAND sh -c "rm -rf '${kit}' && '${CMAKE_COMMAND}' --install '${CMAKE_BINARY_DIR}' --prefix '${kit}'")
+set_tests_properties(windows.kit.install PROPERTIES FIXTURES_SETUP kit)
+add_test(NAME windows.kit.run
+  COMMAND armcalls run ${WRT_ARM_DOUBLES} ${kit}/bin/WRTObjcBridge_zorvex.dll)
+add_test(NAME windows.kit.versions COMMAND grep -c "^[a-z0-9+-]* [0-9]" ${kit}/versions.txt)
+set_tests_properties(windows.kit.run windows.kit.versions PROPERTIES FIXTURES_REQUIRED kit)
+set_tests_properties(windows.kit.versions PROPERTIES PASS_REGULAR_EXPRESSION "^5\n")
+
 # Writes anew what follows from the code: the goldens of methods, the ceilings of calls, docs/size.md.
 add_custom_target(update_goldens
   COMMAND methodcode update ${product} ${product_map} ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt
