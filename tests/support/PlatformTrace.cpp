@@ -57,10 +57,12 @@ std::string PlatformTrace::names() const {
 
 using namespace wrt::test;
 
+#if !__has_feature(thread_sanitizer)
 void *operator new(size_t size, const std::nothrow_t &tag) noexcept {
   static auto *forward = next<void *(size_t, const std::nothrow_t &)>("_ZnwmRKSt9nothrow_t");
   return lacksNext(Lack::Object) ? nullptr : forward(size, tag);
 }
+#endif
 
 extern "C" {
 

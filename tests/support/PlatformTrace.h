@@ -29,6 +29,9 @@ enum class Lack { TaskMemory, String, Semaphore, Object };
 /// Makes this thread's next request of the kind answer null.
 void failNext(Lack lack);
 
+/// Whether objects can be lacking: ThreadSanitizer has an `operator new` that nobody can replace.
+inline constexpr bool kObjectsCanLack = !__has_feature(thread_sanitizer);
+
 /// Records the calls of allocation, release and conversion functions that this thread makes while
 /// it lives. The test program's own functions stand in front of the platform's and forward to them.
 class PlatformTrace {
