@@ -33,4 +33,8 @@ WRT_BRIDGE_API NSData *_Nullable WRTCreateNSDataFromRandomAccessStreamReference(
 
 WRT_EXTERN_C_END
 
+#if !defined(WRT_BUILDING_BRIDGE)
+#import <WRTObjcBridge/Windows.Storage.Streams.h>
+#endif
+
 #endif

@@ -11,25 +11,6 @@ std::string listed(const std::vector<std::string> &names) {
   return text;
 }
 
-/// What the types of a member do not tell: the enumerations behind its `int`s.
-std::string enumerations(const Member &member) {
-  std::string text;
-  const auto add = [&](const Type &type, const std::string &where) {
-    if (type.kind == Kind::Enum)
-      text += (text.empty() ? "; " : ", ") + where + type.cName();
-  };
-  for (const Parameter &parameter : member.parameters) {
-    add(*parameter.type, parameter.name + " is a ");
-    if (!parameter.type->isDelegate())
-      continue;
-    for (const DelegateType::Argument &argument : asDelegate(*parameter.type).arguments)
-      add(*argument.type, "the block's " + argument.name + " is a ");
-  }
-  if (member.result)
-    add(*member.result, "gives a ");
-  return text;
-}
-
 std::string memberName(const Member &member) {
   switch (member.kind) {
   case MemberKind::Getter:
@@ -101,8 +82,7 @@ std::string describe(const BridgeMethod &method) {
     return method.method.isClassMethod
                ? "The activation factory as `" + method.interface->name + "` (+1), or null."
                : "The object as `" + method.interface->name + "` (+1), or null.";
-  return memberName(*method.member) + " (slot " + std::to_string(method.member->slot) + ")" +
-         enumerations(*method.member) + ".";
+  return memberName(*method.member) + " (slot " + std::to_string(method.member->slot) + ").";
 }
 
 } // namespace bridgegen

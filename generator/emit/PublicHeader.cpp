@@ -29,15 +29,15 @@ public:
       const IncludeGuard guard(writer_, unit_, "H");
       writeIncludes();
       writer_.append("\n#pragma clang assume_nonnull begin\n");
-      for (const EnumType *type : unit_.enums)
-        writeEnum(*type);
       writeForwardDeclarations();
+      writeBlocks();
       for (const InterfaceType *interface : unit_.interfaces)
         writeProtocol(*interface);
       writeAdoptedIncludes();
       for (const BridgeClass &bridge : bridgeClassesOf(unit_))
         writeClass(bridge);
       writer_.append("\n#pragma clang assume_nonnull end\n");
+      writeCompletingIncludes();
     }
     return writer_.text();
   }
@@ -53,45 +53,26 @@ private:
 
     std::set<std::string> types{unit_.name};
     forEachNamedType([&](const Type &type) {
-      if (type.kind == Kind::Struct)
+      if (type.kind == Kind::Struct || type.kind == Kind::Enum)
         types.insert(type.unit->name);
     });
     writeTypesIncludes(writer_, types);
   }
 
+  /// Visits what the unit's members and delegates name.
   template <class Visit>
   void forEachNamedType(Visit visit) {
     for (const InterfaceType *interface : unit_.interfaces) {
       for (const Type *type : namedTypes(*interface))
         visit(*type);
     }
+    for (const DelegateType *delegate : unit_.delegates) {
+      for (const Type *type : namedTypes(*delegate))
+        visit(*type);
+    }
   }
 
-  void writeEnum(const EnumType &type) {
-    // Some values have bits for which there is no constant, which is not for us to say.
-    const bool isOdd = type.isFlags && type.hasUnnamedFlags();
-    writer_.append("\n");
-    if (isOdd)
-      writer_.append("#pragma clang diagnostic push\n"
-                     "#pragma clang diagnostic ignored \"-Wflag-enum\"\n");
-    writer_.write("/// `%`\ntypedef %, %) {\n", type.name,
-                  type.isFlags ? "NS_OPTIONS(unsigned int" : "NS_ENUM(int", type.cName());
-    for (const EnumType::Constant &constant : type.constants)
-      writer_.write("  %% = %,\n", type.cName(), constant.name,
-                    type.isFlags ? hexadecimal(constant.value) : std::to_string(constant.value));
-    writer_.append("};\n");
-    if (isOdd)
-      writer_.append("#pragma clang diagnostic pop\n");
-  }
-
-  static std::string hexadecimal(int64_t value) {
-    std::string digits;
-    for (; value != 0 || digits.empty(); value >>= 4)
-      digits.insert(digits.begin(), "0123456789ABCDEF"[value & 15]);
-    return "0x" + digits;
-  }
-
-  /// What the protocols name; the headers that declare it are not included.
+  /// What the protocols and blocks name; the headers that declare it come last.
   void writeForwardDeclarations() {
     std::set<std::string> classes;
     std::set<std::string> protocols;
@@ -107,6 +88,29 @@ private:
       writer_.write("@class %;\n", name);
     for (const std::string &name : protocols)
       writer_.write("@protocol %;\n", name);
+  }
+
+  /// The blocks of the unit's delegates and of those that its members take. A delegate of another
+  /// unit is named again here: the header over there may not have come so far yet.
+  void writeBlocks() {
+    std::map<std::string, const DelegateType *> delegates;
+    const auto add = [&](const DelegateType &delegate) {
+      delegates.emplace(delegate.cName(), &delegate);
+    };
+    for (const DelegateType *delegate : unit_.delegates)
+      add(*delegate);
+    forEachNamedType([&](const Type &type) {
+      if (type.isDelegate())
+        add(asDelegate(type));
+    });
+    if (delegates.empty())
+      return;
+    writer_.append("\n#pragma clang diagnostic push\n"
+                   "#pragma clang diagnostic ignored \"-Wtypedef-redefinition\"\n");
+    for (const auto &[name, delegate] : delegates)
+      writer_.write("/// `%`\ntypedef HRESULT (^%)(%);\n", delegate->name, name,
+                    blockParameters(*delegate));
+    writer_.append("#pragma clang diagnostic pop\n");
   }
 
   void writeProtocol(const InterfaceType &interface) {
@@ -149,6 +153,25 @@ private:
     if (!bridge.protocols.empty())
       writeAdopted(bridge.protocols);
     writer_.append("\n@end\n");
+  }
+
+  /// The rest of what the members take and give, behind everything else because units name each
+  /// other. The library's own units do without, so that a unit is compiled again only for its own
+  /// sake.
+  void writeCompletingIncludes() {
+    std::set<std::string> headers;
+    forEachNamedType([&](const Type &type) {
+      if (type.kind == Kind::Object)
+        headers.insert("<WRTObjcBridge/WRTIInspectableBridge.h>");
+      else if (type.isReferenceType() && type.unit != &unit_)
+        headers.insert(includeName(emitPublicHeader, type.unit->name));
+    });
+    if (headers.empty())
+      return;
+    writer_.append("\n#if !defined(WRT_BUILDING_BRIDGE)\n");
+    for (const std::string &header : headers)
+      writer_.write("#import %\n", header);
+    writer_.append("#endif\n");
   }
 
   /// A protocol a line when there are several: a class is read from top to bottom.

@@ -41,28 +41,22 @@ ObjcType object(std::string spelling, const std::string &extended) {
   return {std::move(spelling), "@", extended, "@", 4, 4, Nullability::Nullable, false};
 }
 
-ObjcType block(const DelegateType &delegate) {
-  std::string spelling;
-  std::string extended;
-  const auto add = [&](const ObjcType &type, const std::string &name) {
-    const std::string text = type.elsewhere();
-    spelling += (spelling.empty() ? "" : ", ") + text + (text.back() == '*' ? "" : " ") + name;
-    extended += type.extended;
-  };
+/// The parameters of a delegate's block, each with its name.
+std::vector<std::pair<std::string, ObjcType>> parametersOf(const DelegateType &delegate) {
+  std::vector<std::pair<std::string, ObjcType>> parameters;
   for (const DelegateType::Argument &argument : delegate.arguments)
-    add(objcType(*argument.type), safeName(argument.name));
+    parameters.emplace_back(safeName(argument.name), objcType(*argument.type));
   if (delegate.result)
-    add(pointerTo(objcType(*delegate.result)), "result");
-  if (spelling.empty())
-    spelling = "void";
-  return {"HRESULT (^)(" + spelling + ")",
-          "@?",
-          "@?<l@?" + extended + ">",
-          "@?",
-          4,
-          4,
-          Nullability::Nonnull,
-          false};
+    parameters.emplace_back("result", pointerTo(objcType(*delegate.result)));
+  return parameters;
+}
+
+ObjcType block(const DelegateType &delegate) {
+  std::string extended;
+  for (const auto &[name, type] : parametersOf(delegate))
+    extended += type.extended;
+  return {delegate.cName(),     "@?", "@?<l@?" + extended + ">", "@?", 4, 4,
+          Nullability::Nonnull, false};
 }
 
 } // namespace
@@ -118,6 +112,15 @@ ObjcType interfacePointer(const InterfaceType &interface) {
   return type;
 }
 
+std::string blockParameters(const DelegateType &delegate) {
+  std::string text;
+  for (const auto &[name, type] : parametersOf(delegate)) {
+    const std::string spelling = type.elsewhere();
+    text += (text.empty() ? "" : ", ") + spelling + (spelling.back() == '*' ? "" : " ") + name;
+  }
+  return text.empty() ? "void" : text;
+}
+
 std::string valueSpelling(const Type &type) {
   if (type.kind == Kind::Enum)
     return kInt32.spelling;
@@ -126,14 +129,14 @@ std::string valueSpelling(const Type &type) {
 }
 
 ObjcType objcType(const Type &type) {
-  const auto value = [](const Scalar &row) {
-    return scalar(row.spelling, row.encoding, row.size, row.alignment);
+  const auto value = [](const Scalar &row, const std::string &spelling) {
+    return scalar(spelling, row.encoding, row.size, row.alignment);
   };
   switch (type.kind) {
   case Kind::Scalar:
-    return value(*type.scalar);
+    return value(*type.scalar, type.scalar->spelling);
   case Kind::Enum:
-    return value(kInt32);
+    return value(kInt32, type.cName());
   case Kind::Struct:
     return structure(asStruct(type));
   case Kind::String:

@@ -41,6 +41,10 @@ ObjcType objcArray(const std::string &className, const Type &element);
 ObjcType interfacePointer(const InterfaceType &interface);
 ObjcType voidPointer();
 
+/// What stands in the parentheses of a delegate's block type: `id<WRTIFooBridge> _Nullable sender,
+/// int x`.
+std::string blockParameters(const DelegateType &delegate);
+
 /// The type of C that crosses: one per machine type, enumerations being `int`.
 std::string valueSpelling(const Type &type);
 

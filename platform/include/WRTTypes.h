@@ -31,6 +31,30 @@
 #define WRT_EXTERN_C extern
 #endif
 
+/// Heads an enumeration that is an `int`: `typedef WRT_ENUM(WRTFoo) { ... };`. C++ would refuse an
+/// `int` where one is expected, and a block that takes the one for a block that takes the other;
+/// there, as in C, the name is another one of `int` and the constants stand beside it.
+/// `WRT_OPTIONS` does it for flags.
+#if defined(__OBJC__) && !defined(__cplusplus)
+#define WRT_ENUM(name)                                                                             \
+  enum name : int name;                                                                            \
+  enum name : int
+#define WRT_OPTIONS(name)                                                                          \
+  enum __attribute__((flag_enum)) name : int name;                                                 \
+  enum __attribute__((flag_enum)) name : int
+#else
+#if defined(__cplusplus)
+#define WRT_ENUM(name)                                                                             \
+  int name;                                                                                        \
+  enum : int
+#else
+#define WRT_ENUM(name)                                                                             \
+  int name;                                                                                        \
+  enum
+#endif
+#define WRT_OPTIONS(name) WRT_ENUM(name)
+#endif
+
 /// The calling convention of interface functions and of delegates' entry points: on x86-64 the
 /// Windows convention whatever the host, so that one library binary serves every platform there.
 #if defined(__x86_64__)

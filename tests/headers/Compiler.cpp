@@ -5,8 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
-#include <stdexcept>
-#include <unistd.h>
 
 namespace wrt::test {
 
@@ -25,33 +23,19 @@ std::string quoted(const std::string &argument) {
 } // namespace
 
 Compiler::Compiler(fs::path includeFolder, const std::vector<std::string> &command)
-    : includeFolder_(std::move(includeFolder)),
-      folder_(fs::temp_directory_path() / ("headers-" + std::to_string(getpid()))) {
-  fs::create_directory(folder_);
+    : includeFolder_(std::move(includeFolder)) {
   for (const std::string &argument : command)
     command_ += quoted(argument) + " ";
-  for (const char *language : {"objective-c", "objective-c++"}) {
-    const std::string output = quoted(precompiled(language));
-    const std::string line = "echo '#import <Foundation/Foundation.h>' | " + command_ + "-x " +
-                             language + "-header - -o " + output;
-    if (std::system(line.c_str()) != 0)
-      throw std::runtime_error("Foundation cannot be precompiled");
-  }
-  command_ += "-fsyntax-only -MMD -MF - -MT headers -I" + quoted(includeFolder_.string());
+  command_ += "-I" + quoted(includeFolder_.string());
 }
 
-Compiler::~Compiler() { fs::remove_all(folder_); }
-
-std::string Compiler::precompiled(const std::string &language) const {
-  return folder_ / (language + ".pch");
-}
-
-Compilation Compiler::compileAlone(const std::string &header, const std::string &language,
-                                   Foundation foundation) const {
-  const std::string shared =
-      foundation == Foundation::Precompiled ? " -include-pch " + quoted(precompiled(language)) : "";
-  const std::string line = "exec " + command_ + shared + " -x " + quoted(language) + " -include " +
-                           quoted(header) + " /dev/null 2>&1";
+Compilation Compiler::compile(const std::vector<std::string> &headers, const std::string &language,
+                              const std::string &options, const std::string &source) const {
+  std::string line =
+      "exec " + command_ + " -fsyntax-only -MMD -MF - -MT headers " + options + " -x " + language;
+  for (const std::string &header : headers)
+    line += " -include " + quoted(header);
+  line += " " + quoted(source) + " 2>&1";
   Compilation compilation;
   FILE *pipe = popen(line.c_str(), "r");
   if (!pipe)
@@ -75,6 +59,13 @@ Compilation Compiler::compileAlone(const std::string &header, const std::string 
       compilation.headers.insert(word.substr(ours.size()));
   }
   return compilation;
+}
+
+std::string Compiler::precompileFoundation(const std::string &language,
+                                           const fs::path &file) const {
+  const std::string line = "echo '#import <Foundation/Foundation.h>' | " + command_ + " -x " +
+                           language + "-header - -o " + quoted(file.string());
+  return std::system(line.c_str()) == 0 ? "-include-pch " + quoted(file.string()) : "";
 }
 
 std::vector<std::string> headersIn(const fs::path &includeFolder) {

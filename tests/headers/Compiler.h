@@ -16,32 +16,26 @@ struct Compilation {
   std::set<std::string> headers;
 };
 
-/// Whether Foundation has been read before, once for all, or is the header's own affair.
-enum class Foundation { Precompiled, Own };
-
 /// The compiler under the flags of an application.
 class Compiler {
 public:
   /// `includeFolder` is the one that holds `WRTObjcBridge/`; `command` the compiler and its flags,
   /// `-Werror` among them.
-  /// Throws if Foundation cannot be precompiled.
   Compiler(std::filesystem::path includeFolder, const std::vector<std::string> &command);
-  ~Compiler();
-  Compiler(const Compiler &) = delete;
-  Compiler &operator=(const Compiler &) = delete;
 
-  /// Checks a source of `header` and nothing else, in one of the languages of `-x`. May
-  /// be called on several threads at once.
-  Compilation compileAlone(const std::string &header, const std::string &language,
-                           Foundation foundation) const;
+  /// Checks `source`, a path, behind the headers, in one of the languages of `-x`. May be called on
+  /// several threads at once.
+  Compilation compile(const std::vector<std::string> &headers, const std::string &language,
+                      const std::string &options = "",
+                      const std::string &source = "/dev/null") const;
+  /// Compiles Foundation once and for all, into `file`; gives the option that uses it.
+  std::string precompileFoundation(const std::string &language,
+                                   const std::filesystem::path &file) const;
 
   const std::filesystem::path &includeFolder() const { return includeFolder_; }
 
 private:
-  std::string precompiled(const std::string &language) const;
-
   std::filesystem::path includeFolder_;
-  std::filesystem::path folder_; ///< of what is precompiled; gone with this object
   std::string command_;
 };
 

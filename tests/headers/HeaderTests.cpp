@@ -7,23 +7,17 @@
 #include <atomic>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <map>
 #include <memory>
+#include <random>
 #include <regex>
 #include <thread>
+#include <unistd.h>
 
 using namespace wrt::test;
+namespace fs = std::filesystem;
 
 namespace {
-
-std::unique_ptr<const Compiler> compiler;
-
-struct Job {
-  std::string header;
-  std::string language;
-  Compilation outcome;
-};
 
 /// `WRTSupport/WRTSupport.h`: all headers of the library that the header is of.
 std::string umbrellaOf(const std::string &header) {
@@ -31,41 +25,62 @@ std::string umbrellaOf(const std::string &header) {
   return library + "/" + library + ".h";
 }
 
-/// Each header in Objective-C; in Objective-C++ all of a library at once.
-std::vector<Job> allJobs() {
-  std::vector<Job> jobs;
-  for (const std::string &header : headersIn(compiler->includeFolder())) {
-    jobs.push_back({header, "objective-c", {}});
-    if (header == umbrellaOf(header))
-      jobs.push_back({header, "objective-c++", {}});
-  }
-  return jobs;
+std::unique_ptr<const Compiler> compiler;
+
+constexpr const char *kObjC = "objective-c";
+constexpr const char *kObjCpp = "objective-c++";
+
+/// What tells the headers that the library itself reads them.
+const std::string kOwn = "-DWRT_BUILDING_BRIDGE ";
+
+struct Job {
+  std::vector<std::string> headers;
+  std::string language;
+  std::string options;
+  Compilation outcome;
+};
+
+/// Compiles as many at a time as there are processors.
+void compileAll(std::vector<Job> &jobs) {
+  std::atomic<size_t> next = 0;
+  const auto work = [&] {
+    for (size_t i; (i = next++) < jobs.size();)
+      jobs[i].outcome = compiler->compile(jobs[i].headers, jobs[i].language, jobs[i].options);
+  };
+  std::vector<std::jthread> workers;
+  for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i)
+    workers.emplace_back(work);
 }
 
-/// Types do without Foundation, and those that import it do so on their own. The others have it
-/// from the root class's header, which is checked.
-Foundation foundationOf(const std::string &header) {
-  std::ifstream file(compiler->includeFolder() / header);
-  const std::string text{std::istreambuf_iterator(file), {}};
-  const bool isObjective = text.find("\n@") != text.npos;
-  const bool imports = text.find("<Foundation/Foundation.h>") != text.npos;
-  return isObjective && !imports ? Foundation::Precompiled : Foundation::Own;
+/// Where files of this run go; gone afterwards.
+const fs::path &scratch() {
+  static const struct Folder {
+    fs::path path = fs::temp_directory_path() / ("headertests-" + std::to_string(getpid()));
+    Folder() { fs::create_directory(path); }
+    ~Folder() { fs::remove_all(path); }
+  } folder;
+  return folder.path;
 }
 
-/// Compiled once, as many at a time as there are processors.
+/// The option that uses Foundation as it was compiled once.
+const std::string &foundation(const std::string &language) {
+  static std::map<std::string, std::string> options;
+  const auto [option, isNew] = options.try_emplace(language);
+  if (isNew)
+    option->second = compiler->precompileFoundation(language, scratch() / (language + ".pch"));
+  return option->second;
+}
+
+/// Every header alone, as an application reads it and as the library's own units do, for which
+/// Foundation is there already.
 const std::vector<Job> &compiled() {
   static const std::vector<Job> jobs = [] {
-    std::vector<Job> all = allJobs();
-    std::atomic<size_t> next = 0;
-    const auto work = [&] {
-      for (size_t i; (i = next++) < all.size();)
-        all[i].outcome =
-            compiler->compileAlone(all[i].header, all[i].language, foundationOf(all[i].header));
-    };
-    std::vector<std::jthread> workers;
-    for (unsigned i = 0; i < std::max(1U, std::thread::hardware_concurrency()); ++i)
-      workers.emplace_back(work);
-    workers.clear();
+    std::vector<Job> all;
+    for (const std::string &header : headersIn(compiler->includeFolder())) {
+      all.push_back({{header}, kObjC, "", {}});
+      all.push_back({{header}, kObjCpp, kOwn + foundation(kObjCpp), {}});
+    }
+    compileAll(all);
     return all;
   }();
   return jobs;
@@ -74,56 +89,132 @@ const std::vector<Job> &compiled() {
 /// What a source that includes the header alone reads of the library's headers.
 std::set<std::string> readBy(const std::string &header) {
   for (const Job &job : compiled()) {
-    if (job.header == header)
+    if (job.headers[0] == header)
       return job.outcome.headers;
   }
   return {};
 }
 
-TEST(Headers, CompileAlone) {
-  ASSERT_FALSE(compiled().empty());
-  for (const Job &job : compiled()) {
-    EXPECT_TRUE(job.outcome.succeeded) << job.header << " as " << job.language << ":\n"
+/// The classes and protocols (`class WRTUriBridge`) that a header mentions, and those that it
+/// declares.
+struct Names {
+  std::set<std::string> mentioned;
+  std::multiset<std::string> declared;
+};
+
+const std::map<std::string, Names> &namesByHeader() {
+  static const std::map<std::string, Names> all = [] {
+    static const std::regex pattern(R"(^@(class|interface|protocol) (\w+)(;?).*$)");
+    std::map<std::string, Names> read;
+    for (const std::string &header : headersIn(compiler->includeFolder())) {
+      std::ifstream file(compiler->includeFolder() / header);
+      std::smatch match;
+      for (std::string line; std::getline(file, line);) {
+        if (!std::regex_match(line, match, pattern))
+          continue;
+        const std::string name = (match[1] == "protocol" ? "protocol " : "class ") + match[2].str();
+        if (match[3].length() > 0)
+          read[header].mentioned.insert(name);
+        else
+          read[header].declared.insert(name);
+      }
+    }
+    return read;
+  }();
+  return all;
+}
+
+void expectSuccess(const std::vector<Job> &jobs) {
+  ASSERT_FALSE(jobs.empty());
+  for (const Job &job : jobs)
+    EXPECT_TRUE(job.outcome.succeeded) << job.headers[0] << " as " << job.language << ":\n"
                                        << job.outcome.messages;
-    EXPECT_TRUE(job.outcome.headers.contains(job.header)) << job.header;
-    EXPECT_TRUE(foundationOf(job.header) == Foundation::Own ||
-                job.outcome.headers.contains("WRTObjcBridge/WRTUnknownBridge.h"))
-        << job.header << " does not read Foundation";
+}
+
+TEST(Headers, CompileAlone) {
+  expectSuccess(compiled());
+  for (const Job &job : compiled())
+    EXPECT_TRUE(job.outcome.headers.contains(job.headers[0])) << job.headers[0];
+}
+
+TEST(Headers, CompileInAnyOrder) {
+  std::vector<Job> jobs;
+  for (unsigned seed = 1; seed <= 20; ++seed) {
+    const char *language = seed % 2 == 0 ? kObjC : kObjCpp;
+    jobs.push_back({headersIn(compiler->includeFolder()), language, foundation(language), {}});
+    std::ranges::shuffle(jobs.back().headers, std::mt19937(seed));
+  }
+  compileAll(jobs);
+  expectSuccess(jobs);
+}
+
+TEST(Headers, DeclareWhatTheyMention) {
+  for (const auto &[header, names] : namesByHeader()) {
+    std::set<std::string> declared;
+    for (const std::string &read : readBy(header)) {
+      if (const auto found = namesByHeader().find(read); found != namesByHeader().end())
+        declared.insert(found->second.declared.begin(), found->second.declared.end());
+    }
+    for (const std::string &name : names.mentioned)
+      EXPECT_TRUE(declared.contains(name)) << header << " leaves " << name << " undeclared";
   }
 }
 
-TEST(Headers, TheUmbrellaReachesEveryHeaderAndNoneTheUmbrella) {
-  for (const Job &job : compiled()) {
-    const std::string umbrella = umbrellaOf(job.header);
-    EXPECT_TRUE(readBy(umbrella).contains(job.header)) << job.header;
-    EXPECT_TRUE(job.header == umbrella || !job.outcome.headers.contains(umbrella)) << job.header;
+TEST(Headers, DeclareEverythingOnce) {
+  std::map<std::string, int> counts;
+  for (const auto &[header, names] : namesByHeader()) {
+    for (const std::string &name : names.declared)
+      ++counts[name];
   }
+  EXPECT_FALSE(counts.empty());
+  for (const auto &[name, count] : counts)
+    EXPECT_EQ(1, count) << name;
 }
 
-TEST(Headers, AUnitThatAdoptsNothingReadsNoOtherUnit) {
+TEST(Headers, OfTheLibrarysOwnUnitsReadNoOtherUnit) {
   const std::set<std::string> expected = {"WRTObjcBridge/WRTInspectableBridge.h",
                                           "WRTObjcBridge/WRTInterfaceProxy.h",
                                           "WRTObjcBridge/WRTTypes.h",
                                           "WRTObjcBridge/WRTUnknownBridge.h",
                                           "WRTObjcBridge/types/Windows.UI.Popups.h",
                                           "WRTObjcBridge/Windows.UI.Popups.h"};
-  EXPECT_EQ(expected, readBy("WRTObjcBridge/Windows.UI.Popups.h"));
+  EXPECT_EQ(expected,
+            compiler->compile({"WRTObjcBridge/Windows.UI.Popups.h"}, kObjC, kOwn).headers);
 }
 
-TEST(Headers, DeclareEveryProtocolOnce) {
-  static const std::regex declaration(R"(^@protocol (\w+)( <\w+>)?$)");
-  std::map<std::string, int> protocols;
-  for (const std::string &header : headersIn(compiler->includeFolder())) {
-    std::ifstream file(compiler->includeFolder() / header);
-    std::smatch match;
-    for (std::string line; std::getline(file, line);) {
-      if (std::regex_match(line, match, declaration))
-        ++protocols[match[1]];
-    }
+/// As applications are usually compiled.
+constexpr const char *kUsualWarnings = "-Wno-everything -Wall -Wextra -Wno-unused-function";
+
+TEST(Headers, LetTheReadmesFirstExampleCompile) {
+  std::ifstream readme(WRT_REPOSITORY "/README.md");
+  const fs::path example = scratch() / "example.m";
+  std::ofstream source(example);
+  std::string line;
+  while (std::getline(readme, line) && line != "```objc") {
   }
-  EXPECT_FALSE(protocols.empty());
-  for (const auto &[name, count] : protocols)
-    EXPECT_EQ(1, count) << name;
+  while (std::getline(readme, line) && line != "```")
+    source << line << '\n';
+  source.close();
+  ASSERT_GT(fs::file_size(example), 0U);
+  const Compilation outcome = compiler->compile({}, kObjC, kUsualWarnings, example);
+  EXPECT_TRUE(outcome.succeeded) << outcome.messages;
+}
+
+TEST(Headers, TakeAnIntWhereTheyNameAnEnumeration) {
+  for (const char *language : {kObjC, kObjCpp}) {
+    const Compilation outcome = compiler->compile({}, language, kUsualWarnings,
+                                                  WRT_REPOSITORY "/tests/headers/spellings.m");
+    EXPECT_TRUE(outcome.succeeded) << language << ":\n" << outcome.messages;
+  }
+}
+
+TEST(Headers, TheUmbrellaReachesEveryHeaderAndNoneTheUmbrella) {
+  for (const Job &job : compiled()) {
+    const std::string &header = job.headers[0];
+    const std::string umbrella = umbrellaOf(header);
+    EXPECT_TRUE(readBy(umbrella).contains(header)) << header;
+    EXPECT_TRUE(header == umbrella || !job.outcome.headers.contains(umbrella)) << header;
+  }
 }
 
 } // namespace
