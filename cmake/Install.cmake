@@ -37,6 +37,9 @@ target_link_libraries(zorvex INTERFACE
   $<INSTALL_INTERFACE:-lgnustep-base> $<INSTALL_INTERFACE:-lobjc>)
 target_link_libraries(wrt_application INTERFACE zorvex)
 target_link_libraries(WRTObjcBridge INTERFACE $<INSTALL_INTERFACE:WRTObjcBridge::objc>)
+# What <WRTObjcBridge/WRTOwnership.h> declares.
+target_link_libraries(WRTObjcBridge INTERFACE
+  $<INSTALL_INTERFACE:WRTObjcBridge::WRTBridge_zorvex>)
 
 set(libraries WRTObjcBridge WRTSupport zorvex WRTLedger CrossPortability_zorvex WRTBridge_zorvex
   WRTBridgeUtil_zorvex)

@@ -199,8 +199,8 @@ std::string emitUmbrella(const Input &input) {
   writer.append("// Made by bridgegen.\n");
   writer.append(kNotice);
   writer.append("#ifndef WRT_OBJC_BRIDGE_H\n#define WRT_OBJC_BRIDGE_H\n\n");
-  for (const char *header : {"WRTClassProxy", "WRTConversions", "WRTHSTRINGBridge",
-                             "WRTIInspectableBridge", "WRTInterfaceProxy"})
+  for (const char *header : {"WRTClassProxy", "WRTConversions", "WRTErrors", "WRTHSTRINGBridge",
+                             "WRTIInspectableBridge", "WRTInterfaceProxy", "WRTOwnership"})
     writer.write("#import <WRTObjcBridge/%.h>\n", header);
   writer.append("\n");
   for (const auto &unit : input.model.units())

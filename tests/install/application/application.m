@@ -4,7 +4,9 @@
 @import WRTObjcBridge;
 #else
 #import <WRTObjcBridge/WRTConversions.h>
+#import <WRTObjcBridge/WRTErrors.h>
 #import <WRTObjcBridge/WRTHSTRINGBridge.h>
+#import <WRTObjcBridge/WRTOwnership.h>
 #import <WRTObjcBridge/test.h>
 #endif
 
@@ -53,8 +55,15 @@ int main(int count, char **arguments) {
   WRTHSTRINGBridge *held = [WRTHSTRINGBridge createWithString:text];
   expect([[[WRTHSTRINGBridge bridge:[held hstring]] string] isEqual:text],
          "a string is not the same");
-  expect([WRTCreateNSErrorFromHRESULT((HRESULT)0x80004005) code] == (HRESULT)0x80004005,
-         "an error has another code");
+  NSError *failure = WRTCreateNSErrorFromHRESULT((HRESULT)0x80004005);
+  expect([failure code] == WRTErrorFail && [[failure domain] isEqual:WRTErrorDomain],
+         "an error has another code or domain");
+  expect(WRTHSTRINGRelease(WRTCreateHSTRINGFromNSString(text)) == 0, "a handle cannot be released");
+  void *identity = [object _WRTIUnknownWithError:&error];
+  expect(identity && WRTIUnknownAddRef(identity) > 1 && WRTIUnknownRelease(identity) > 0,
+         "references are not counted");
+  WRTIUnknownRelease(identity);
+  WRTTaskMemFree(NULL);
 
   BOOL caught = NO;
   @try {
