@@ -14,7 +14,7 @@ set(WRT_HEADER_WARNINGS
 if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
   wrt_add_host_tools(wrt_header_tests ${CMAKE_CURRENT_LIST_DIR} headertests)
   separate_arguments(flags UNIX_COMMAND
-    "--target=${WRT_ARM_TARGET} ${WRT_ARM_CXX} ${WRT_ARM_HEADERS} ${WRT_ARM_OBJC}")
+    "--target=${WRT_ARM_TARGET} ${WRT_ARM_CXX} ${WRT_ARM_HEADERS} ${WRT_ARM_OBJC} -fobjc-arc")
 else()
   add_subdirectory(${CMAKE_CURRENT_LIST_DIR})
   set(flags ${WRT_OBJC_FLAGS} -isystem ${WRT_GNUSTEP_INCLUDE} -isystem ${WRT_OBJC_INCLUDE}
