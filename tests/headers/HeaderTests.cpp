@@ -96,7 +96,7 @@ std::set<std::string> readBy(const std::string &header) {
 }
 
 /// The classes and protocols (`class WRTUriBridge`) that a header mentions, and those that it
-/// declares.
+/// declares; categories do neither.
 struct Names {
   std::set<std::string> mentioned;
   std::multiset<std::string> declared;
@@ -104,7 +104,7 @@ struct Names {
 
 const std::map<std::string, Names> &namesByHeader() {
   static const std::map<std::string, Names> all = [] {
-    static const std::regex pattern(R"(^@(class|interface|protocol) (\w+)(;?).*$)");
+    static const std::regex pattern(R"(^@(class|interface|protocol) (\w+)\b(?! \()(;?).*$)");
     std::map<std::string, Names> read;
     for (const std::string &header : headersIn(compiler->includeFolder())) {
       std::ifstream file(compiler->includeFolder() / header);
