@@ -34,7 +34,7 @@ WRT_EXTERN_C_END
 /// The value as an object of the Windows Runtime, autoreleased; nil and an error for what cannot be
 /// boxed (`E_INVALIDARG`) and for nil (`E_POINTER`). Any thread.
 WRT_SUPPORT_OVERLOAD id<WRTIInspectableBridge> _Nullable WRTBox(id _Nullable object) {
-  return WRTBoxObject(object, (NSError **)0);
+  return WRTBoxObject(object, NULL);
 }
 WRT_SUPPORT_OVERLOAD
 id<WRTIInspectableBridge> _Nullable WRTBox(id _Nullable object,
@@ -45,7 +45,7 @@ id<WRTIInspectableBridge> _Nullable WRTBox(id _Nullable object,
 /// What is in the box, autoreleased; nil and an error for an object that is none (`E_NOINTERFACE`)
 /// and for nil (`E_POINTER`). References (`IReference`) are such boxes too. Any thread.
 WRT_SUPPORT_OVERLOAD id _Nullable WRTUnbox(id _Nullable object) {
-  return WRTUnboxObject(object, (NSError **)0);
+  return WRTUnboxObject(object, NULL);
 }
 WRT_SUPPORT_OVERLOAD id _Nullable WRTUnbox(id _Nullable object,
                                            NSError *_Nullable *_Nullable error) {
