@@ -13,6 +13,13 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
 endif()
 add_library(bridge_classes OBJECT ${class_sources})
 target_link_libraries(bridge_classes PRIVATE wrt_library_code wrt_generated)
+if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
+  # What every generated unit begins with, read once.
+  target_precompile_headers(bridge_classes PRIVATE <Foundation/Foundation.h>
+    ${PROJECT_SOURCE_DIR}/marshal/Accessor.h ${PROJECT_SOURCE_DIR}/marshal/Adapter.h
+    ${PROJECT_SOURCE_DIR}/marshal/Call.h ${PROJECT_SOURCE_DIR}/marshal/FilledArray.h
+    ${PROJECT_SOURCE_DIR}/marshal/Inspectable.h)
+endif()
 
 if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
   wrt_add_arm_dll(WRTObjcBridge OUTPUT_NAME WRTObjcBridge_zorvex PATCHED
