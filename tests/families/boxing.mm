@@ -347,8 +347,7 @@ struct Receiver {
 
 // What a factory makes is asked for the reference that a member takes.
 void passedReferences() {
-  Receiver receiver;
-  WRTAppointmentBridge *appointment = [WRTAppointmentBridge bridge:&receiver];
+  WRTAppointmentBridge *appointment = [WRTAppointmentBridge bridge:&lasting<Receiver>()];
   NSError *error = staleErrorOfCaller();
   const id boxed = [Values createTimeSpanWithValue:WRTTimeSpan{8} error:nullptr];
   [appointment setReminderWithValue:boxed error:&error];
