@@ -2,15 +2,16 @@
 /// library's, `WRTBridge_zorvex`, which an application is linked with besides; any thread may call
 /// them. C, C++, Objective-C and Objective-C++.
 ///
-/// | a member gives | what becomes of it |
-/// |---|---|
-/// | a C array through a pointer to a pointer, as `getUInt8ArrayWithValueSize:value:error:` and
-/// `getFormatUserDataWithValueSize:value:error:` do | the caller's: `WRTTaskMemFree` | | an
-/// interface pointer: `_WRTIUriWithError:`, `queryInterfaceWithGUID:error:`, `activateInstance` |
-/// one reference (+1) is the caller's: `WRTIUnknownRelease` | | a structure with a handle in it
-/// (`WRTTypeName`) | the handle is the caller's: `WRTHSTRINGRelease` | | a handle from
-/// `WRTCreateHSTRINGFromNSString` | the caller's: `WRTHSTRINGRelease` | | `inner`, the handle of a
-/// `WRTHSTRINGBridge`, a pointer in a block's arguments | borrowed: nothing |
+/// What a member gives, and what becomes of it:
+///
+/// - A C array through a pointer to a pointer, as `getUInt8ArrayWithValueSize:value:error:` and
+///   `getFormatUserDataWithValueSize:value:error:` give, is the caller's: `WRTTaskMemFree`.
+/// - An interface pointer, from `_WRTIUriWithError:`, `queryInterfaceWithGUID:error:` or
+///   `activateInstance`, carries one reference (+1) of the caller's: `WRTIUnknownRelease`.
+/// - The handle in a structure (`WRTTypeName`) is the caller's: `WRTHSTRINGRelease`.
+/// - A handle from `WRTCreateHSTRINGFromNSString` is the caller's: `WRTHSTRINGRelease`.
+/// - `inner`, the handle of a `WRTHSTRINGBridge` and a pointer in a block's arguments are borrowed:
+///   nothing.
 #ifndef WRT_OWNERSHIP_H
 #define WRT_OWNERSHIP_H
 
