@@ -95,17 +95,21 @@ Operation wait(Operation operation) {
 }
 
 /// Name, size and time of every file, each asked for by a bridge of its own.
+/// The files of the folder, by the bridges.
+id<WRTIVectorView__1_WRTStorageFile_P_Bridge> filesOf(NSString *path) {
+  WRTStorageFolderBridge *folder =
+      [wait([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:nullptr])
+          getResultsWithError:nullptr];
+  return [wait([folder getFilesAsyncOverloadDefaultOptionsStartAndCountWithError:nullptr])
+      getResultsWithError:nullptr];
+}
+
 void listByBridges(benchmark::State &state) {
   NSString *path = [[NSString alloc] initWithUTF8String:folderOfFiles().c_str()];
   for (auto _ : state) {
     unsigned long long bytes = 0;
     @autoreleasepool {
-      WRTStorageFolderBridge *folder =
-          [wait([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:nullptr])
-              getResultsWithError:nullptr];
-      id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files =
-          [wait([folder getFilesAsyncOverloadDefaultOptionsStartAndCountWithError:nullptr])
-              getResultsWithError:nullptr];
+      const id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files = filesOf(path);
       for (WRTStorageFileBridge *file in [files getManyWithStartIndex:0
                                                              capacity:kFiles
                                                                 error:nullptr]) {
@@ -139,12 +143,7 @@ void listMany(benchmark::State &state) {
   for (auto _ : state) {
     @autoreleasepool {
       const size_t before = residentBytes();
-      WRTStorageFolderBridge *folder =
-          [wait([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:nullptr])
-              getResultsWithError:nullptr];
-      id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files =
-          [wait([folder getFilesAsyncOverloadDefaultOptionsStartAndCountWithError:nullptr])
-              getResultsWithError:nullptr];
+      const id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files = filesOf(path);
       if ([files getSizeWithError:nullptr] != static_cast<unsigned>(count))
         state.SkipWithError("not all files were found");
       most = std::max(most, static_cast<double>(residentBytes()) - static_cast<double>(before));
