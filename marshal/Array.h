@@ -87,10 +87,7 @@ struct Array {
       }
       return true;
     }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(cells_.count, cells_.block);
-    }
+    auto words() { return Words{cells_.count, cells_.block}; }
     void leave(Fact) {}
 
   private:
@@ -111,10 +108,7 @@ struct Out<Array<Elements>> {
     explicit Crossing(NSMutableArray *argument) : argument_(argument) {}
 
     bool enter(Frame &, Fact) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&cells_.count, &cells_.block);
-    }
+    auto words() { return Words{&cells_.count, &cells_.block}; }
     void leave(Fact fact) {
       [argument_.get() removeAllObjects];
       Elements::leave(argument_.get(), cells_, fact, true);
@@ -136,10 +130,7 @@ struct ReturnedArray {
     Cells cells;
 
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&cells.count, &cells.block);
-    }
+    auto words() { return Words{&cells.count, &cells.block}; }
     NSMutableArray *leave(Fact fact) { return arrayOf<Elements>(cells, fact, true); }
   };
 };

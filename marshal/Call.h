@@ -42,7 +42,7 @@ struct Crossings<Head, Tail...> {
   /// Calls `next` with the words that the parameters are for the interface function.
   template <class Next>
   [[gnu::always_inline]] HRESULT pass(Next next) {
-    return head.pass([&](auto... words) __attribute__((always_inline)) {
+    return head.words().pass([&](auto... words) __attribute__((always_inline)) {
       return tail.pass([&](auto... more)
                            __attribute__((always_inline)) { return next(words..., more...); });
     });
@@ -71,6 +71,9 @@ template <class Result, class... Parameters>
 [[gnu::noinline]] typename Result::Type
 call(id receiver, const Member<Result(Parameters...)> &member,
      std::type_identity_t<typename Parameters::Type>... arguments, NSError **error) {
+  static_assert(ResultKind<Result> && (ParameterKind<Parameters> && ...));
+  static_assert(capacitiesAreTold<Parameters..., Result>());
+
   Crossings<Parameters...> crossings{arguments...};
   Frame frame(receiver, member.accessor);
   if (!frame.isOpen())
@@ -82,7 +85,7 @@ call(id receiver, const Member<Result(Parameters...)> &member,
   if (crossings.enter(frame, facts.tail) && returning.enter(frame)) {
     void *interface = frame.interface();
     const HRESULT status = crossings.pass([&](auto... words) __attribute__((always_inline)) {
-      return returning.pass([&](auto... last) __attribute__((always_inline)) {
+      return returning.words().pass([&](auto... last) __attribute__((always_inline)) {
         using Function = HRESULT(WRT_ABI *)(void *, decltype(words)..., decltype(last)...);
         return (*static_cast<Function **>(interface))[member.slot](interface, words..., last...);
       });

@@ -19,10 +19,7 @@ struct Delegate {
     explicit Crossing(id handler) : handler_(handler) {}
 
     bool enter(Frame &frame, DelegateMaker maker);
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(delegate_);
-    }
+    auto words() { return Words{delegate_}; }
     void leave(DelegateMaker) {}
 
   private:

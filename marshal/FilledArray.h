@@ -7,11 +7,13 @@
 
 namespace wrt {
 
-/// How many elements the caller asks for; stands before the array that WinRT fills.
+/// How many elements the caller asks for; stands before the array that WinRT fills, which takes it
+/// from the frame.
 template <class T>
 struct Capacity {
   using Type = T;
   using Fact = NoFact;
+  static constexpr bool kTellsCapacity = true;
 
   struct Crossing {
     T value;
@@ -20,10 +22,7 @@ struct Capacity {
       frame.setCapacity(static_cast<uint32_t>(value));
       return true;
     }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(value);
-    }
+    auto words() { return Words{value}; }
     void leave(NoFact) {}
   };
 };
@@ -47,16 +46,14 @@ template <class Elements>
 struct Fill<Array<Elements>> {
   using Type = NSMutableArray *;
   using Fact = typename Elements::OutFact;
+  static constexpr bool kNeedsCapacity = true;
 
   class Crossing {
   public:
     explicit Crossing(NSMutableArray *argument) : argument_(argument) {}
 
     bool enter(Frame &frame, Fact) { return filled_.allocate(frame); }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&filled_.cells.count, filled_.cells.block);
-    }
+    auto words() { return Words{&filled_.cells.count, filled_.cells.block}; }
     void leave(Fact fact) {
       [argument_.get() removeAllObjects];
       Elements::leave(argument_.get(), filled_.delivered(), fact, true);
@@ -74,15 +71,13 @@ template <class Elements>
 struct ReturnedFill {
   using Type = NSMutableArray *;
   using Fact = typename Elements::OutFact;
+  static constexpr bool kNeedsCapacity = true;
 
   struct Returning {
     FilledCells filled;
 
     bool enter(Frame &frame) { return filled.allocate(frame); }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&filled.cells.count, filled.cells.block);
-    }
+    auto words() { return Words{&filled.cells.count, filled.cells.block}; }
     NSMutableArray *leave(Fact fact) {
       return arrayOf<Elements>(filled.delivered(), fact, kReleasesStringResults);
     }
@@ -95,12 +90,10 @@ template <class Elements>
 struct BulkRead {
   using Type = NSArray *;
   using Fact = typename Elements::OutFact;
+  static constexpr bool kNeedsCapacity = true;
 
   struct Returning : ReturnedFill<Elements>::Returning {
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(this->filled.cells.block, &this->filled.cells.count);
-    }
+    auto words() { return Words{this->filled.cells.block, &this->filled.cells.count}; }
   };
 };
 

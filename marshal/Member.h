@@ -1,12 +1,9 @@
 #ifndef WRT_MARSHAL_MEMBER_H
 #define WRT_MARSHAL_MEMBER_H
 
-#include "marshal/Frame.h"
+#include "marshal/Kind.h"
 
 namespace wrt {
-
-/// The fact of a kind that needs none.
-struct NoFact {};
 
 /// What the kinds of a member need to know, in the order result, first parameter, ... last
 /// parameter. Kinds without a fact take no room and no argument.

@@ -28,10 +28,7 @@ struct Object {
     explicit Crossing(id argument) : argument_(argument) {}
 
     bool enter(Frame &frame, Accessor accessor);
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(interface_);
-    }
+    auto words() { return Words{interface_}; }
     void leave(Accessor) {}
 
   private:
@@ -49,10 +46,7 @@ struct Interface {
     void *object = nullptr;
 
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&object);
-    }
+    auto words() { return Words{&object}; }
     id leave(ClassReference type) { return object ? bridgeTransfer(type, object) : nil; }
   };
 };
@@ -67,10 +61,7 @@ struct RuntimeClass {
     void *object = nullptr;
 
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&object);
-    }
+    auto words() { return Words{&object}; }
     id leave(ClassReference type) { return bridgeTransfer(type, object); }
   };
 };
@@ -86,10 +77,7 @@ struct Out<Object> {
     RuntimeClass::Returning returning{};
 
     bool enter(Frame &, ClassReference) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return returning.pass(next);
-    }
+    auto words() { return returning.words(); }
     void leave(ClassReference type) { *place = returning.leave(type); }
   };
 };

@@ -35,10 +35,7 @@ struct String {
         frame.cleanups().addRelease(handle_);
       return true;
     }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(handle_);
-    }
+    auto words() { return Words{handle_}; }
     void leave(NoFact) {}
 
   private:
@@ -51,10 +48,7 @@ struct String {
     HSTRING handle = nullptr;
 
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&handle);
-    }
+    auto words() { return Words{&handle}; }
     NSString *leave(NoFact) {
       NSString *string = WRTCreateNSStringFromHSTRING(handle);
       if constexpr (kReleasesStringResults)
@@ -75,10 +69,7 @@ struct Out<String> {
     String::Returning returning{};
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return returning.pass(next);
-    }
+    auto words() { return returning.words(); }
     void leave(NoFact fact) { *place = returning.leave(fact); }
   };
 };

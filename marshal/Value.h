@@ -12,10 +12,7 @@ struct Void {
 
   struct Returning {
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next();
-    }
+    auto words() { return Words{}; }
     void leave(NoFact) {}
   };
 };
@@ -31,10 +28,7 @@ struct Value {
     T value;
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(value);
-    }
+    auto words() { return Words{value}; }
     void leave(NoFact) {}
   };
 
@@ -42,10 +36,7 @@ struct Value {
     T value{};
 
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&value);
-    }
+    auto words() { return Words{&value}; }
     T leave(NoFact) { return value; }
   };
 };
@@ -62,10 +53,7 @@ struct Boolean {
     bool value;
 
     bool enter(Frame &, NoFact) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(value);
-    }
+    auto words() { return Words{value}; }
     void leave(NoFact) {}
   };
 
@@ -73,10 +61,7 @@ struct Boolean {
     unsigned char value = 0;
 
     bool enter(Frame &) { return true; }
-    template <class Next>
-    [[gnu::always_inline]] HRESULT pass(Next next) {
-      return next(&value);
-    }
+    auto words() { return Words{&value}; }
     bool leave(NoFact) { return value != 0; }
   };
 };
