@@ -19,8 +19,6 @@ inline constexpr int kFieldIsObject = 3;
 inline constexpr int kFieldIsBlock = 7;
 inline constexpr int kFieldIsByref = 8;
 inline constexpr int kFieldIsWeak = 16;
-/// The field is the value of a `__block` variable, which does not own what it points to.
-inline constexpr int kByrefCaller = 128;
 
 struct Descriptor {
   unsigned long reserved;

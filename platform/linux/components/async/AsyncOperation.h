@@ -264,12 +264,6 @@ HRESULT answerAsync(Declared **operation, Lambda lambda) {
   return detail::endedAsync<Result, void>(operation, outcome, std::move(place));
 }
 
-/// An action that has completed; `*operation` is +1.
-template <class Progress = void, class Declared>
-HRESULT completedAction(Declared **operation) {
-  return detail::endedAsync<void, Progress>(operation, status::kOk, {});
-}
-
 /// An operation that has completed with `result`; `*operation` is +1.
 template <class Result, class Progress = void, class Declared>
 HRESULT completedAsync(Declared **operation, Stored<Result> result) {

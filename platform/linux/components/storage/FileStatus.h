@@ -19,7 +19,6 @@ inline constexpr HRESULT kNotSameDevice = win32Status(17);      ///< ERROR_NOT_S
 inline constexpr HRESULT kWriteProtect = win32Status(19);       ///< ERROR_WRITE_PROTECT
 inline constexpr HRESULT kSharingViolation = win32Status(32);   ///< ERROR_SHARING_VIOLATION
 inline constexpr HRESULT kDiskFull = win32Status(112);          ///< ERROR_DISK_FULL
-inline constexpr HRESULT kInvalidName = win32Status(123);       ///< ERROR_INVALID_NAME
 inline constexpr HRESULT kDirectoryNotEmpty = win32Status(145); ///< ERROR_DIR_NOT_EMPTY
 inline constexpr HRESULT kAlreadyExists = win32Status(183);     ///< ERROR_ALREADY_EXISTS
 inline constexpr HRESULT kNameTooLong = win32Status(206);       ///< ERROR_FILENAME_EXCED_RANGE
