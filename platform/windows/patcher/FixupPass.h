@@ -2,7 +2,6 @@
 #define WRT_PATCHER_FIXUP_PASS_H
 
 #include "FixupRecord.h"
-#include "MovePair.h"
 #include "WritableSpan.h"
 
 #include <cstring>
@@ -10,6 +9,7 @@
 namespace wrt::startup {
 
 /// Where a loaded image lies.
+template <class Address>
 struct ImageRange {
   Address base;
   /// In bytes.
@@ -19,20 +19,26 @@ struct ImageRange {
 };
 
 /// The records of a table (borrowed), in the order in which they are walked.
+template <class Record>
 struct FixupRecords {
   const std::uint8_t *bytes;
   std::uint32_t count;
 
-  FixupRecord operator[](std::uint32_t index) const {
-    return FixupRecord(bytes + static_cast<std::size_t>(index) * kFixupRecordSize);
+  Record operator[](std::uint32_t index) const {
+    return Record(bytes + static_cast<std::size_t>(index) * Record::kSize);
   }
 };
 
 /// Applies records to an image. Bytes outside the image are never written.
 template <class Services>
 class FixupWalk {
+  using Architecture = typename Services::Architecture;
+  using Address = typename Architecture::Address;
+  using Record = FixupRecord<Architecture>;
+
 public:
-  FixupWalk(const FixupRecords &records, const ImageRange &image, Services &services)
+  FixupWalk(const FixupRecords<Record> &records, const ImageRange<Address> &image,
+            Services &services)
       : records_(records), image_(image), services_(services), body_(services), tail_(services) {}
 
   void run() {
@@ -44,31 +50,25 @@ public:
 
 private:
   void apply(std::uint32_t index) {
-    const FixupRecord record = records_[index];
-    switch (record.kind()) {
-    case FixupRecord::kNothing:
+    const Record record = records_[index];
+    const std::uint32_t kind = record.kind();
+    if (kind == Record::kNothing)
       return;
-    case FixupRecord::kWord:
-      if (makeWritable(index))
-        writeWord(at(record.target), value(record));
-      return;
-    case FixupRecord::kMovePair:
-      if (makeWritable(index))
-        setMovePair(at<std::uint16_t>(record.target), value(record));
-      return;
-    default:
+    if (kind != Record::kWord && kind != Record::kInstructions)
       services_.abort();
-    }
-  }
-
-  static std::uint32_t value(const FixupRecord &record) {
-    return record.addend + readWord(at(record.slot));
+    if (!makeWritable(index))
+      return;
+    const Address value = record.addend + readWord<Address>(at(record.slot));
+    if (kind == Record::kWord)
+      writeWord(at(record.target), value);
+    else
+      Architecture::setInstructions(at(record.target), value);
   }
 
   /// Opens the pages of the record's patch; whether all of its bytes can be written. A patch may
   /// end on a page with other attributes than the one it begins on: that one is the tail.
   bool makeWritable(std::uint32_t index) {
-    const FixupRecord record = records_[index];
+    const Record record = records_[index];
     if (!image_.contains(record.last()))
       return false;
     if (!body_.covers(record.target)) {
@@ -88,10 +88,10 @@ private:
 
   /// The last address of the patches that follow on the same pages or the next ones.
   Address endOfRun(std::uint32_t index) {
-    const std::uint32_t page = services_.pageSize();
+    const Address page = services_.pageSize();
     Address last = records_[index].last();
     while (++index < records_.count) {
-      const FixupRecord next = records_[index];
+      const Record next = records_[index];
       const bool near = (next.target & ~(page - 1)) <= (last & ~(page - 1)) + page;
       if (!near || next.target < records_[index - 1].target || !image_.contains(next.last()))
         break;
@@ -101,8 +101,8 @@ private:
     return last;
   }
 
-  const FixupRecords &records_;
-  const ImageRange &image_;
+  const FixupRecords<Record> &records_;
+  const ImageRange<Address> &image_;
   Services &services_;
   WritableSpan<Services> body_;
   WritableSpan<Services> tail_;
@@ -111,7 +111,7 @@ private:
 /// Asks for the base and size of the module that contains `address`; false when any service is
 /// missing.
 template <class Services>
-bool findImage(const void *address, Services &services, ImageRange &image) {
+bool findImage(const void *address, Services &services, ImageRange<AddressOf<Services>> &image) {
   void *self = nullptr;
   if (!services.getModuleHandleEx(kUnchangedReferenceCount | kFromAddress, address, self))
     return false;
@@ -127,28 +127,30 @@ bool findImage(const void *address, Services &services, ImageRange &image) {
   ModuleInformation information{};
   if (!getModuleInformation(services.getCurrentProcess(), self, &information, sizeof information))
     return false;
-  image.base = static_cast<Address>(reinterpret_cast<std::uintptr_t>(information.base));
+  image.base = static_cast<AddressOf<Services>>(reinterpret_cast<std::uintptr_t>(information.base));
   image.size = information.size;
   return true;
 }
 
 /// The fixup pass: applies the table of `size` bytes to the image it lies in. A table whose header
-/// is not the 16-byte `marker`, and a module that cannot be measured, leave everything as it is.
+/// is not `marker`, which is as long as a record, and a module that cannot be measured, leave
+/// everything as it is.
 template <class Services>
 void fixupPass(const std::uint8_t *table, std::uint32_t size, const std::uint8_t *marker,
                Services &services) {
-  if (size < kFixupRecordSize || std::memcmp(table, marker, kFixupRecordSize) != 0)
+  using Record = FixupRecord<typename Services::Architecture>;
+  if (size < Record::kSize || std::memcmp(table, marker, Record::kSize) != 0)
     return;
-  ImageRange image{};
+  ImageRange<AddressOf<Services>> image{};
   if (!findImage(table, services, image))
     return;
 
-  FixupRecords records{table + kFixupRecordSize, size / kFixupRecordSize - 1};
-  const std::size_t length = static_cast<std::size_t>(records.count) * kFixupRecordSize;
+  FixupRecords<Record> records{table + Record::kSize, size / Record::kSize - 1};
+  const std::size_t length = static_cast<std::size_t>(records.count) * Record::kSize;
   void *sorted = services.allocate(length);
   if (sorted) {
     std::memcpy(sorted, records.bytes, length);
-    services.sort(sorted, records.count, kFixupRecordSize, compareRecords);
+    services.sort(sorted, records.count, Record::kSize, Record::compare);
     records.bytes = static_cast<const std::uint8_t *>(sorted);
   }
   FixupWalk<Services>(records, image, services).run();

@@ -11,7 +11,7 @@ namespace wrt::startup {
 const std::uint8_t *fixupTable();
 /// In bytes, header included.
 std::uint32_t fixupTableSize();
-/// The 16 bytes that the header of a good table has.
+/// What the header of a good table is: four words of a pointer's width, the last of them 1.
 const std::uint8_t *fixupTableMarker();
 
 } // namespace wrt::startup

@@ -8,6 +8,7 @@
 namespace wrt::startup {
 
 /// A section of the loaded image; empty when there is none of that name.
+template <class Address>
 struct Section {
   Address begin = 0;
   /// In bytes.
@@ -18,6 +19,7 @@ struct Section {
 
 /// The section headers of an image as the loader mapped it (PE format, Microsoft PE and COFF
 /// Specification 11.0).
+template <class Address>
 class ImageHeaders {
 public:
   /// Asserts the two signatures; `services.assertionFailed` does not return.
@@ -38,7 +40,7 @@ public:
   }
 
   /// Looks from the last header to the first. `name` is compared as the header's 8 bytes.
-  Section find(const char *name) const {
+  Section<Address> find(const char *name) const {
     for (std::uint32_t i = count_; i-- > 0;) {
       const std::uint8_t *header = headers_ + i * kHeaderSize;
       if (std::strncmp(reinterpret_cast<const char *>(header), name, 8) == 0)

@@ -1,6 +1,8 @@
 #ifndef WRT_PATCHER_SERVICES_H
 #define WRT_PATCHER_SERVICES_H
 
+#include "Architecture.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -12,37 +14,42 @@
 ///     void *getModuleHandle(const char16_t *name);            // null name: the main program
 ///     void *getProcAddress(void *module, const char *name);   // null when not exported
 ///     void *getCurrentProcess();
+///     using Architecture = ...;                               // one of Architecture.h
 ///     uint32_t pageSize();
-///     bool virtualQuery(Address address, MemoryRegion &region);
-///     bool virtualProtect(Address address, uint32_t size, uint32_t protection, uint32_t
-///     &previous); void *allocate(size_t size);                            // null when memory runs
-///     out void release(void *block); void sort(void *records, size_t count, size_t size, int
-///     (*compare)(const void *, const void *));
+///     bool virtualQuery(Address address, MemoryRegion<Address> &region);
+///     bool virtualProtect(Address address, Address size, uint32_t protection,
+///                         uint32_t &previous);
+///     void *allocate(size_t size);                            // null when memory runs out
+///     void release(void *block);
+///     void sort(void *records, size_t count, size_t size,
+///               int (*compare)(const void *, const void *));
 ///     [[noreturn]] void abort();
 ///     [[noreturn]] void assertionFailed(const char16_t *condition, uint32_t line);
 ///
 /// All of it runs on the loader's thread during process attach and detach.
 namespace wrt::startup {
 
-/// A place in the process's memory. The target has 32-bit pointers; a test maps its images where 32
-/// bits reach them.
-using Address = std::uint32_t;
+/// The address that `Services` deals in: an integer that holds a pointer of the image, which a test
+/// maps where the integer reaches it.
+template <class Services>
+using AddressOf = typename Services::Architecture::Address;
 
 /// The memory at an address.
-template <class T = std::uint8_t>
+template <class T = std::uint8_t, class Address>
 T *at(Address address) {
   return reinterpret_cast<T *>(static_cast<std::uintptr_t>(address));
 }
 
 /// A run of pages with equal attributes, as `VirtualQuery` tells it.
+template <class Address>
 struct MemoryRegion {
   Address begin;
   /// In bytes.
-  std::uint32_t size;
+  Address size;
   std::uint32_t protection;
 };
 
-/// What `GetModuleInformation` fills in: 12 bytes on the target.
+/// What `GetModuleInformation` fills in.
 struct ModuleInformation {
   void *base;
   std::uint32_t size;

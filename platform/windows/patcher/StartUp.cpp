@@ -32,7 +32,7 @@ int applyFixups() {
 
 int giveStringsTheirClass() {
   WindowsServices services;
-  constantStringPass(reinterpret_cast<Address>(__ImageBase), services);
+  constantStringPass(reinterpret_cast<WindowsServices::Address>(__ImageBase), services);
   return 0;
 }
 

@@ -48,9 +48,8 @@ std::uint32_t WindowsServices::pageSize() {
   return size;
 }
 
-bool WindowsServices::virtualQuery(Address address, MemoryRegion &region) {
+bool WindowsServices::virtualQuery(Address address, MemoryRegion<Address> &region) {
   MEMORY_BASIC_INFORMATION information{};
-  static_assert(sizeof information == 28);
   if (VirtualQuery(at(address), &information, sizeof information) == 0)
     return false;
   region.begin = reinterpret_cast<Address>(information.BaseAddress);
@@ -59,7 +58,7 @@ bool WindowsServices::virtualQuery(Address address, MemoryRegion &region) {
   return true;
 }
 
-bool WindowsServices::virtualProtect(Address address, std::uint32_t size, std::uint32_t protection,
+bool WindowsServices::virtualProtect(Address address, Address size, std::uint32_t protection,
                                      std::uint32_t &previous) {
   DWORD old = 0;
   if (!VirtualProtect(at(address), size, protection, &old))

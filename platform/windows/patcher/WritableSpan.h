@@ -10,6 +10,8 @@ namespace wrt::startup {
 /// which it was opened, because one call restores one protection.
 template <class Services>
 class WritableSpan {
+  using Address = AddressOf<Services>;
+
 public:
   explicit WritableSpan(Services &services) : services_(services) {}
   WritableSpan(const WritableSpan &) = delete;
@@ -23,20 +25,20 @@ public:
   /// Opens the pages from that of `first` to that of `last`, as far as their attributes are equal.
   void open(Address first, Address last) {
     close();
-    const std::uint32_t page = services_.pageSize();
-    MemoryRegion region{};
+    const Address page = services_.pageSize();
+    MemoryRegion<Address> region{};
     begin_ = first & ~(page - 1);
     if (!services_.virtualQuery(first, region)) {
       size_ = page;
       return;
     }
-    const std::uint32_t available = region.begin + region.size - begin_;
+    const Address available = region.begin + region.size - begin_;
     if (region.protection & (kPageReadWrite | kPageExecuteReadWrite)) {
       size_ = available;
       writable_ = true;
       return;
     }
-    const std::uint32_t wanted = (last & ~(page - 1)) - begin_ + page;
+    const Address wanted = (last & ~(page - 1)) - begin_ + page;
     size_ = wanted < available ? wanted : available;
     changed_ = services_.virtualProtect(begin_, size_, kPageExecuteReadWrite, previous_);
     writable_ = changed_;
@@ -67,7 +69,7 @@ public:
 private:
   Services &services_;
   Address begin_ = 0;
-  std::uint32_t size_ = 0;
+  Address size_ = 0;
   std::uint32_t previous_ = 0;
   bool changed_ = false;
   bool writable_ = false;

@@ -126,7 +126,8 @@ TEST_F(FixupPass, NothingHappensWithoutTheHeader) {
     table.bytes().resize(size);
     // A copy of exactly that size, so that a sanitizer sees a read behind its end.
     std::vector<std::uint8_t> exact(table.bytes());
-    fixupPass(exact.data(), static_cast<std::uint32_t>(exact.size()), kMarker, process);
+    fixupPass(exact.data(), static_cast<std::uint32_t>(exact.size()), TestTable().bytes().data(),
+              process);
     EXPECT_EQ(process.image(), before) << size;
   }
 }
@@ -262,6 +263,35 @@ TEST(FixupPassModel, RandomTablesGiveWhatThePlainRuleGives) {
     ASSERT_EQ(process.image(), expected) << "round " << round;
     ASSERT_EQ(process.protections(), layout) << "round " << round;
   }
+}
+
+/// The same process with pointers of 64 bits.
+struct WideProcess : TestProcess {
+  using TestProcess::TestProcess;
+  using Architecture = Arm64;
+
+  bool virtualQuery(Arm64::Address address, MemoryRegion<Arm64::Address> &region) {
+    MemoryRegion<Address> narrow{};
+    const bool known = TestProcess::virtualQuery(static_cast<Address>(address), narrow);
+    region = {narrow.begin, narrow.size, narrow.protection};
+    return known;
+  }
+};
+
+TEST(WideFixupPass, StoresWordsOfAPointersWidthAndNoInstructions) {
+  const std::vector<std::uint32_t> layout{kPageReadOnly, kPageReadOnly};
+  WideProcess process(layout);
+  process.poke(kBase + 8, {1, 2, 3, 4, 5, 6, 7, 8});
+  // Of odd addresses: there is no Thumb code. The second one ends behind the image.
+  TableOf<Arm64::Address>()
+      .add(kBase + kPage + 1, 1ull << 56, kBase + 8, kWord)
+      .add(process.imageEnd() - 7, 0, kBase + 8, kWord)
+      .apply(process);
+  EXPECT_EQ(process.peek32(kBase + kPage + 1), 0x04030201u);
+  EXPECT_EQ(process.peek32(kBase + kPage + 5), 0x09070605u);
+  EXPECT_EQ(process.peek32(process.imageEnd() - 7), 0u);
+  EXPECT_EQ(process.protections(), layout);
+  EXPECT_THROW(TableOf<Arm64::Address>().add(kBase, 0, kBase, kPair).apply(process), Aborted);
 }
 
 } // namespace

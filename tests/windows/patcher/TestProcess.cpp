@@ -123,7 +123,7 @@ void *TestProcess::getProcAddress(void *module, const char *name) {
 
 void *TestProcess::getCurrentProcess() { return &processHandle; }
 
-bool TestProcess::virtualQuery(Address address, MemoryRegion &region) {
+bool TestProcess::virtualQuery(Address address, MemoryRegion<Address> &region) {
   ++queryCalls;
   const std::size_t first = (address - kBase) / kPageSize;
   if (first >= protections_.size()) {

@@ -10,6 +10,8 @@
 
 namespace wrt::startup::test {
 
+using Address = Armv7::Address;
+
 /// What `abort` and a failed assertion do in a test.
 struct Aborted {};
 struct AssertionFailed {
@@ -68,12 +70,13 @@ public:
   std::vector<std::u16string> askedModules;
 
   // The services.
+  using Architecture = Armv7;
   bool getModuleHandleEx(std::uint32_t flags, const void *nameOrAddress, void *&module);
   void *getModuleHandle(const char16_t *name);
   void *getProcAddress(void *module, const char *name);
   void *getCurrentProcess();
   std::uint32_t pageSize() { return kPageSize; }
-  bool virtualQuery(Address address, MemoryRegion &region);
+  bool virtualQuery(Address address, MemoryRegion<Address> &region);
   bool virtualProtect(Address address, std::uint32_t size, std::uint32_t protection,
                       std::uint32_t &previous);
   void *allocate(std::size_t size);

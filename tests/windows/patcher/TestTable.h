@@ -8,29 +8,33 @@
 
 namespace wrt::startup::test {
 
-inline constexpr std::uint8_t kMarker[16] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1};
-
-/// A fixup table under construction, header included.
-class TestTable {
+/// A fixup table under construction, header included, for processes with addresses of that width.
+template <class Address>
+class TableOf {
 public:
-  TestTable() : bytes_(kMarker, kMarker + 16) {}
+  TableOf() { add(0, 0, 0, 1); }
 
-  TestTable &add(std::uint32_t target, std::uint32_t addend, Address slot, std::uint32_t kindWord) {
-    for (const std::uint32_t word : {target, addend, slot, kindWord})
-      for (int i = 0; i < 4; ++i)
+  TableOf &add(Address target, Address addend, Address slot, Address kindWord) {
+    for (const Address word : {target, addend, slot, kindWord})
+      for (std::size_t i = 0; i < sizeof word; ++i)
         bytes_.push_back(static_cast<std::uint8_t>(word >> 8 * i));
     return *this;
   }
 
   std::vector<std::uint8_t> &bytes() { return bytes_; }
 
-  void apply(TestProcess &process) const {
-    fixupPass(bytes_.data(), static_cast<std::uint32_t>(bytes_.size()), kMarker, process);
+  template <class Process>
+  void apply(Process &process) const {
+    const TableOf empty;
+    fixupPass(bytes_.data(), static_cast<std::uint32_t>(bytes_.size()), empty.bytes_.data(),
+              process);
   }
 
 private:
   std::vector<std::uint8_t> bytes_;
 };
+
+using TestTable = TableOf<Address>;
 
 } // namespace wrt::startup::test
 

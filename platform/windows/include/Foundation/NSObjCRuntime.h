@@ -10,13 +10,19 @@
 #define FOUNDATION_CLASS OBJC_IMPORT
 #endif
 
+#if defined(_WIN64)
+typedef long long NSInteger;
+typedef unsigned long long NSUInteger;
+#else
 typedef int NSInteger;
 typedef unsigned int NSUInteger;
+#endif
 #if defined(__cplusplus)
-static_assert(sizeof(NSInteger) == sizeof(void *), "declared for 32-bit targets");
+static_assert(sizeof(NSInteger) == sizeof(void *), "as wide as a pointer");
 #endif
 
-#define NSNotFound ((NSInteger)0x7FFFFFFF)
+/// The largest number there is.
+#define NSNotFound ((NSInteger)((NSUInteger)-1 >> 1))
 
 #if defined(__cplusplus)
 #define FOUNDATION_EXTERN extern "C"
