@@ -49,7 +49,11 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Windows")
 else()
   set(WRT_OBJC_FLAGS -fblocks -fobjc-runtime=gcc -fconstant-string-class=NSConstantString)
   find_path(WRT_GNUSTEP_INCLUDE Foundation/Foundation.h PATHS /usr/include/GNUstep REQUIRED)
-  find_path(WRT_OBJC_INCLUDE objc/objc.h PATHS /usr/lib/gcc/x86_64-linux-gnu/12/include REQUIRED)
+  # Beside the headers of the GCC that the compiler uses.
+  execute_process(COMMAND ${CMAKE_OBJC_COMPILER} -print-file-name=include/objc/objc.h
+                  OUTPUT_VARIABLE objc_header OUTPUT_STRIP_TRAILING_WHITESPACE)
+  cmake_path(GET objc_header PARENT_PATH objc_folder)
+  find_path(WRT_OBJC_INCLUDE objc/objc.h PATHS ${objc_folder}/.. REQUIRED)
   target_include_directories(wrt_objc SYSTEM INTERFACE
     ${WRT_GNUSTEP_INCLUDE} ${WRT_OBJC_INCLUDE}
     ${PROJECT_SOURCE_DIR}/platform/linux/objc/include)

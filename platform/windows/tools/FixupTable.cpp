@@ -10,10 +10,9 @@ namespace wrt::pe {
 namespace {
 
 constexpr std::string_view kSectionName = "wrtfixup";
-constexpr std::uint32_t kHeaderSize = 16;
-constexpr std::uint32_t kRecordSize = 16;
-/// The word behind the table.
-constexpr std::uint32_t kTrailerSize = 4;
+/// The words of a record and of the table's header, each as wide as a pointer. One more stands
+/// behind the table.
+constexpr std::uint32_t kWords = 4;
 constexpr std::string_view kImports = ".idata";
 
 std::string nameRecord(const Image &image, std::size_t index, const FixupRecord &record) {
@@ -28,27 +27,30 @@ FixupTable FixupTable::read(const Image &image) {
   const Section *section = image.findSection(kSectionName);
   if (!section)
     throw FormatError("the image has no section wrtfixup: the patcher is not linked into it");
-  if (section->virtualSize < kHeaderSize + kTrailerSize)
+  const std::uint32_t wordSize = image.pointerSize();
+  const std::uint32_t recordSize = kWords * wordSize;
+  if (section->virtualSize < recordSize + wordSize)
     throw FormatError("the section wrtfixup is too small for a fixup table");
   const Rva table = section->rva;
-  const Rva tableEnd = table + section->virtualSize - kTrailerSize;
-  for (std::uint32_t i = 0; i < kHeaderSize; ++i) {
-    if (image.u8(table + i) != (i == 12 ? 1 : 0))
+  const Rva tableEnd = table + section->virtualSize - wordSize;
+  for (std::uint32_t i = 0; i < kWords; ++i) {
+    if (image.word(table + i * wordSize) != (i == kWords - 1 ? 1 : 0))
       throw FormatError("the fixup table has no header");
   }
-  if ((tableEnd - table) % kRecordSize != 0)
+  if ((tableEnd - table) % recordSize != 0)
     throw FormatError("the fixup table ends within a record");
 
   FixupTable result;
-  for (Rva record = table + kHeaderSize; record < tableEnd; record += kRecordSize) {
-    result.present.push_back({image.pointer(record), image.u32(record + 4),
-                              image.pointer(record + 8), image.u32(record + 12)});
+  for (Rva record = table + recordSize; record < tableEnd; record += recordSize) {
+    result.present.push_back({image.pointer(record), image.word(record + wordSize),
+                              image.pointer(record + 2 * wordSize),
+                              image.word(record + 3 * wordSize)});
   }
 
   const Section *imports = image.findSection(kImports);
   for (const BaseRelocation &relocation : image.baseRelocations()) {
     const Section *at = image.sectionAt(relocation.rva);
-    if (relocation.kind != RelocationKind::kWord || !at || at == section)
+    if (relocation.kind == RelocationKind::kThumbMove || !at || at == section)
       continue;
     const Rva slot = image.pointer(relocation.rva);
     if (!imports || !imports->contains(slot))
@@ -58,22 +60,23 @@ FixupTable FixupTable::read(const Image &image) {
       throw FormatError(join(where, " refers to ", image.describe(slot), ", which no record can"));
     if (at->name != "cfstring")
       result.needed.push_back({relocation.rva, 0, slot, kWordFixup});
-    else if ((relocation.rva - at->rva) % 16 != 0)
+    else if ((relocation.rva - at->rva) % recordSize != 0)
       throw FormatError(join(where, " is not the class word of a constant string"));
     else
       ++result.constantStrings;
   }
   for (std::size_t i = 1; i < result.needed.size(); ++i) {
-    if (result.needed[i].target - result.needed[i - 1].target < 4)
+    if (result.needed[i].target - result.needed[i - 1].target < wordSize)
       throw FormatError(join("two fixups overlap at ", image.describe(result.needed[i].target)));
   }
   return result;
 }
 
-void writeAssembly(const FixupTable &table, std::ostream &out) {
+void writeAssembly(const Image &image, const FixupTable &table, std::ostream &out) {
+  const std::string_view word = image.pointerSize() == 4 ? "\t.long\t" : "\t.quad\t";
   out << "\t.section\twrtfixup$m,\"dw\"\n\t.p2align\t2\n";
   for (const FixupRecord &record : table.needed) {
-    out << "\t.long\t__ImageBase+" << Hex{record.target} << ", " << Hex{record.addend}
+    out << word << "__ImageBase+" << Hex{record.target} << ", " << Hex{record.addend}
         << ", __ImageBase+" << Hex{record.slot} << ", " << Hex{record.kindWord} << '\n';
   }
 }
@@ -84,7 +87,7 @@ std::vector<std::string> checkTable(const Image &image, const FixupTable &table)
   for (std::size_t i = 0; i < common; ++i) {
     const FixupRecord &needed = table.needed[i];
     const FixupRecord &present = table.present[i];
-    const auto compare = [&](std::string_view field, std::uint32_t is, std::uint32_t shouldBe) {
+    const auto compare = [&](std::string_view field, std::uint64_t is, std::uint64_t shouldBe) {
       if (is != shouldBe) {
         problems.push_back(join(nameRecord(image, i, needed), ": ", field, " is ", Hex{is},
                                 ", should be ", Hex{shouldBe}));
@@ -102,8 +105,9 @@ std::vector<std::string> checkTable(const Image &image, const FixupTable &table)
 
   const Section *section = image.findSection(kSectionName);
   for (std::size_t i = 0; i < table.present.size(); ++i) {
-    const Rva record = section->rva + kHeaderSize + static_cast<Rva>(i) * kRecordSize;
-    if (!image.hasBaseRelocation(record) || !image.hasBaseRelocation(record + 8)) {
+    const std::uint32_t wordSize = image.pointerSize();
+    const Rva record = section->rva + (static_cast<Rva>(i) + 1) * kWords * wordSize;
+    if (!image.hasBaseRelocation(record) || !image.hasBaseRelocation(record + 2 * wordSize)) {
       problems.push_back(nameRecord(image, i, table.present[i]) +
                          ": its addresses are not relocated with the image");
     }

@@ -13,15 +13,15 @@ namespace wrt::pe {
 /// A record of the library's fixup table, with addresses counted from the image's base.
 struct FixupRecord {
   Rva target;
-  std::uint32_t addend;
+  std::uint64_t addend;
   Rva slot;
-  std::uint32_t kindWord;
+  std::uint64_t kindWord;
 
   bool operator==(const FixupRecord &) const = default;
 };
 
-/// The kind word of a record that stores a 32-bit word.
-inline constexpr std::uint32_t kWordFixup = 0x10;
+/// The kind word of a record that stores a word as wide as a pointer.
+inline constexpr std::uint64_t kWordFixup = 0x10;
 
 /// What an image needs and what it has.
 struct FixupTable {
@@ -39,9 +39,9 @@ struct FixupTable {
   static FixupTable read(const Image &image);
 };
 
-/// Writes the needed records as assembler source for the section between the table's header and
-/// end.
-void writeAssembly(const FixupTable &table, std::ostream &out);
+/// Writes the records that `image` needs as assembler source for the section between the table's
+/// header and end.
+void writeAssembly(const Image &image, const FixupTable &table, std::ostream &out);
 
 /// Compares the table in the image with what the image needs, record by record, and looks whether
 /// its words are relocated with the image. Returns what is wrong, the record named; empty when all

@@ -17,7 +17,7 @@ using namespace wrt::pe;
 int make(const Image &image, const char *output) {
   const FixupTable table = FixupTable::read(image);
   std::ofstream out(output);
-  writeAssembly(table, out);
+  writeAssembly(image, table, out);
   out.flush();
   if (!out) {
     std::cerr << "fixuptable: cannot write " << output << '\n';

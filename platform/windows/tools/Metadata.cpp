@@ -10,41 +10,37 @@ namespace wrt::pe {
 
 namespace {
 
-/// The fields of a structure of pointer-sized words.
+/// A structure of numbers of 32 bits and then pointers.
 class Words {
 public:
-  Words(const Image &image, Rva address) : image_(image), address_(address) {}
+  Words(const Image &image, Rva address, std::uint32_t numbers = 0)
+      : image_(image), address_(address), pointers_(address + 4 * numbers) {}
 
   std::uint32_t number(std::uint32_t index) const { return image_.u32(address_ + 4 * index); }
-  bool isNull(std::uint32_t index) const { return number(index) == 0; }
-  Rva pointer(std::uint32_t index) const { return image_.pointer(address_ + 4 * index); }
+  std::uint64_t word(std::uint32_t index) const { return image_.word(place(index)); }
+  bool isNull(std::uint32_t index) const { return word(index) == 0; }
+  Rva pointer(std::uint32_t index) const { return image_.pointer(place(index)); }
   std::string string(std::uint32_t index) const {
     return isNull(index) ? std::string() : image_.string(pointer(index));
   }
 
+  /// Where the pointer lies.
+  Rva place(std::uint32_t index) const { return pointers_ + image_.pointerSize() * index; }
+
 private:
   const Image &image_;
   Rva address_;
+  Rva pointers_;
 };
 
-/// Field numbers of the structures that are read.
+/// Field numbers of the structures that are read, of each the pointers unless it says otherwise.
 namespace class_field {
 enum : std::uint8_t { kMetaclass, kSuperclass, kCache, kVtable, kData };
 }
 namespace data_field {
-enum : std::uint8_t {
-  kFlags,
-  kStart,
-  kSize,
-  kLayout,
-  kName,
-  kMethods,
-  kProtocols,
-  kVariables,
-  kWeak,
-  kProperties
-};
-}
+enum : std::uint8_t { kFlags, kStart, kSize }; // numbers
+enum : std::uint8_t { kLayout, kName, kMethods, kProtocols, kVariables, kWeak, kProperties };
+} // namespace data_field
 namespace protocol_field {
 enum : std::uint8_t {
   kIsa,
@@ -55,9 +51,7 @@ enum : std::uint8_t {
   kOptionalInstanceMethods,
   kOptionalClassMethods,
   kProperties,
-  kSize,
-  kFlags,
-  kExtendedEncodings
+  kNumbers ///< its size in bytes and flags, and behind them the extended encodings
 };
 }
 
@@ -70,17 +64,17 @@ public:
     if (!info)
       throw FormatError("the image has no section objcinfo: the patcher is not linked into it");
     // Two words, then bounds of lists: classes first, protocols fourth.
-    const Words record(image_, info->rva);
-    readList(record.pointer(2), record.pointer(3), [this](Rva each) { readClass(each); });
-    readList(record.pointer(8), record.pointer(9), [this](Rva each) { readProtocol(each); });
+    const Words record(image_, info->rva, 2);
+    readList(record.pointer(0), record.pointer(1), [this](Rva each) { readClass(each); });
+    readList(record.pointer(6), record.pointer(7), [this](Rva each) { readProtocol(each); });
     return std::move(metadata_);
   }
 
 private:
   template <class Each>
   void readList(Rva begin, Rva end, Each each) {
-    for (Rva entry = begin; entry < end; entry += 4) {
-      if (image_.u32(entry) != 0) // padding between the contributions of object files
+    for (Rva entry = begin; entry < end; entry += image_.pointerSize()) {
+      if (image_.word(entry) != 0) // padding between the contributions of object files
         each(image_.pointer(entry));
     }
   }
@@ -92,16 +86,18 @@ private:
         return import->name.substr(kPrefix.size());
       throw FormatError(join(import->name, " is imported as a class"));
     }
-    return Words(image_, dataOf(address)).string(data_field::kName);
+    return dataOf(address).string(data_field::kName);
   }
 
-  Rva dataOf(Rva classAddress) const {
-    return (Words(image_, classAddress).number(class_field::kData) & ~3u) - image_.preferredBase();
+  /// In images of 64 bits a fourth number fills the gap before the pointers.
+  Words dataOf(Rva classAddress) const {
+    return {image_, Words(image_, classAddress).pointer(class_field::kData) & ~3u,
+            image_.pointerSize() == 4 ? 3u : 4u};
   }
 
   void readClass(Rva address) {
     const Words object(image_, address);
-    const Words data(image_, dataOf(address));
+    const Words data = dataOf(address);
     ObjCClass result;
     result.name = data.string(data_field::kName);
     if (!object.isNull(class_field::kSuperclass))
@@ -111,7 +107,7 @@ private:
     readVariables(data, result.variables);
     result.properties = readProperties(data, data_field::kProperties);
     readMethods(data, data_field::kMethods, false, false, result.methods);
-    const Words metaData(image_, dataOf(object.pointer(class_field::kMetaclass)));
+    const Words metaData = dataOf(object.pointer(class_field::kMetaclass));
     readMethods(metaData, data_field::kMethods, true, false, result.methods);
     const std::string name = result.name;
     if (!metadata_.classes.emplace(name, std::move(result)).second)
@@ -123,7 +119,7 @@ private:
     if (owner.isNull(field))
       return names;
     const Words list(image_, owner.pointer(field));
-    for (std::uint32_t i = 0; i < list.number(0); ++i)
+    for (std::uint32_t i = 0; i < list.word(0); ++i)
       names.push_back(readProtocol(list.pointer(1 + i)));
     return names;
   }
@@ -143,9 +139,10 @@ private:
     readMethods(object, protocol_field::kOptionalClassMethods, true, true, result.methods);
     result.properties = readProperties(object, protocol_field::kProperties);
     // The extended encodings stand in one array, in the order of the four lists.
-    if (!result.methods.empty() && object.number(protocol_field::kSize) > 40 &&
-        !object.isNull(protocol_field::kExtendedEncodings)) {
-      const Words extended(image_, object.pointer(protocol_field::kExtendedEncodings));
+    const Words tail(image_, object.place(protocol_field::kNumbers), 2);
+    const std::uint32_t size = tail.number(0);
+    if (!result.methods.empty() && size > tail.place(0) - address && !tail.isNull(0)) {
+      const Words extended(image_, tail.pointer(0));
       for (std::uint32_t i = 0; i < result.methods.size(); ++i)
         result.methods[i].extendedEncoding = extended.string(i);
     }
@@ -155,7 +152,7 @@ private:
 
   void readMethods(const Words &owner, std::uint32_t field, bool isClassMethod, bool isOptional,
                    std::vector<ObjCMethod> &methods) {
-    forEachEntry(owner, field, 12, [&](const Words &entry) {
+    forEachEntry(owner, field, 3, 0, [&](const Words &entry) {
       ObjCMethod method;
       method.selector = entry.string(0);
       method.encoding = entry.string(1);
@@ -167,24 +164,27 @@ private:
   }
 
   void readVariables(const Words &data, std::vector<ObjCVariable> &variables) {
-    forEachEntry(data, data_field::kVariables, 20, [&](const Words &entry) {
+    forEachEntry(data, data_field::kVariables, 3, 2, [&](const Words &entry) {
       variables.push_back({entry.string(1), entry.string(2), image_.u32(entry.pointer(0))});
     });
   }
 
   std::vector<ObjCProperty> readProperties(const Words &owner, std::uint32_t field) {
     std::vector<ObjCProperty> properties;
-    forEachEntry(owner, field, 8, [&](const Words &entry) {
+    forEachEntry(owner, field, 2, 0, [&](const Words &entry) {
       properties.push_back({entry.string(0), entry.string(1)});
     });
     return properties;
   }
 
-  /// A list with the size of its entries and their number in front.
+  /// A list with the size of its entries and their number in front; an entry has `pointers` and,
+  /// behind them, numbers.
   template <class Each>
-  void forEachEntry(const Words &owner, std::uint32_t field, std::uint32_t size, Each each) {
+  void forEachEntry(const Words &owner, std::uint32_t field, std::uint32_t pointers,
+                    std::uint32_t numbers, Each each) {
     if (owner.isNull(field))
       return;
+    const std::uint32_t size = pointers * image_.pointerSize() + 4 * numbers;
     const Rva list = owner.pointer(field);
     const Words header(image_, list);
     if ((header.number(0) & ~3u) != size) {

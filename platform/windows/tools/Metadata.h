@@ -51,8 +51,8 @@ struct ObjCClass {
   std::vector<ObjCMethod> methods;
 };
 
-/// The Objective-C metadata of an image, read as the runtime would read it (the 32-bit form of the
-/// ABI with non-fragile instance variables).
+/// The Objective-C metadata of an image, read as the runtime would read it (the ABI with
+/// non-fragile instance variables, in the form of the image's pointers).
 struct Metadata {
   /// By name.
   std::map<std::string, ObjCClass> classes;

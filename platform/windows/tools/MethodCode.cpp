@@ -75,7 +75,7 @@ std::vector<MethodCode::Instruction> MethodCode::decode(const Chunk &chunk) cons
   std::smatch match;
   for (std::string line; std::getline(output, line);) {
     if (std::regex_match(line, match, kLine)) {
-      result.push_back({number(match[1]) - image_.preferredBase(), match[2],
+      result.push_back({static_cast<Rva>(number(match[1]) - image_.preferredBase()), match[2],
                         std::regex_replace(match[3].str(), kComment, "")});
     }
   }

@@ -82,10 +82,16 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
   const std::uint32_t optionalSize = reader.u16(nt + 20);
   image.characteristics_ = reader.u16(nt + 22);
   const std::size_t optional = nt + 24;
-  if (reader.u16(optional) != 0x10B)
-    throw FormatError("not a PE32 image");
+  const std::uint16_t form = reader.u16(optional);
+  if (form != 0x10B && form != 0x20B)
+    throw FormatError("neither a PE32 nor a PE32+ image");
+  const bool isWide = form == 0x20B;
+  image.pointerSize_ = isWide ? 8 : 4;
   image.entryPoint_ = reader.u32(optional + 16);
-  image.preferredBase_ = reader.u32(optional + 28);
+  // The wide form has no base of data, and so its base of the image begins there.
+  image.preferredBase_ =
+      isWide ? reader.u32(optional + 24) | std::uint64_t{reader.u32(optional + 28)} << 32
+             : reader.u32(optional + 28);
   const std::uint32_t size = reader.u32(optional + 56);
   const std::uint32_t headerSize = reader.u32(optional + 60);
   image.subsystem_ = reader.u16(optional + 68);
@@ -113,9 +119,11 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
     image.sections_.push_back(std::move(section));
   }
 
-  const std::uint32_t directories = reader.u32(optional + 92);
+  // Behind four sizes, of the stack and of the heap, as wide as pointers.
+  const std::size_t directoryCount = optional + 72 + 4 * image.pointerSize_ + 4;
+  const std::uint32_t directories = reader.u32(directoryCount);
   const auto directory = [&](std::size_t index) {
-    const std::size_t entry = optional + 96 + 8 * index;
+    const std::size_t entry = directoryCount + 4 + 8 * index;
     return index < directories ? Directory{reader.u32(entry), reader.u32(entry + 4)} : Directory{};
   };
   image.readExports(directory(0));
@@ -160,6 +168,11 @@ std::uint32_t Image::u32(Rva address) const {
   return data[0] | data[1] << 8 | data[2] << 16 | static_cast<std::uint32_t>(data[3]) << 24;
 }
 
+std::uint64_t Image::word(Rva address) const {
+  const std::uint64_t low = u32(address);
+  return pointerSize_ == 4 ? low : low | std::uint64_t{u32(address + 4)} << 32;
+}
+
 std::string Image::string(Rva address) const {
   std::string text;
   while (const std::uint8_t c = u8(address++))
@@ -180,9 +193,11 @@ void Image::readImports(Directory directory) {
     const std::string library = string(u32(entry + 12));
     const Rva slots = u32(entry + 16);
     const Rva names = u32(entry) ? u32(entry) : slots;
-    for (Rva offset = 0; u32(names + offset) != 0; offset += 4) {
-      const std::uint32_t value = u32(names + offset);
-      std::string name = value >> 31 ? join("#", value & 0xFFFF) : string(value + 2);
+    for (Rva offset = 0; word(names + offset) != 0; offset += pointerSize_) {
+      const std::uint64_t value = word(names + offset);
+      const bool isOrdinal = value >> (8 * pointerSize_ - 1);
+      std::string name =
+          isOrdinal ? join("#", value & 0xFFFF) : string(static_cast<Rva>(value) + 2);
       imports_.push_back({library, std::move(name), slots + offset});
     }
   }
@@ -216,7 +231,7 @@ void Image::readBaseRelocations(Directory directory) {
       if (kind == 0)
         continue; // padding
       const Rva rva = page + (entry & 0xFFF);
-      if (kind != 3 && kind != 7)
+      if (kind != 3 && kind != 7 && kind != 10)
         throw FormatError(join("base relocation of kind ", kind, " at ", Hex{rva}));
       baseRelocations_.push_back({rva, static_cast<RelocationKind>(kind)});
     }

@@ -10,7 +10,7 @@
 
 namespace wrt::pe {
 
-/// The file is not a PE32 image, or something in it points outside of it.
+/// The file is not a PE32 or PE32+ image, or something in it points outside of it.
 struct FormatError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
@@ -35,7 +35,7 @@ struct Section {
 struct Import {
   std::string library;
   std::string name;
-  /// The word that the loader fills.
+  /// The pointer that the loader fills.
   Rva slot;
 };
 
@@ -45,15 +45,16 @@ struct Export {
   std::uint32_t ordinal;
 };
 
-/// Kinds of base relocations that an ARM image has (Microsoft PE and COFF Specification 11.0).
-enum class RelocationKind : std::uint8_t { kWord = 3, kThumbMove = 7 };
+/// Kinds of base relocations that an ARM image has, of 32 or of 64 bits (Microsoft PE and COFF
+/// Specification 11.0).
+enum class RelocationKind : std::uint8_t { kWord = 3, kThumbMove = 7, kWideWord = 10 };
 
 struct BaseRelocation {
   Rva rva;
   RelocationKind kind;
 };
 
-/// A PE32 image, laid out as the loader maps it at its preferred base but with nothing applied yet.
+/// An image, laid out as the loader maps it at its preferred base but with nothing applied yet.
 /// Every reading function throws `FormatError` when it would leave the image.
 class Image {
 public:
@@ -64,7 +65,9 @@ public:
   std::uint16_t characteristics() const { return characteristics_; }
   std::uint16_t dllCharacteristics() const { return dllCharacteristics_; }
   std::uint16_t subsystem() const { return subsystem_; }
-  std::uint32_t preferredBase() const { return preferredBase_; }
+  std::uint64_t preferredBase() const { return preferredBase_; }
+  /// In bytes: 4 in a PE32 image, 8 in a PE32+ one.
+  std::uint32_t pointerSize() const { return pointerSize_; }
   Rva entryPoint() const { return entryPoint_; }
   /// In memory, in bytes.
   std::uint32_t size() const { return static_cast<std::uint32_t>(memory_.size()); }
@@ -89,9 +92,11 @@ public:
   std::uint8_t u8(Rva address) const { return *bytes(address, 1); }
   std::uint16_t u16(Rva address) const;
   std::uint32_t u32(Rva address) const;
+  /// A word as wide as a pointer.
+  std::uint64_t word(Rva address) const;
   std::string string(Rva address) const;
-  /// The address in a pointer-sized word of the image as an RVA.
-  Rva pointer(Rva address) const { return u32(address) - preferredBase_; }
+  /// The address in a pointer of the image as an RVA.
+  Rva pointer(Rva address) const { return static_cast<Rva>(word(address) - preferredBase_); }
 
 private:
   struct Directory {
@@ -108,7 +113,8 @@ private:
   std::uint16_t characteristics_ = 0;
   std::uint16_t dllCharacteristics_ = 0;
   std::uint16_t subsystem_ = 0;
-  std::uint32_t preferredBase_ = 0;
+  std::uint64_t preferredBase_ = 0;
+  std::uint32_t pointerSize_ = 4;
   Rva entryPoint_ = 0;
   std::vector<Section> sections_;
   std::vector<Import> imports_;

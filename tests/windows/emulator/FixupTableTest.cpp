@@ -62,8 +62,8 @@ TEST_F(FixupTableCheck, NamesRecordsThatAreMissingOrTooMany) {
 TEST_F(FixupTableCheck, TheToolFailsForAStaleTable) {
   auto bytes = test::readFile(test::imageFile);
   const FixupRecord &record = good.present[1];
-  const std::uint32_t words[] = {image.preferredBase() + record.target, record.addend,
-                                 image.preferredBase() + record.slot, record.kindWord};
+  const auto base = static_cast<Rva>(image.preferredBase());
+  const std::uint32_t words[] = {base + record.target, 0, base + record.slot, kWordFixup};
   std::vector<std::uint8_t> pattern(sizeof words);
   std::memcpy(pattern.data(), words, sizeof words);
   const auto found = std::search(bytes.begin(), bytes.end(), pattern.begin(), pattern.end());
