@@ -4,7 +4,9 @@
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR ARM)
 
+# What the compiler and the linker call the architecture.
 set(WRT_ARM_TARGET thumbv7-unknown-windows-gnu)
+set(WRT_MACHINE arm)
 foreach(language C CXX ASM OBJC OBJCXX)
   set(CMAKE_${language}_COMPILER_TARGET ${WRT_ARM_TARGET})
 endforeach()

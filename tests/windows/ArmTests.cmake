@@ -39,6 +39,19 @@ add_test(NAME windows.product.two_folders
   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/two-folders.sh ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}
           ${CMAKE_BINARY_DIR}/two-folders)
 
+# The library for another architecture, as far as it can be tried: compiled, linked and read.
+file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.mm ${PROJECT_SOURCE_DIR}/marshal/*.mm
+  ${PROJECT_SOURCE_DIR}/platform/windows/patcher/*.cpp ${PROJECT_SOURCE_DIR}/platform/windows/runtime/*.cpp)
+set_source_files_properties(${PROJECT_SOURCE_DIR}/core/WRTHSTRINGBridge.mm PROPERTIES COMPILE_OPTIONS -fobjc-arc)
+add_library(other_architecture OBJECT ${sources} ${PROJECT_BINARY_DIR}/Classes.mm)
+target_link_libraries(other_architecture PRIVATE wrt_library_code wrt_generated)
+target_compile_options(other_architecture PRIVATE --target=aarch64-pc-windows-gnu -Wno-nullability-completeness)
+file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/other-architecture.rsp
+  CONTENT "$<JOIN:$<TARGET_OBJECTS:other_architecture>,\n>\n")
+add_test(NAME windows.other_architecture
+  COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/other-architecture.sh ${CMAKE_BINARY_DIR}
+          ${CMAKE_CURRENT_BINARY_DIR}/other-architecture.rsp ${CMAKE_CURRENT_BINARY_DIR}/other-architecture)
+
 # What is installed starts up and answers as what was built.
 set(kit ${CMAKE_BINARY_DIR}/kit)
 add_test(NAME windows.kit.install

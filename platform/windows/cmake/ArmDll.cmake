@@ -19,7 +19,7 @@ function(wrt_import_library name definition)
   file(MAKE_DIRECTORY "${WRT_ARM_IMPORT_LIBRARIES}")
   add_custom_command(OUTPUT "${library}"
     COMMAND ${CMAKE_COMMAND} -E cat "${definition}" ${arg_UNPARSED_ARGUMENTS} > "${complete}"
-    COMMAND ${WRT_DLLTOOL} -m arm -d "${complete}" -l "${library}"
+    COMMAND ${WRT_DLLTOOL} -m ${WRT_MACHINE} -d "${complete}" -l "${library}"
     DEPENDS "${definition}" ${arg_UNPARSED_ARGUMENTS}
     COMMENT "Import library of ${name}" VERBATIM)
   add_custom_target(${name}_imports DEPENDS "${library}")
@@ -77,7 +77,7 @@ function(wrt_add_arm_dll target)
   # Names of sections in images have 8 characters: the lists of the Objective-C metadata share one.
   set(lists classlist nlclslist catlist protolist classrefs superrefs selrefs protorefs)
   list(TRANSFORM lists REPLACE "(.+)" "/merge:.objc_\\1=objclist")
-  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols -runtime-pseudo-reloc:no /nologo /dll /machine:arm
+  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols -runtime-pseudo-reloc:no /nologo /dll /machine:${WRT_MACHINE}
     /entry:${arg_ENTRY} /nodefaultlib /subsystem:windows /base:0x10000000
     /dynamicbase /nxcompat /appcontainer /Brepro
     # All code and data stay: members are reached through metadata that no symbol refers to. Folding

@@ -22,7 +22,7 @@ static_assert(sizeof(NSInteger) == sizeof(void *), "as wide as a pointer");
 #endif
 
 /// The largest number there is.
-#define NSNotFound ((NSInteger)((NSUInteger)-1 >> 1))
+#define NSNotFound ((NSInteger)(~(NSUInteger)0 >> 1))
 
 #if defined(__cplusplus)
 #define FOUNDATION_EXTERN extern "C"
