@@ -78,7 +78,7 @@ std::string pathOf(const UriUriA &uri, bool hasHost) {
   for (const UriPathSegmentA *segment = uri.pathHead; segment != nullptr; segment = segment->next)
     (path += '/') += viewOf(segment->text);
   if (path.empty())
-    return hasHost ? "/" : "";
+    return hasHost || uri.absolutePath ? "/" : "";
   return hasHost || uri.absolutePath ? path : path.substr(1);
 }
 
@@ -130,6 +130,21 @@ std::optional<ParsedUri> describe(UriHolder &holder) {
   return result;
 }
 
+/// Converts what stands between the characters U+0000 of `text`, which end a text for uriparser,
+/// and puts `null` in their places.
+template <class Convert>
+std::string convertPieces(std::string_view text, std::string_view null, const Convert &convert) {
+  std::string result;
+  for (;;) {
+    const size_t end = text.find('\0');
+    result += convert(text.substr(0, end));
+    if (end == text.npos)
+      return result;
+    result += null;
+    text.remove_prefix(end + 1);
+  }
+}
+
 } // namespace
 
 std::string ParsedUri::extension() const {
@@ -163,18 +178,22 @@ std::optional<ParsedUri> combineUri(std::string_view base, std::string_view rela
 }
 
 std::string escapeUriComponent(std::string_view text) {
-  std::string result(text.size() * 3 + 1, '\0'); // each byte may become an escape
-  const char *end =
-      uriEscapeExA(text.data(), text.data() + text.size(), result.data(), false, false);
-  result.resize(static_cast<size_t>(end - result.data()));
-  return result;
+  return convertPieces(text, "%00", [](std::string_view piece) {
+    std::string result(piece.size() * 3 + 1, '\0'); // each byte may become an escape
+    const char *end =
+        uriEscapeExA(piece.data(), piece.data() + piece.size(), result.data(), false, false);
+    result.resize(static_cast<size_t>(end - result.data()));
+    return result;
+  });
 }
 
 std::string unescapeUriComponent(std::string_view text) {
-  std::string result(text);
-  const char *end = uriUnescapeInPlaceExA(result.data(), false, URI_BR_DONT_TOUCH);
-  result.resize(static_cast<size_t>(end - result.data()));
-  return result;
+  return convertPieces(text, std::string_view("", 1), [](std::string_view piece) {
+    std::string result(piece);
+    const char *end = uriUnescapeInPlaceExA(result.data(), false, URI_BR_DONT_TOUCH);
+    result.resize(static_cast<size_t>(end - result.data()));
+    return result;
+  });
 }
 
 } // namespace wrt::components
