@@ -3,8 +3,8 @@
 #   WRT_DECLARATIONS                the declaration files
 #   WRT_GENERATED_HEADERS
 #   WRT_CLASS_SOURCES               to be compiled into the library
-#   WRT_CATALOGUE, WRT_IDENTIFIERS, WRT_SURFACE_DIGEST   the tables of all methods, of all names and
-#                                   identifiers, and of all classes
+#   WRT_CATALOGUE, WRT_IDENTIFIERS, WRT_MEMBERS, WRT_SURFACE_DIGEST   the tables of all methods, of all
+#                                   names and identifiers, of all members, and of all classes
 #   WRT_BRIDGE_EXPORTS              the names that WRTBridge_zorvex.dll has for the bridges
 #   WRT_PLATFORM_SOURCES            delegate factories and activation names, for the embedded platform
 #   WRT_GENERATED_OUTPUTS           all that is made
@@ -35,8 +35,9 @@ set(WRT_GENERATED_HEADERS ${outputs_Header})
 set(WRT_CLASS_SOURCES ${outputs_LibrarySource})
 set(WRT_CATALOGUE ${outputs_Catalogue})
 set(WRT_IDENTIFIERS ${outputs_Identifiers})
+set(WRT_MEMBERS ${outputs_Members})
 set(WRT_SURFACE_DIGEST ${outputs_Digest})
 set(WRT_BRIDGE_EXPORTS ${outputs_Exports})
 set(WRT_PLATFORM_SOURCES ${outputs_PlatformSource})
 set(WRT_GENERATED_OUTPUTS ${WRT_GENERATED_HEADERS} ${WRT_CLASS_SOURCES} ${WRT_PLATFORM_SOURCES}
-  ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_SURFACE_DIGEST} ${WRT_BRIDGE_EXPORTS})
+  ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_MEMBERS} ${WRT_SURFACE_DIGEST} ${WRT_BRIDGE_EXPORTS})

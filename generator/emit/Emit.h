@@ -38,6 +38,7 @@ std::string emitCollections(const Input &input);
 std::string emitCatalogue(const Input &input);
 std::string emitDigest(const Input &input);
 std::string emitIdentifiers(const Input &input);
+std::string emitMembers(const Input &input);
 
 } // namespace bridgegen
 

@@ -9,7 +9,16 @@
 namespace bridgegen {
 
 /// What the build does with an output.
-enum class Use { Header, LibrarySource, PlatformSource, Exports, Catalogue, Identifiers, Digest };
+enum class Use {
+  Header,
+  LibrarySource,
+  PlatformSource,
+  Exports,
+  Catalogue,
+  Identifiers,
+  Members,
+  Digest
+};
 
 /// One of the files that a run makes for each unit, or for all of them together.
 struct Output {

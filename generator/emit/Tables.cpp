@@ -3,6 +3,7 @@
 #include "generator/output/Writer.h"
 #include "generator/project/BridgeClass.h"
 
+#include <numeric>
 #include <set>
 
 namespace bridgegen {
@@ -78,10 +79,19 @@ std::string emitIdentifiers(const Input &input) {
     lines.insert("class\t" + bridge.type->bridgeName + "\t" + bridge.name + "\t" +
                  bridge.type->name + "\t" + (standsFor ? standsFor->bridgeName : "-") + "\n");
   });
-  std::string text;
-  for (const std::string &line : lines)
-    text += line;
-  return text;
+  return std::accumulate(lines.begin(), lines.end(), std::string());
+}
+
+std::string emitMembers(const Input &input) {
+  std::set<std::string> lines;
+  forEachBridge(input.model, [&](const BridgeClass &bridge) {
+    for (const BridgeMethod &method : bridge.methods) {
+      if (method.member)
+        lines.insert(method.interface->bridgeName + "\t" + std::to_string(method.member->slot) +
+                     "\t" + method.interface->name + "." + method.member->functionName() + "\n");
+    }
+  });
+  return std::accumulate(lines.begin(), lines.end(), std::string());
 }
 
 std::string emitDigest(const Input &input) {
