@@ -6,6 +6,8 @@
 #   lib/cmake/WRTObjcBridge/   find_package(WRTObjcBridge)
 #   lib/pkgconfig/             pkg-config wrtobjcbridge, wrtsupport
 #   include/WRTSupport/        the application layer's headers and module map
+#   include/WRTDebug/          what an application may ask while it is debugged
+#   lib/wrtobjcbridge/         the tables of the trace and of the debuggers, and the debuggers' scripts
 #
 # Nothing in there names a folder of the build or of the installation: the tree may be moved.
 include(CMakePackageConfigHelpers)
@@ -41,8 +43,8 @@ target_link_libraries(WRTObjcBridge INTERFACE $<INSTALL_INTERFACE:WRTObjcBridge:
 target_link_libraries(WRTObjcBridge INTERFACE
   $<INSTALL_INTERFACE:WRTObjcBridge::WRTBridge_zorvex>)
 
-set(libraries WRTObjcBridge WRTSupport zorvex WRTLedger CrossPortability_zorvex WRTBridge_zorvex
-  WRTBridgeUtil_zorvex)
+set(libraries WRTObjcBridge WRTSupport WRTTrace zorvex WRTLedger CrossPortability_zorvex
+  WRTBridge_zorvex WRTBridgeUtil_zorvex)
 # An application keeps running with a later library of the same major version (docs/stability.md).
 set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN"
   VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
@@ -50,6 +52,9 @@ install(TARGETS ${libraries} wrt_application EXPORT WRTObjcBridge
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
+install(FILES ${WRT_DEBUG_FILES} DESTINATION ${CMAKE_INSTALL_LIBDIR}/wrtobjcbridge)
+install(FILES ${PROJECT_SOURCE_DIR}/platform/linux/ledger/WRTLedger.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/WRTDebug)
 install(DIRECTORY ${PROJECT_BINARY_DIR}/include/WRTObjcBridge ${PROJECT_BINARY_DIR}/include/WRTSupport
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/package/module.modulemap

@@ -2,16 +2,16 @@
 #define WRT_TESTS_SWEEP_LAYOUT_H
 
 #include "Machine.h"
-#include "tests/exhaustive/Encoding.h"
+#include "debug/Encoding.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace wrt::sweep {
 
+using debug::EncodedType;
 using emulator::Arguments;
 using emulator::Registers;
-using test::EncodedType;
 using Bytes = std::vector<std::uint8_t>;
 
 /// In bytes, on the target.

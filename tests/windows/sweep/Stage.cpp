@@ -113,7 +113,7 @@ std::vector<std::string> Stage::call(const pe::CatalogueEntry &method, Outcome o
   Call call{method, outcome, {}, {}, {}, {}, {}, {}, 0, {}};
   if (!implementations_.count(key(method)))
     return {"no such method"};
-  const std::vector<EncodedType> types = test::parseEncoding(
+  const std::vector<EncodedType> types = debug::parseEncoding(
       method.extendedEncoding.empty() || method.extendedEncoding == "-" ? method.encoding
                                                                         : method.extendedEncoding);
   call.result = types.front();

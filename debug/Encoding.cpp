@@ -1,8 +1,8 @@
-#include "tests/exhaustive/Encoding.h"
+#include "debug/Encoding.h"
 
 #include <cctype>
 
-namespace wrt::test {
+namespace wrt::debug {
 
 namespace {
 
@@ -22,8 +22,8 @@ public:
     case '@':
       if (take('?')) {
         type.kind = '?';
-        if (peek() == '<')
-          skipSignature();
+        if (!atEnd() && peek() == '<')
+          type.name = signature();
       } else if (take('"')) {
         while (peek() != '"')
           type.name += next();
@@ -67,13 +67,16 @@ private:
     ++at_;
     return true;
   }
-  /// A block's own encoding, which may have protocols and blocks in it.
-  void skipSignature() {
+  /// A block's own encoding, without the brackets around it; there may be protocols and blocks in
+  /// it.
+  std::string signature() {
+    const size_t start = at_ + 1;
     int depth = 0;
     do {
       const char c = next();
       depth += (c == '<') - (c == '>');
     } while (depth > 0);
+    return std::string(text_.substr(start, at_ - 1 - start));
   }
 
   std::string_view text_;
@@ -86,6 +89,8 @@ ffi_type *EncodedType::ffi() const {
   switch (kind) {
   case 'v':
     return &ffi_type_void;
+  case 'c':
+    return &ffi_type_sint8;
   case 'B':
   case 'C':
     return &ffi_type_uint8;
@@ -127,4 +132,4 @@ std::vector<EncodedType> parseEncoding(std::string_view text) {
   return types;
 }
 
-} // namespace wrt::test
+} // namespace wrt::debug

@@ -1,0 +1,94 @@
+#!/usr/bin/env bash
+# Shows a program to gdb or lldb in batch mode and looks for what they are to show. Where the debugger
+# cannot be had, or may not look at processes, ends with 77, which CTest counts as skipped.
+# Usage: tests/debug/debuggers.sh gdb|lldb BUILD
+set -euo pipefail
+debugger=$1 build=$2
+work=$build/debugger-test/$debugger
+rm -rf "$work"
+mkdir -p "$work"
+skip() { printf 'debuggers: skipped, %s\n' "$1"; exit 77; }
+
+# look VIEWS COMMAND...: what the debugger prints.
+case $debugger in
+  gdb)
+    command -v gdb > "$work/which" || skip "there is no gdb"
+    look() {
+      local views=$1 arguments=()
+      for each in 'set debuginfod enabled off' 'set pagination off' 'set breakpoint pending on' \
+        "source $views/wrt_gdb.py" "${@:2}"; do arguments+=(-ex "$each"); done
+      gdb -nx -q -batch "${arguments[@]}" 2>&1 || true
+    }
+    program='file' break='break' show='print' off='set wrt-ask off'
+    ;;
+  lldb)
+    command -v lldb-19 > "$work/which" || skip "there is no lldb-19"
+    look() {
+      local views=$1 arguments=()
+      for each in 'settings set symbols.enable-external-lookup false' \
+        "command script import $views/wrt_lldb.py" "${@:2}"; do arguments+=(-o "$each"); done
+      lldb-19 -x -b "${arguments[@]}" 2>&1 || true
+    }
+    program='target create' break='breakpoint set -n' show='frame variable' off='wrt-ask off'
+    ;;
+esac
+
+failed=0
+# shows TITLE PATTERN...: each pattern fits a line of $output.
+shows() {
+  for pattern in "${@:2}"; do
+    grep -qE -- "$pattern" <<< "$output" || { printf 'debuggers: %s, %s: no "%s" in\n%s\n' "$debugger" "$1" "$pattern" "$output" >&2; failed=1; }
+  done
+}
+
+views=$build/wrtobjcbridge
+output=$(look "$views" "$program $build/debuggee" "$break look" run "$show bridge" "$show string" \
+  "$show identifier" "$show status" "$show plain" "$off" "$show bridge" \
+  "$break WRTIUnknownQueryInterface" continue wrt-member kill)
+grep -qE 'ptrace: Operation not permitted|personality set failed|process launch failed' <<< "$output" && skip "processes may not be looked at: $output"
+shows "a process" \
+  'WRTIStorageItemBridge 0x[0-9a-f]+ of Windows\.Foundation\.Uri, 2 references to the bridge, 2 to the object$' \
+  '"Grüße"' 'IStorageItem \{4207a996-ca2f-42f7-bde8-8b10457a7f30\}' 'E_BOUNDS \(0x8000000B\)' \
+  'WRTIStorageItemBridge 0x[0-9a-f]+ of an object 0x[0-9a-f]+ \(vtable for .*Uri.*\), 2 references to the bridge$' \
+  '^(\(lldb\) )?Windows\.Storage\.IStorageItem\.get_Name, slot 11 of IStorageItem$'
+
+# Tables of another version.
+cp -R "$views" "$work/views"
+printf 'none\n' > "$work/views/identifiers.tsv"
+output=$(look "$work/views")
+shows "other tables" '^wrt: .*/identifiers.tsv is of another version: line 1 has 1 columns$'
+rm "$work/views/identifiers.tsv"
+output=$(look "$work/views")
+shows "no tables" '^wrt: identifiers.tsv is not in '
+
+# Core files, which gdb writes: with symbols, and of libraries without.
+if command -v gdb > "$work/which"; then
+  write_core() { # PROGRAM CORE
+    gdb -nx -q -batch -ex 'set debuginfod enabled off' -ex 'set breakpoint pending on' -ex "break ${3-look}" -ex run \
+      -ex "generate-core-file $2" -ex kill "$1" > "$work/gdb" 2>&1 || cat "$work/gdb" >&2
+  }
+  write_core "$build/debuggee" "$work/core"
+  if [[ $debugger == gdb ]]; then
+    output=$(look "$views" "file $build/debuggee" "core-file $work/core" "print bridge" "print string")
+  else
+    output=$(look "$views" "target create $build/debuggee --core $work/core" "frame variable bridge string")
+  fi
+  shows "a core file" 'WRTIStorageItemBridge 0x[0-9a-f]+ of an object 0x[0-9a-f]+ \(vtable for .*Uri.*\), 2 references to the bridge' '"Grüße"'
+
+  mkdir "$work/stripped"
+  cp "$build"/*.so.1 "$work/stripped/"
+  cp "$build/debuggee" "$work/stripped/"
+  strip "$work/stripped"/*
+  (export LD_LIBRARY_PATH=$work/stripped; write_core "$work/stripped/debuggee" "$work/plain-core" WRTIUnknownQueryInterface)
+  if [[ $debugger == gdb ]]; then
+    output=$(look "$views" "file $work/stripped/debuggee" "core-file $work/plain-core" wrt-member)
+  else
+    output=$(look "$views" "target create $work/stripped/debuggee --core $work/plain-core" wrt-member)
+  fi
+  shows "a core file without symbols" '^wrt-member: neither this frame nor one that called it is of wrt::call'
+else
+  printf 'debuggers: core files are left out, there is no gdb to write them\n'
+fi
+
+[[ $failed -eq 0 ]] && printf 'debuggers: %s shows what it is to show\n' "$debugger"
+exit $failed
