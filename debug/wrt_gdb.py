@@ -148,7 +148,8 @@ def install():
     try:
         views = wrt_views.Views(GdbProcess(), wrt_views.Tables())
     except wrt_views.Unknown as unknown:
-        raise gdb.GdbError(f"wrt: {unknown}") from None
+        print(f"wrt: {unknown}")
+        return
     Ask(views)
     Member(views)
     gdb.pretty_printers.append(lambda value: printer(views, value))

@@ -24,6 +24,12 @@ class LldbProcess(wrt_views.Process):
         error = lldb.SBError()
         data = self.process.ReadMemory(address, size, error)
         if error.Fail():
+            # Core files leave out what the files of the libraries have.
+            place = lldb.SBAddress(address, self.target)
+            found = place.GetSection().GetSectionData(place.GetOffset(), size)
+            if found.GetByteSize() == size:
+                return bytes(found.uint8)
+        if error.Fail():
             raise wrt_views.Unknown(error.GetCString())
         return data
 

@@ -77,7 +77,7 @@ void Crossing::write(const Ending &ending) const {
   else if (!ending.isCalled)
     line += " not called, " + statusText(ending.status);
   else
-    line += " " + statusText(ending.status);
+    line += " " + (ending.isEmpty ? "failed" : statusText(ending.status));
   if (!missing_.empty() && ending.isFailure())
     line += ", no " + missing_;
   line += " " + durationText(duration_) + "\n";

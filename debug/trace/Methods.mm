@@ -63,6 +63,7 @@ private:
     places[cif->nargs - 1] = &place;
     ffi_call(cif, original_, result, places.data());
     const HRESULT status = *place ? static_cast<HRESULT>([*place code]) : status::kNoInterface;
+    // The queries that accessors are made of do not know whose they are.
     if (!*static_cast<void **>(result) && method_.member.ends_with(method_.interface))
       Crossing::current()->note(method_.interface, status);
   }
@@ -98,11 +99,14 @@ private:
 
     Ending ending;
     if (hasError && error == kUntouched) {
-      ending = {crossing.missingStatus(), false, false};
+      ending.status = crossing.missingStatus();
+      ending.isCalled = false;
     } else if (hasError) {
       if (callers)
         *callers = error;
       ending.status = error ? static_cast<HRESULT>([error code]) : status::kOk;
+    } else if (method_.what == Method::What::Member) {
+      ending.isEmpty = !*static_cast<void **>(result);
     }
     crossing.end(ending);
     texts.showAfter(places, ending);

@@ -16,8 +16,9 @@ struct Ending {
   HRESULT status = 0;
   bool isCalled = true;  ///< the interface function was; false when there was no interface for it
   bool isRaised = false; ///< an exception passed through
+  bool isEmpty = false;  ///< an activation, which tells no status, gave nothing
 
-  bool isFailure() const { return status < 0 || !isCalled || isRaised; }
+  bool isFailure() const { return status < 0 || !isCalled || isRaised || isEmpty; }
 };
 
 /// What the environment asks of the trace.

@@ -36,6 +36,7 @@ expect 0 traced WRT_TRACE_ALIVE=1 << 'LINES'
 1 0 > -[WRTTestClassBridge inDelegateReturnStringWithArg:error:] TestInterface.InDelegateReturnString(^PLACE) ok
 1 1 <   -[WRTTestClassBridge inDelegateReturnStringWithArg:error:] TestInterface.InDelegateReturnString.Invoke(PLACE) raised Refusal
 1 0 > -[WRTTestClassBridge inDelegateReturnStringWithArg:error:] TestInterface.InDelegateReturnString(^PLACE) ok
+1 0 > +[WRTUriBridge activateInstance] Windows.Foundation.Uri.ActivateInstance() = NULL failed
 1 0 > +[WRTUriBridge cast:] (<WRTTestClassBridge PLACE>) = <WRTUriBridge PLACE> ok
 1 0 > -[WRTUriBridge getPortWithError:] Windows.Foundation.IUriRuntimeClass.get_Port() = 0 not called, E_NOINTERFACE (0x80004002), no IUriRuntimeClass
 1 0 > -[WRTUriBridge getPortWithError:] Windows.Foundation.IUriRuntimeClass.get_Port() = 0 not called, E_NOINTERFACE (0x80004002), no IUriRuntimeClass

@@ -59,6 +59,7 @@ int main(void) {
   EXPECT(point.x != 0);
   EXPECT(![WRTUriBridge createUriWithUri:@"no address" error:&error] && error);
   callBlocks();
+  EXPECT(![WRTUriBridge activateInstance]);
 
   NSError *const mark = [NSError errorWithDomain:@"mark" code:1 userInfo:nil];
   error = mark;
