@@ -1,6 +1,7 @@
 #include "debug/trace/Alive.h"
 
 #include "debug/trace/Crossing.h"
+#include "debug/trace/Methods.h"
 
 #import <WRTObjcBridge/WRTUnknownBridge.h>
 
@@ -46,10 +47,10 @@ void tracedDealloc(id self, SEL selector) {
 
 template <class Function>
 void replace(const char *selector, Function by, Function &original) {
-  ::Method method =
-      class_getInstanceMethod(objc_lookUpClass("WRTUnknownBridge"), sel_registerName(selector));
+  Class root = objc_lookUpClass("WRTUnknownBridge");
+  ::Method method = class_getInstanceMethod(root, sel_registerName(selector));
   original = reinterpret_cast<Function>(reinterpret_cast<void *>(method_getImplementation(method)));
-  method_setImplementation(method, reinterpret_cast<IMP>(reinterpret_cast<void *>(by)));
+  replaceMethod(root, method, reinterpret_cast<IMP>(reinterpret_cast<void *>(by)));
 }
 
 } // namespace

@@ -25,7 +25,7 @@ alignas(16) char untouched[16];
 /// A method whose place has been taken.
 class Traced {
 public:
-  Traced(const Method &method, std::vector<EncodedType> types, ::Method place)
+  Traced(const Method &method, std::vector<EncodedType> types, Class owner, ::Method place)
       : method_(method), closure_(std::move(types), called, this),
         original_(reinterpret_cast<void (*)()>(method_getImplementation(place))) {
     for (size_t i = kFirst; i < closure_.count(); ++i) {
@@ -33,7 +33,7 @@ public:
       if (type.kind == '?' && !type.name.empty())
         blocks_.emplace_back(i, std::make_unique<BlockArgument>(method, type.name));
     }
-    method_setImplementation(place, reinterpret_cast<IMP>(closure_.code()));
+    replaceMethod(owner, place, reinterpret_cast<IMP>(closure_.code()));
   }
   Traced(const Traced &) = delete;
 
@@ -147,6 +147,13 @@ bool areAlike(const EncodedType &left, const EncodedType &right) {
 
 } // namespace
 
+IMP replaceMethod(Class owner, ::Method method, IMP by) {
+  // The runtime writes the new code into the class's dispatch table, which all classes share that
+  // have received no message yet; asking makes the class one of its own.
+  class_getMethodImplementation(owner, method_getName(method));
+  return method_setImplementation(method, by);
+}
+
 void traceMethods(const Settings &settings) {
   static auto &all = *new std::deque<Traced>;
   for (const Method &method : settings.tables.methods) {
@@ -167,7 +174,8 @@ void traceMethods(const Settings &settings) {
     if (!std::ranges::equal(debug::parseEncoding(method.encoding),
                             debug::parseEncoding(method_getTypeEncoding(place)), areAlike))
       refuse(method, " has other types");
-    all.emplace_back(method, debug::parseEncoding(method.extendedEncoding), place);
+    all.emplace_back(method, debug::parseEncoding(method.extendedEncoding),
+                     method.isClassMethod ? object_getClass(static_cast<id>(type)) : type, place);
   }
 }
 

@@ -43,11 +43,12 @@ std::string tablesFolder() {
       if (settings.output < 0)
         throw std::system_error(errno, std::generic_category(), options.file);
     }
-    traceMethods(settings);
+    // Before any subclass has received a message.
     if (options.listsAlive) {
       traceLives();
       std::atexit(WRTTraceWriteAlive);
     }
+    traceMethods(settings);
   } catch (const std::exception &failure) {
     std::fprintf(stderr, "WRTTrace: %s\n", failure.what());
     std::_Exit(2);
