@@ -44,13 +44,17 @@ shows() {
 views=$build/wrtobjcbridge
 output=$(look "$views" "$program $build/debuggee" "$break look" run "$show bridge" "$show string" \
   "$show identifier" "$show status" "$show plain" "$off" "$show bridge" \
-  "$break WRTIUnknownQueryInterface" continue wrt-member kill)
+  "$break WRTIUnknownQueryInterface" continue wrt-member bt kill)
 grep -qE 'ptrace: Operation not permitted|personality set failed|process launch failed' <<< "$output" && skip "processes may not be looked at: $output"
 shows "a process" \
   'WRTIStorageItemBridge 0x[0-9a-f]+ of Windows\.Foundation\.Uri, 2 references to the bridge, 2 to the object$' \
   '"Grüße"' 'IStorageItem \{4207a996-ca2f-42f7-bde8-8b10457a7f30\}' 'E_BOUNDS \(0x8000000B\)' \
   'WRTIStorageItemBridge 0x[0-9a-f]+ of an object 0x[0-9a-f]+ \(vtable for .*Uri.*\), 2 references to the bridge$' \
   '^(\(lldb\) )?Windows\.Storage\.IStorageItem\.get_Name, slot 11 of IStorageItem$'
+
+# Unoptimized, the generated method has a frame of its own.
+grep -q '^CMAKE_BUILD_TYPE:.*=Debug$' "$build/CMakeCache.txt" &&
+  shows "the frames of linux-debug" '-\[WRTIStorageItemBridge getNameWithError:\]'
 
 # Tables of another version.
 cp -R "$views" "$work/views"
