@@ -81,5 +81,11 @@ other '20s/\t.*//' "BUILD/trace-test/tables/catalogue.tsv is of another version:
 page=$(dirname "${BASH_SOURCE[0]}")/../../docs/debugging.md
 grep -E '^4711 0 > ' "$page" | sed -E 's/^4711/1/; s/0x[0-9a-f]{9,}/PLACE/g; s/ [0-9.]+us$//' | expect 0 miscast
 
+# An application with handlers that outlive the call does what it does untraced.
+tour() { TMPDIR=$work "$build/tour" "$(dirname "${BASH_SOURCE[0]}")/../../examples/data" | grep -v '^The summary is in '; }
+tour > "$work/untraced"
+(export LD_PRELOAD=$build/libWRTTrace.so WRT_TRACE_FILE=$work/lines; tour) | diff "$work/untraced" - >&2 ||
+  { printf 'trace: the tour differs\n' >&2; failed=1; }
+
 [[ $failed -eq 0 ]] && printf 'trace: %d runs, each as it should be\n' "$cases"
 exit $failed
