@@ -14,7 +14,7 @@ cases=0
 expect() {
   local status=0 wanted=$1 program=$2
   shift 2
-  (export LD_PRELOAD=$build/libWRTTrace.so WRT_LOG_LEVEL=1 "$@"; exec "$build/$program") > "$work/out" 2> "$work/all" || status=$?
+  (export LD_LIBRARY_PATH=$build LD_PRELOAD=libWRTTrace.so WRT_LOG_LEVEL=1 "$@"; exec "$build/$program") > "$work/out" 2> "$work/all" || status=$?
   awk '{ if (!($1 in threads) && $1 ~ /^[0-9]+$/) threads[$1] = ++count; sub(/^[0-9]+ /, threads[$1] " ") } 1' "$work/all" |
     sed -E "s/0x[0-9a-f]{9,}/PLACE/g; s/ [0-9.]+us\$//; s|$build|BUILD|g" > "$work/lines"
   diff - "$work/lines" >&2 || { printf 'trace: %s %s: differs\n' "$program" "$*" >&2; failed=1; }
@@ -84,7 +84,7 @@ grep -E '^4711 0 > ' "$page" | sed -E 's/^4711/1/; s/0x[0-9a-f]{9,}/PLACE/g; s/ 
 # An application with handlers that outlive the call does what it does untraced.
 tour() { TMPDIR=$work "$build/tour" "$(dirname "${BASH_SOURCE[0]}")/../../examples/data" | grep -v '^The summary is in '; }
 tour > "$work/untraced"
-(export LD_PRELOAD=$build/libWRTTrace.so WRT_TRACE_FILE=$work/lines; tour) | diff "$work/untraced" - >&2 ||
+(export LD_LIBRARY_PATH=$build LD_PRELOAD=libWRTTrace.so WRT_TRACE_FILE=$work/lines; tour) | diff "$work/untraced" - >&2 ||
   { printf 'trace: the tour differs\n' >&2; failed=1; }
 
 [[ $failed -eq 0 ]] && printf 'trace: %d runs, each as it should be\n' "$cases"

@@ -50,6 +50,15 @@ foreach(source IN ITEMS application.m application.mm linked.cpp support.m)
   run("find_package: running ${source}" ${work}/package/${source}.run ${COMPONENT})
 endforeach()
 
+# The trace finds its tables where they are now.
+run("LD_PRELOAD: tracing application.m" ${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/lib
+  LD_PRELOAD=libWRTTrace.so WRT_LOG_LEVEL=1 WRT_TRACE_FILE=${work}/traced
+  ${work}/package/application.m.run ${COMPONENT})
+file(STRINGS ${work}/traced lines REGEX "^[0-9]+ [0-9] > .*Bridge .*\\) .*[0-9]us$")
+if(NOT lines)
+  message(FATAL_ERROR "the trace of application.m shows no call")
+endif()
+
 execute_process(COMMAND ${configure} -B ${work}/gcc -DCMAKE_C_COMPILER=gcc
   RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE output)
 string(REGEX REPLACE "[ \n]+" " " output "${output}")
