@@ -107,7 +107,7 @@ struct Out<Array<Elements>> {
   public:
     explicit Crossing(NSMutableArray *argument) : argument_(argument) {}
 
-    bool enter(Frame &, Fact) { return true; }
+    bool enter(PlainFrame &, Fact) { return true; }
     auto words() { return Words{&cells_.count, &cells_.block}; }
     void leave(Fact fact) {
       [argument_.get() removeAllObjects];
@@ -129,7 +129,7 @@ struct ReturnedArray {
   struct Returning {
     Cells cells;
 
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{&cells.count, &cells.block}; }
     NSMutableArray *leave(Fact fact) { return arrayOf<Elements>(cells, fact, true); }
   };

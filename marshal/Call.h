@@ -11,7 +11,7 @@ namespace wrt {
 /// in this order, which retains the objects among them, and destroyed in the opposite one.
 template <class... Parameters>
 struct Crossings {
-  bool enter(Frame &, const Facts<> &) { return true; }
+  bool enter(PlainFrame &, const Facts<> &) { return true; }
   void leave(const Facts<> &) {}
   template <class Next>
   [[gnu::always_inline]] HRESULT pass(Next next) {
@@ -29,7 +29,7 @@ struct Crossings<Head, Tail...> {
       : head{argument}, tail{rest...} {}
 
   /// Converts into WinRT, stopping at the first argument that cannot be converted.
-  [[gnu::always_inline]] bool enter(Frame &frame, const Facts<Head, Tail...> &facts) {
+  [[gnu::always_inline]] bool enter(auto &frame, const Facts<Head, Tail...> &facts) {
     return head.enter(frame, facts.head) && tail.enter(frame, facts.tail);
   }
 
@@ -64,6 +64,18 @@ struct Outcome<void> {
   void get() const {}
 };
 
+/// Whether all kinds of a shape are content with a plain frame.
+template <class Result, class... Parameters>
+inline constexpr bool kIsPlain =
+    requires(typename Result::Returning returning, PlainFrame &frame) { returning.enter(frame); } &&
+    (requires(typename Parameters::Crossing crossing, typename Parameters::Fact fact,
+              PlainFrame &frame) { crossing.enter(frame, fact); } &&
+     ...);
+
+/// The frame of a shape's calls.
+template <class... Kinds>
+using FrameFor = std::conditional_t<kIsPlain<Kinds...>, PlainFrame, Frame>;
+
 /// A member's call, start to end: the pattern behind every generated method. `receiver` is the
 /// bridge, or the class for static and factory members; the arguments are the method's own. The
 /// result is owned by nobody (autoreleased), and empty when the call failed or could not be made.
@@ -75,7 +87,7 @@ call(id receiver, const Member<Result(Parameters...)> &member,
   static_assert(capacitiesAreTold<Parameters..., Result>());
 
   Crossings<Parameters...> crossings{arguments...};
-  Frame frame(receiver, member.accessor);
+  FrameFor<Result, Parameters...> frame(receiver, member.accessor);
   if (!frame.isOpen())
     return typename Result::Type();
 

@@ -28,11 +28,11 @@ public:
   /// Runs every clean-up once, in reverse order of registration.
   void run() {
     if (blocks_.get())
-      runBlocks();
+      runBlocks(blocks_.get());
   }
 
 private:
-  void runBlocks();
+  static void runBlocks(NSMutableArray *blocks);
 
   Retained<NSMutableArray *> blocks_;
 };

@@ -45,8 +45,8 @@ void CleanupList::addReleaseOfString(void **cells, uint32_t index) {
   });
 }
 
-void CleanupList::runBlocks() {
-  Retained<NSEnumerator *> enumerator([blocks_.get() reverseObjectEnumerator]);
+void CleanupList::runBlocks(NSMutableArray *blocks) {
+  Retained<NSEnumerator *> enumerator([blocks reverseObjectEnumerator]);
   for (void (^cleanup)(void) in enumerator.get())
     cleanup();
 }

@@ -1,14 +1,8 @@
 #include "marshal/Frame.h"
 
-#include <WRTObjcBridge/WRTConversions.h>
 #include <WRTStatus.h>
 
 namespace wrt {
-
-bool Frame::refuse(HRESULT status) {
-  error_ = WRTCreateNSErrorFromHRESULT(status);
-  return false;
-}
 
 bool Frame::ask(id object, Accessor accessor, void **interface) {
   NSError *error = nil;

@@ -45,7 +45,7 @@ struct Interface {
   struct Returning {
     void *object = nullptr;
 
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{&object}; }
     id leave(ClassReference type) { return object ? bridgeTransfer(type, object) : nil; }
   };
@@ -60,7 +60,7 @@ struct RuntimeClass {
   struct Returning {
     void *object = nullptr;
 
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{&object}; }
     id leave(ClassReference type) { return bridgeTransfer(type, object); }
   };
@@ -76,7 +76,7 @@ struct Out<Object> {
     id *place;
     RuntimeClass::Returning returning{};
 
-    bool enter(Frame &, ClassReference) { return true; }
+    bool enter(PlainFrame &, ClassReference) { return true; }
     auto words() { return returning.words(); }
     void leave(ClassReference type) { *place = returning.leave(type); }
   };

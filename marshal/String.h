@@ -47,7 +47,7 @@ struct String {
   struct Returning {
     HSTRING handle = nullptr;
 
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{&handle}; }
     NSString *leave(NoFact) {
       NSString *string = WRTCreateNSStringFromHSTRING(handle);
@@ -68,7 +68,7 @@ struct Out<String> {
     NSString **place;
     String::Returning returning{};
 
-    bool enter(Frame &, NoFact) { return true; }
+    bool enter(PlainFrame &, NoFact) { return true; }
     auto words() { return returning.words(); }
     void leave(NoFact fact) { *place = returning.leave(fact); }
   };

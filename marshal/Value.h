@@ -11,7 +11,7 @@ struct Void {
   using Fact = NoFact;
 
   struct Returning {
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{}; }
     void leave(NoFact) {}
   };
@@ -27,7 +27,7 @@ struct Value {
   struct Crossing {
     T value;
 
-    bool enter(Frame &, NoFact) { return true; }
+    bool enter(PlainFrame &, NoFact) { return true; }
     auto words() { return Words{value}; }
     void leave(NoFact) {}
   };
@@ -35,7 +35,7 @@ struct Value {
   struct Returning {
     T value{};
 
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{&value}; }
     T leave(NoFact) { return value; }
   };
@@ -52,7 +52,7 @@ struct Boolean {
   struct Crossing {
     bool value;
 
-    bool enter(Frame &, NoFact) { return true; }
+    bool enter(PlainFrame &, NoFact) { return true; }
     auto words() { return Words{value}; }
     void leave(NoFact) {}
   };
@@ -60,7 +60,7 @@ struct Boolean {
   struct Returning {
     unsigned char value = 0;
 
-    bool enter(Frame &) { return true; }
+    bool enter(PlainFrame &) { return true; }
     auto words() { return Words{&value}; }
     bool leave(NoFact) { return value != 0; }
   };
