@@ -1,6 +1,8 @@
-// armcalls run DLL...              start-up and the benchmark's operations: what crossed, what it
-// took armcalls check CEILINGS DLL...   holds the instructions of each operation to a ceiling
-// armcalls write CEILINGS DLL...   writes the ceilings anew: what it takes now, and 2 % of room
+// armcalls run DLL...                       start-up and the benchmark's operations: what crossed,
+//                                           what it took
+// armcalls check CEILINGS DLL...            holds the instructions of each operation to a ceiling
+// armcalls write CEILINGS DOCUMENT DLL...   writes the ceilings anew, what it takes now and 2 % of
+//                                           room, and the table of both between its marks
 //
 // The DLLs are the doubles and, last, the product. Instructions are the product's own; those of the
 // doubles are left out. A line of CEILINGS is an operation's name, a tab, its ceiling. Exit status:
@@ -37,15 +39,34 @@ int run(Rows &rows) {
   return 0;
 }
 
-int write(Rows &rows, const std::string &file) {
-  std::ostringstream text;
-  for (const Row &row : rows.rows())
-    text << row.name << '\t' << rows.run(row) * 102 / 100 << '\n';
+void save(const std::string &file, const std::string &text) {
   std::ofstream stream(file);
-  stream << text.str();
+  stream << text;
   stream.close();
   if (!stream)
     throw std::runtime_error("cannot write " + file);
+}
+
+int write(Rows &rows, const std::string &file, const std::string &document) {
+  std::ostringstream ceilings;
+  std::ostringstream table;
+  table << "| operation | instructions | ceiling |\n|---|---:|---:|\n";
+  for (const Row &row : rows.rows()) {
+    const std::uint64_t taken = rows.run(row);
+    ceilings << row.name << '\t' << taken * 102 / 100 << '\n';
+    table << "| " << row.name << " | " << taken << " | " << taken * 102 / 100 << " |\n";
+  }
+  std::stringstream old;
+  old << std::ifstream(document).rdbuf();
+  std::string text = old.str();
+  const std::string begin = "<!-- arm: begin -->\n";
+  const std::size_t from = text.find(begin);
+  const std::size_t to = text.find("<!-- arm: end -->\n");
+  if (from == std::string::npos || to == std::string::npos || to < from)
+    throw std::runtime_error(document + " has no marks for the table");
+  text.replace(from + begin.size(), to - from - begin.size(), table.str());
+  save(file, ceilings.str());
+  save(document, text);
   return 0;
 }
 
@@ -82,9 +103,10 @@ int main(int argc, char **argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   const std::string command = arguments.empty() ? "" : arguments[0];
   const bool runs = command == "run";
-  const std::size_t first = runs ? 1 : 2;
+  const std::size_t first = runs ? 1 : command == "write" ? 3 : 2;
   if ((!runs && command != "check" && command != "write") || arguments.size() < first + 2) {
-    std::cerr << "usage: armcalls run DLL... | check|write CEILINGS DLL...\n";
+    std::cerr
+        << "usage: armcalls run DLL... | check CEILINGS DLL... | write CEILINGS DOCUMENT DLL...\n";
     return 2;
   }
   try {
@@ -95,7 +117,7 @@ int main(int argc, char **argv) {
     Rows rows(process);
     if (runs)
       return run(rows);
-    return command == "check" ? check(rows, arguments[1]) : write(rows, arguments[1]);
+    return command == "check" ? check(rows, arguments[1]) : write(rows, arguments[1], arguments[2]);
   } catch (const std::exception &error) {
     std::cerr << "armcalls: " << error.what() << '\n';
     return 1;

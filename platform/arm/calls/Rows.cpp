@@ -171,6 +171,37 @@ void Rows::addOthers() {
         return pe::join(": ", call[1], " -> ", quoted(objc_.handleText(textHandle_)));
       },
       500);
+  addFamilies();
+}
+
+void Rows::addFamilies() {
+  const Address regions = bridge("WRTIIterator__1_WRTRegionOfInterest_P_Bridge", object_);
+  add("iterator Current", 6, regions, "getCurrentWithError:", [this](const HostCall &call) {
+    giveOut(call[1]);
+    return " -> another object";
+  });
+  add(
+      "map lookup", 6, bridge("WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge", object_),
+      "lookupWithKey:error:",
+      [this](const HostCall &call) {
+        giveOut(call[2]);
+        return pe::join(": ", quoted(objc_.handleText(call[1])), " -> another object");
+      },
+      text_);
+  const Address operation = bridge("WRTIAsyncOperation__1_WRTUINT32_Bridge", object_);
+  add("operation result", 8, operation, "getResultsWithError:", [](const HostCall &call) {
+    call.machine().writeWord(call[1], 5);
+    return " -> 5";
+  });
+  add(
+      "set a completion", 6, operation,
+      "setCompletedWithHandler:error:", [](const HostCall &) { return ": a delegate"; },
+      objc_.block(machine_.hostFunction("block")));
+  add("boxed Int32 get", 11, bridge("WRTIPropertyValueBridge", object_),
+      "getInt32WithError:", [](const HostCall &call) {
+        call.machine().writeWord(call[1], 5);
+        return " -> 5";
+      });
 }
 
 std::uint64_t Rows::run(const Row &row) {

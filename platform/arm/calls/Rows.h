@@ -32,6 +32,7 @@ private:
   void addStringsAndObjects();
   void addArrays();
   void addOthers();
+  void addFamilies();
   void add(const std::string &name, int slot, Address receiver, const std::string &selector,
            std::function<std::string(const HostCall &)> body, std::uint32_t first = 0,
            std::uint32_t second = 0, std::uint32_t status = 0);
