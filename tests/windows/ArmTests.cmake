@@ -33,6 +33,9 @@ add_test(NAME windows.product.calls
   COMMAND armcalls check ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.sweep
   COMMAND armsweep ${WRT_CATALOGUE} ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
+add_test(NAME windows.product.planted_slot
+  COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/sweep/planted-slot.sh $<TARGET_FILE:armsweep> ${WRT_CATALOGUE}
+          ${WRT_IDENTIFIERS} ${product_map} ${CMAKE_BINARY_DIR}/planted-slot ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.buffers
   COMMAND buffertests ${WRT_IDENTIFIERS} ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.two_folders
