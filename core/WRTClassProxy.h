@@ -10,6 +10,10 @@ WRT_BRIDGE_API
 
 /// Logs that the class is a proxy and ends the process.
 + (nullable void *)activateInstance;
+- (nullable instancetype)init
+    __attribute__((unavailable("a proxy's objects come from members of other classes")));
++ (nullable instancetype)new
+    __attribute__((unavailable("a proxy's objects come from members of other classes")));
 
 @end
 

@@ -46,8 +46,9 @@ WRT_BRIDGE_API
 + (nullable instancetype)cast:(nullable id)object;
 /// A new default instance of the class's runtime class (+1), or null; null here.
 + (nullable void *)activateInstance;
-/// Takes over one reference to `object`. The designated initializer.
-- (nullable instancetype)initWithInner:(nullable void *)object;
+/// Takes over one reference to `object`.
+- (nullable instancetype)initWithInner:(nullable void *)object
+    __attribute__((objc_designated_initializer));
 /// A new default instance of the class's runtime class; logged and nil when there is none.
 - (nullable instancetype)init;
 /// Whether `other` is a bridge of exactly the same class for the same WinRT object. `hash` stays

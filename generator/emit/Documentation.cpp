@@ -1,5 +1,8 @@
 #include "generator/emit/Documentation.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace bridgegen {
 
 namespace {
@@ -49,6 +52,34 @@ std::string leadsFurther(const ClassType &proxy) {
                        : "it has the members of " + listed(names);
 }
 
+/// What of a member's is the caller's to give up.
+std::string ownershipOf(const Member &member) {
+  for (const Parameter &parameter : member.parameters) {
+    // An array that WinRT allocates, and that travels as a C array.
+    if (parameter.isArray() && !parameter.isObjectArray() && parameter.isHandedOut() &&
+        !parameter.passing->isFill)
+      return " The array is the caller's: `WRTTaskMemFree`.";
+  }
+  const bool givesHandle =
+      member.result && member.result->kind == Kind::Struct &&
+      std::ranges::any_of(asStruct(*member.result).fields,
+                          [](const StructType::Field &field) { return field.type->isString(); });
+  return givesHandle ? " The handle in it is the caller's: `WRTHSTRINGRelease`." : "";
+}
+
+/// Of an operation: whether its result cannot be read.
+std::string readabilityOf(const Member &member) {
+  constexpr std::string_view kOperation = "Windows.Foundation.IAsyncOperation";
+  if (!member.result || member.result->kind != Kind::Interface)
+    return "";
+  const InterfaceType &operation = asInterface(*member.result);
+  if (!operation.isProxyOnly() || !operation.instance ||
+      !operation.instance->familyName.starts_with(kOperation))
+    return "";
+  return " The operation is a proxy: its result, `" + operation.instance->arguments.front()->name +
+         "`, cannot be read here.";
+}
+
 } // namespace
 
 std::string describeProtocol(const InterfaceType &interface, const Model &model) {
@@ -72,7 +103,8 @@ std::string describeClass(const BridgeClass &bridge, const Model &model) {
   const ClassType &type = asClass(*bridge.type);
   if (type.isProxy())
     return name + ". Proxy: " + leadsFurther(type) + ".";
-  return name + (type.isActivatable ? ". `init` makes a new one." : ".");
+  return name + (type.isActivatable ? ". `init` makes a new one."
+                                    : ". Cannot be activated: `init` is logged and gives nil.");
 }
 
 std::string describe(const BridgeMethod &method) {
@@ -82,7 +114,14 @@ std::string describe(const BridgeMethod &method) {
     return method.method.isClassMethod
                ? "The activation factory as `" + method.interface->name + "` (+1), or null."
                : "The object as `" + method.interface->name + "` (+1), or null.";
-  return memberName(*method.member) + " (slot " + std::to_string(method.member->slot) + ").";
+  return memberName(*method.member) + " (slot " + std::to_string(method.member->slot) + ")." +
+         ownershipOf(*method.member) + readabilityOf(*method.member);
+}
+
+std::string measureOf(const StructType &type) {
+  if (type.name == "Windows.Foundation.DateTime")
+    return ": 100 nanoseconds each, since 1 January 1601, UTC";
+  return type.name == "Windows.Foundation.TimeSpan" ? ": 100 nanoseconds each" : "";
 }
 
 } // namespace bridgegen

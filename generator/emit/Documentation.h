@@ -10,6 +10,8 @@ namespace bridgegen {
 std::string describeProtocol(const InterfaceType &interface, const Model &model);
 std::string describeClass(const BridgeClass &bridge, const Model &model);
 std::string describe(const BridgeMethod &method);
+/// What a structure's number counts, for the two that are times: `: 100 nanoseconds each`.
+std::string measureOf(const StructType &type);
 
 } // namespace bridgegen
 

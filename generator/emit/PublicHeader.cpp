@@ -6,6 +6,8 @@
 #include "generator/emit/Parts.h"
 #include "generator/project/BridgeClass.h"
 
+#include <algorithm>
+
 namespace bridgegen {
 
 namespace {
@@ -17,6 +19,17 @@ constexpr const char *kNotice =
     "fails\n"
     "// its error; where the object lacks the interface, nothing is called and the variable stays\n"
     "// as it was. The handle behind a string that a call gives is not released.\n";
+
+/// Whether the unit's header declares something, and that not for tests of the library itself,
+/// whose types belong to no namespace.
+bool isForApplications(const Unit &unit) {
+  const auto declares = [](const auto &types) {
+    return std::ranges::any_of(
+        types, [](const Type *type) { return type->name.find('.') != std::string::npos; });
+  };
+  return declares(unit.interfaces) || declares(unit.classes) || declares(unit.delegates) ||
+         declares(unit.enums) || declares(unit.structs);
+}
 
 class PublicHeader {
 public:
@@ -203,8 +216,10 @@ std::string emitUmbrella(const Input &input) {
                              "WRTIInspectableBridge", "WRTInterfaceProxy", "WRTOwnership"})
     writer.write("#import <WRTObjcBridge/%.h>\n", header);
   writer.append("\n");
-  for (const auto &unit : input.model.units())
-    writer.write("#import %\n", includeName(emitPublicHeader, unit->name));
+  for (const auto &unit : input.model.units()) {
+    if (isForApplications(*unit))
+      writer.write("#import %\n", includeName(emitPublicHeader, unit->name));
+  }
   writer.append("\n#endif\n");
   return writer.text();
 }

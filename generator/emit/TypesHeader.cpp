@@ -1,5 +1,6 @@
 #include "generator/emit/Emit.h"
 
+#include "generator/emit/Documentation.h"
 #include "generator/emit/Parts.h"
 #include "generator/project/ObjcType.h"
 
@@ -62,7 +63,7 @@ std::vector<const StructType *> inOrderOfUse(const std::vector<const StructType 
 }
 
 void writeStruct(Writer &writer, const StructType &type) {
-  writer.write("\n/// `%`\ntypedef struct % {\n", type.name, type.cName());
+  writer.write("\n/// `%`%\ntypedef struct % {\n", type.name, measureOf(type), type.cName());
   for (const StructType::Field &field : type.fields) {
     if (field.type->isString())
       writer.write("  void *%; ///< an HSTRING\n", field.name);

@@ -1,10 +1,15 @@
 /// The platform interface: what `WRTBridge_zorvex` supplies, the C bridge to the Windows Runtime.
 /// Every function may be called on any thread. The class-name constants and the delegate factories,
-/// one per class and per delegate, are declared by the generated headers.
+/// one per class and per delegate, are declared by the generated headers; what gives things up is
+/// declared for applications too, by the header of ownership.
 #ifndef WRT_BRIDGE_H
 #define WRT_BRIDGE_H
 
-#include <WRTObjcBridge/WRTTypes.h>
+// Other compilers do not say which pointers may be null.
+#if !defined(__clang__) && !defined(_Nullable)
+#define _Nullable
+#endif
+#include <WRTObjcBridge/WRTOwnership.h>
 #include <stddef.h>
 #if !defined(__cplusplus)
 #include <uchar.h>
@@ -41,13 +46,9 @@ HRESULT WRTHSTRINGCreateReference(const char16_t *text, uint32_t length, WRTHSTR
 uint32_t WRTHSTRINGLength(const char16_t *text);
 /// Another handle (+1) to the same text; null gives null. A string reference is copied.
 HRESULT WRTHSTRINGDuplicate(HSTRING string, HSTRING *copy);
-/// Gives up the caller's handle; null is allowed.
-HRESULT WRTHSTRINGRelease(HSTRING string);
 
-/// `IUnknown`'s functions on any interface pointer, which must not be null (borrowed).
-uint32_t WRTIUnknownAddRef(void *object);
-uint32_t WRTIUnknownRelease(void *object);
-/// On success `*result` is +1.
+/// `IUnknown`'s query of any interface pointer, which must not be null (borrowed). On success
+/// `*result` is +1.
 HRESULT WRTIUnknownQueryInterface(void *object, const GUID *iid, void **result);
 /// As `WRTIUnknownRelease`; null is allowed and does nothing.
 void WRTIUnknownSafeRelease(void *object);
@@ -64,8 +65,6 @@ void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length);
 
 /// Task memory of `size` bytes, or null; a size of 0 gives a block too.
 void *WRTTaskMemAlloc(size_t size);
-/// Frees task memory; null is allowed.
-void WRTTaskMemFree(void *block);
 
 WRT_EXTERN_C_END
 

@@ -173,7 +173,7 @@ void activatingProxy() {
       "WRTClassProxy because "
       "this is a proxy class\\. You must generate a full bridge for this interface to construct "
       "instances or call methods\\.";
-  EXPECT_DEATH((printLogWhenAborted(), [[WRTClassProxy alloc] init]), message);
+  EXPECT_DEATH((printLogWhenAborted(), [static_cast<id>([WRTClassProxy alloc]) init]), message);
   // A threshold of 1 silences the message, but not the end.
   EXPECT_DEATH(
       {

@@ -2,6 +2,7 @@
 // behind WRTTestClassBridge, which no installation has.
 #if defined(AS_MODULE)
 @import WRTObjcBridge;
+#import <WRTObjcBridge/test.h>
 #else
 #import <WRTObjcBridge/WRTConversions.h>
 #import <WRTObjcBridge/WRTErrors.h>

@@ -26,7 +26,7 @@ extern "C" OBJC_EXPORT void runTests() {
 /// A class that is a proxy cannot be activated.
 extern "C" OBJC_EXPORT void activateProxy() {
   hostExpectEnd("XPAbortWithBacktrace");
-  static_cast<void>([[WRTAppDisplayInfoBridge alloc] init]);
+  static_cast<void>([static_cast<id>([WRTAppDisplayInfoBridge alloc]) init]);
 }
 
 /// What `activateProxy` logged before its end.

@@ -17,7 +17,9 @@
 
 #include <WRTObjcBridge/WRTTypes.h>
 
+#if defined(__clang__)
 #pragma clang assume_nonnull begin
+#endif
 
 WRT_EXTERN_C_BEGIN
 
@@ -33,6 +35,8 @@ HRESULT WRTHSTRINGRelease(HSTRING _Nullable string);
 
 WRT_EXTERN_C_END
 
+#if defined(__clang__)
 #pragma clang assume_nonnull end
+#endif
 
 #endif
