@@ -234,7 +234,10 @@ void descriptions() {
                                               static_cast<void *>(uri), identity];
   EXPECT_TRUE([[uri description] isEqual:full]);
   NSString *end = [NSString stringWithFormat:@" %p>", identity];
-  EXPECT_TRUE([[[WRTIStringableBridge cast:uri] description] hasSuffix:end]);
+  WRTIStringableBridge *other =
+      [WRTIStringableBridge bridgeTransfer:[uri _WRTIStringableWithError:nullptr]];
+  EXPECT_NE(identity, [other inner]);
+  EXPECT_TRUE([[other description] hasSuffix:end]);
   id stranger = strangerOf([WRTIStringableBridge class]);
   EXPECT_TRUE([[stranger description] hasPrefix:@"<WRTIStringableBridge 0x"]);
   EXPECT_TRUE([[[WRTKeyValuePair pairWithKey:@"a" value:@1] description] isEqual:@"a = 1"]);
