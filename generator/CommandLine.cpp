@@ -33,6 +33,18 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
         return std::nullopt;
       }
       commandLine.delegateHeader = arguments[i];
+    } else if (argument == "--reference") {
+      if (++i == arguments.size()) {
+        problem = "'--reference' needs a folder";
+        return std::nullopt;
+      }
+      commandLine.reference = arguments[i];
+    } else if (argument == "--platform") {
+      if (++i == arguments.size()) {
+        problem = "'--platform' needs a file";
+        return std::nullopt;
+      }
+      commandLine.platform = arguments[i];
     } else if (argument.starts_with("-")) {
       problem = "unknown option '" + argument + "'";
       return std::nullopt;
@@ -44,7 +56,9 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
     return commandLine;
   if (commandLine.files.empty())
     problem = "no declarations files";
-  else if (commandLine.output.empty() && !commandLine.listOutputs)
+  else if (!commandLine.output.empty() && !commandLine.reference.empty())
+    problem = "'--output' and '--reference' are two runs";
+  else if (commandLine.output.empty() && commandLine.reference.empty() && !commandLine.listOutputs)
     problem = "no output folder; '--output' names it";
   return problem.empty() ? std::optional(commandLine) : std::nullopt;
 }
@@ -54,6 +68,7 @@ namespace {
 constexpr const char *kUsage =
     R"(Usage: bridgegen --output FOLDER [--hand-written FILE] [--delegate-header HEADER]
                  FILE.idl...
+       bridgegen --reference FOLDER [--hand-written FILE] [--platform FILE] FILE.idl...
        bridgegen --list-outputs FILE.idl...
        bridgegen import --help
 
@@ -72,6 +87,12 @@ Options:
   --delegate-header HEADER
                     What the delegate factories include; it declares
                     'wrt::makeDelegate'.
+  --reference FOLDER
+                    Writes the source of the reference's pages into the folder, and
+                    none of the outputs: facts for the templates in docs/site.
+  --platform FILE   What the embedded platform has written, for the reference: on
+                    each line an interface, or an interface, a tab and a function
+                    that is not implemented.
   --list-outputs    Print the paths of the outputs, relative to the output folder,
                     one a line, and write nothing. The files need not exist.
   --help            Print this.

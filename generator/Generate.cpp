@@ -5,6 +5,7 @@
 #include "generator/model/Check.h"
 #include "generator/project/CheckSelectors.h"
 #include "generator/read/Parser.h"
+#include "generator/reference/Reference.h"
 
 namespace bridgegen {
 
@@ -17,6 +18,9 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extra
   std::vector<HandWrittenClass> others;
   if (extras.handWritten)
     others = readHandWritten(*extras.handWritten, diagnostics);
+  PlatformFacts platform;
+  if (extras.platform)
+    platform = PlatformFacts(*extras.platform, diagnostics);
   // What a half-read file would have declared is not worth reporting as missing, nor is what
   // follows from a half-built model.
   if (diagnostics.hasErrors())
@@ -30,7 +34,8 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extra
   checkSelectors(*model, diagnostics);
   if (diagnostics.hasErrors())
     return std::nullopt;
-  return emitAll({*model, others, extras.delegateHeader});
+  const Input input{*model, others, extras.delegateHeader};
+  return extras.isReference ? emitReference(input, platform) : emitAll(input);
 }
 
 } // namespace bridgegen

@@ -13,6 +13,8 @@ namespace bridgegen {
 struct Extras {
   const Source *handWritten = nullptr; ///< lists classes that the tables name; null for none
   std::string delegateHeader;          ///< what the delegate factories include; empty for nothing
+  bool isReference = false;            ///< the reference's pages are made, not the outputs
+  const Source *platform = nullptr; ///< what the platform has written, for them; null for unknown
 };
 
 /// Reads, checks and emits all sources in memory. Nothing when something is wrong, which

@@ -52,18 +52,21 @@ bool read(const std::vector<std::string> &files, std::deque<Source> &sources) {
 int generate(const CommandLine &commandLine) {
   std::deque<Source> sources;
   std::deque<Source> handWritten;
+  std::deque<Source> platform;
   if (!read(commandLine.files, sources) ||
-      (!commandLine.handWritten.empty() && !read({commandLine.handWritten}, handWritten)))
+      (!commandLine.handWritten.empty() && !read({commandLine.handWritten}, handWritten)) ||
+      (!commandLine.platform.empty() && !read({commandLine.platform}, platform)))
     return kWrongInput;
   Diagnostics diagnostics;
   const Extras extras{handWritten.empty() ? nullptr : &handWritten.front(),
-                      commandLine.delegateHeader};
+                      commandLine.delegateHeader, !commandLine.reference.empty(),
+                      platform.empty() ? nullptr : &platform.front()};
   const std::optional<OutputSet> outputs = bridgegen::generate(sources, extras, diagnostics);
   if (!outputs) {
     diagnostics.print(std::cerr);
     return kWrongInput;
   }
-  outputs->commit(commandLine.output);
+  outputs->commit(commandLine.reference.empty() ? commandLine.output : commandLine.reference);
   return 0;
 }
 

@@ -111,11 +111,25 @@ TEST_F(Program, SaysWhenAFileCannotBeReadOrAFolderMade) {
   EXPECT_NE(taken.output.find("bridgegen: "), std::string::npos) << taken.output;
 }
 
+TEST_F(Program, WritesTheReferenceAlone) {
+  const std::string options = "--reference " + folder_.string() + "/site --platform ";
+  const Outcome refused =
+      run(options + write("bad.tsv", "IDoor\n\tget_Width\n") + " " WRT_TEST_DECLARATIONS);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_NE(refused.output.find("bad.tsv:2:1: error: expected an interface"), std::string::npos)
+      << refused.output;
+  const Outcome written = run(options + write("good.tsv", "IDoor\n") + " " WRT_TEST_DECLARATIONS);
+  EXPECT_EQ(written.status, 0) << written.output;
+  EXPECT_TRUE(fs::exists(folder_ / "site/content/api/test/TestClass.md"));
+  EXPECT_FALSE(fs::exists(folder_ / "site/catalogue.tsv"));
+}
+
 TEST_F(Program, TellsWhatIsWrongWithTheCommandLine) {
   EXPECT_EQ(run("").status, 2);
   EXPECT_EQ(run("--help").status, 0);
   EXPECT_EQ(run("--output").output,
             "bridgegen: '--output' needs a folder; 'bridgegen --help' tells more\n");
+  EXPECT_EQ(run("--output a --reference b x.idl").status, 2);
   EXPECT_EQ(run("x.idl").output,
             "bridgegen: no output folder; '--output' names it; 'bridgegen --help' tells more\n");
   const Outcome unknown = run("--verbose x.idl");

@@ -6,6 +6,13 @@
 
 namespace bridgegen::test {
 
+namespace {
+
+/// What the reference is told of the embedded platform.
+constexpr const char *kPlatform = "IDoor\nIDoor\tget_Width\n";
+
+} // namespace
+
 Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &sources) {
   std::deque<Source> read;
   for (const auto &[path, text] : sources)
@@ -14,6 +21,10 @@ Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &s
   Generated generated;
   if (const std::optional<OutputSet> outputs = generate(read, {}, diagnostics))
     generated.files = outputs->files();
+  const Source platform("platform.tsv", kPlatform);
+  const Extras forReference{nullptr, "", true, &platform};
+  if (!diagnostics.hasErrors())
+    generated.pages = generate(read, forReference, diagnostics)->files();
   std::ostringstream errors;
   diagnostics.print(errors);
   generated.errors = errors.str();

@@ -12,6 +12,7 @@ namespace bridgegen::test {
 /// What bridgegen makes of declarations, without any file.
 struct Generated {
   std::map<std::string, std::string> files; ///< by path; empty after an error
+  std::map<std::string, std::string> pages; ///< the source of the reference
   std::string errors;                       ///< as they are printed
 };
 

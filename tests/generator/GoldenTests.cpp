@@ -89,8 +89,9 @@ TEST_P(Golden, HasTheseLines) {
   std::string declarations;
   for (const std::string &line : parts[1].lines)
     declarations += line + "\n";
-  const Generated generated = generateFrom(declarations);
+  Generated generated = generateFrom(declarations);
   ASSERT_EQ(generated.errors, "");
+  generated.files.merge(generated.pages);
   std::string text;
   for (size_t i = 0; i < parts.size(); ++i) {
     SCOPED_TRACE(
