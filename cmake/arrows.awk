@@ -1,25 +1,9 @@
-# Reads the includes of sources against the table in docs/architecture.md whose heading is
-# "| folder | may use |". In its first column, names in backticks are rooms: folders, or the beginnings of
-# file names; the longest that fits a path is its room. The second column names rooms, "public headers",
-# "generated ABI headers" or "everything".
+# Reads the includes of sources against the table of rooms (rooms.awk); the longest room that fits a path is
+# its room.
 #
-# Usage: awk -f arrows.awk docs/architecture.md LIST SOURCE...
+# Usage: awk -f rooms.awk -f arrows.awk docs/architecture.md LIST SOURCE...
 # LIST names all files of the repository, a line each. A room may use itself and what it is in. Exit
 # status 1 with a line for each include that the table does not allow.
-
-FNR == 1 { ++input }
-
-input == 1 && /^\| folder \| may use \|/ { inTable = 1; next }
-input == 1 && inTable && !/^\|/ { inTable = 0 }
-input == 1 && inTable && /`/ {
-  split($0, column, "|")
-  count = names(column[2], row)
-  for (i = 1; i <= count; ++i) {
-    rooms[row[i]] = FNR
-    mayUse[row[i]] = column[3]
-  }
-}
-input == 1 { next }
 
 input == 2 {
   known[$0] = 1
@@ -47,15 +31,8 @@ END {
   exit failed
 }
 
-# The names in backticks, without a slash at their end, into `result`; how many.
-function names(text, result,    parts, i, count) {
-  count = split(text, parts, "`")
-  for (i = 2; i <= count; i += 2) {
-    sub(/\/$/, "", parts[i])
-    result[i / 2] = parts[i]
-  }
-  return int(count / 2)
-}
+# Of rooms.awk; the rows themselves are nothing to this.
+function tableRow(line, room, uses) {}
 
 function isIn(path, room,    next_) {
   if (substr(path, 1, length(room)) != room)

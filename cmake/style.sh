@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Checks the sources, or those named: clang-format would leave them as they are, and they include nothing
-# that the table in docs/architecture.md does not allow. Changes nothing.
+# that the table in docs/architecture.md does not allow; the pictures show what their tables say. Changes
+# nothing.
 # Usage: cmake/style.sh [FILE...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -26,12 +27,13 @@ sources=()
 for file in "${files[@]}"; do
   [[ $file =~ \.(h|c|cpp|m|mm)$ && -f $file ]] && sources+=("$file")
 done
-[[ ${#sources[@]} -gt 0 ]] || exit 0
-
 failed=0
+cmake/pictures.sh check || failed=1
+[[ ${#sources[@]} -gt 0 ]] || exit $failed
+
 printf '%s\0' "${sources[@]}" |
   xargs -0 -P "$(nproc)" -n 40 clang-format-19 --dry-run -Werror || failed=1
 [[ $failed -eq 0 ]] || printf 'style: clang-format-19 -i FILE... mends the format\n' >&2
-awk -f cmake/arrows.awk docs/architecture.md "$list" "${sources[@]}" >&2 || failed=1
+awk -f cmake/rooms.awk -f cmake/arrows.awk docs/architecture.md "$list" "${sources[@]}" >&2 || failed=1
 [[ $failed -eq 0 ]] && printf 'style: %d sources, format and arrows as they should be\n' "${#sources[@]}"
 exit $failed

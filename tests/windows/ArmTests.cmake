@@ -72,4 +72,5 @@ add_custom_target(update_goldens
   COMMAND armcalls write ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv
           ${PROJECT_SOURCE_DIR}/docs/performance.md ${WRT_ARM_DOUBLES} ${product}
   COMMAND sizereport write ${product} ${product_map} ${PROJECT_SOURCE_DIR}/docs/size.md
+  COMMAND ${PROJECT_SOURCE_DIR}/cmake/pictures.sh
   DEPENDS WRTObjcBridge ${WRT_ARM_DOUBLES} VERBATIM)
