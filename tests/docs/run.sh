@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Does what README and docs/ say: compiles every sample and builds the application of README's own
-# text against the installed package, runs every command but ./run, ./test and installing, compares the
-# tour's output with what README shows, and looks for every path that is named. Run by CTest.
+# Does what README and docs/ say: compiles every sample and builds the application of docs/using.md
+# against the installed package, runs every command but ./run, ./test and installing, compares the
+# tour's output with what docs/tour.md shows, and looks for every path that is named. Run by CTest.
 # Usage: tests/docs/run.sh SOURCE BUILD PREFIX
 set -euo pipefail
 source=$1 build=$2 prefix=$3
@@ -39,9 +39,9 @@ for sample in "$work"/*.objc; do
   samples=$((samples + 1))
 done
 
-# The application that README builds: its last sample and its CMakeLists.txt.
-cp "$(ls -v "$work"/README-md-*.objc | tail -n 1)" "$work/app/app.m"
-cp "$work"/README-md-*.cmake "$work/app/CMakeLists.txt"
+# The application that docs/using.md builds: its last sample and its CMakeLists.txt.
+cp "$(ls -v "$work"/docs-using-md-*.objc | tail -n 1)" "$work/app/app.m"
+cp "$work"/docs-using-md-*.cmake "$work/app/CMakeLists.txt"
 commands=0
 run() { # FOLDER COMMANDS
   (cd "$1" && PREFIX=$prefix bash -euo pipefail -c "$2") > "$work/log" 2>&1 ||
@@ -67,9 +67,9 @@ done < <(grep -hoE '`(cmake --|cmake/[a-z]+\.sh |ctest |build/linux/[a-z_]+ )[^`
 
 # The tour, with the times and the folder for temporary files left out.
 plain() { sed -E 's/[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}/TIME/; s|is in .*/|is in |'; }
-shown=$(grep -lx 'examples/data: 5 files' "$work"/README-md-*.text)
+shown=$(grep -lx 'examples/data: 5 files' "$work"/docs-tour-md-*.text)
 TMPDIR=$work/tmp "$build/tour" examples/data | plain | diff <(plain < "$shown") - >&2 ||
-  fail "the tour prints something else than README shows"
+  fail "the tour prints something else than docs/tour.md shows"
 
 # Paths in backticks, without those that have places to be filled in.
 while IFS=: read -r page path; do
