@@ -102,13 +102,15 @@ for (const [address, picture, isDark] of pictured)
     await browser.open(page(address));
     const width = await browser.value('document.scrollingElement.scrollWidth');
     const size = browser.requests.reduce((sum, url) => sum + statSync(fileURLToPath(url)).size, 0);
+    await browser.shoot(join(shots, 'narrow-' + picture));
     await browser.look(1280, 900, isDark);
     await browser.shoot(join(shots, picture));
     const back = await browser.value('getComputedStyle(document.body).backgroundColor');
     const isBright = back.match(/\d+/g).every((part) => part > 127);
     return browser.requests.some((url) => kSearch.some((name) => url.endsWith(name))) ? 'loads the search at once'
       : size > kFirstView ? `${size} bytes` : width > 360 ? `${width} pixels wide in 360`
-        : isBright === isDark ? `the back is ${back}` : '';
+        : isBright === isDark ? `the back is ${back}`
+          : await browser.value(`document.querySelector('#side [aria-current]') === null`) ? 'the menu does not show it' : '';
   });
 
 await browser.stop();

@@ -21,7 +21,8 @@
     menu.addEventListener('click', function () {
       menu.setAttribute('aria-expanded', document.body.classList.toggle('menu'));
     });
-    var here = document.querySelector('#side a[href="' + location.pathname.split('/').pop() + '"]');
+    var page = location.href.split('#')[0];
+    var here = Array.from(document.querySelectorAll('#side a')).find(function (link) { return link.href === page; });
     if (here) {
       here.setAttribute('aria-current', 'page');
       here.scrollIntoView({ block: 'nearest' });
