@@ -74,9 +74,9 @@ export class Browser {
     return result.value;
   }
 
-  /// Waits, 10 seconds at most, until the expression is true.
+  /// Waits, 10 seconds at most, until the expression is true; while a page is being left there is no answer.
   async until(expression) {
-    for (const end = Date.now() + 10000; !(await this.value(expression));) {
+    for (const end = Date.now() + 10000; !(await this.value(expression).catch(() => false));) {
       if (Date.now() > end) throw new Error(`not so within 10 s: ${expression}`);
       await new Promise((done) => setTimeout(done, 20));
     }

@@ -42,7 +42,10 @@ await browser.look(1280, 900, false);
 // What is typed from the start page, and where Enter on the first that is found leads.
 for (const [text, end] of [
   ['MessageDialog.ShowAsync', 'api/Windows.UI.Popups/IMessageDialog.html#showAsyncWithError:'],
+  ['Uri.AbsoluteCanonicalUri',
+    'api/Windows.Foundation/IUriRuntimeClassWithAbsoluteCanonicalUri.html#getAbsoluteCanonicalUriWithError:'],
   ['Windows.Foundation.Uri', 'api/Windows.Foundation/Uri.html'],
+  ['wrtimessagedialogb', 'api/Windows.UI.Popups/IMessageDialog.html'],
   ['setTitleWithValue:error: MessageDialog', 'api/Windows.UI.Popups/IMessageDialog.html#setTitleWithValue:error:'],
   ['WRTAsyncStatusCompleted', 'api/Windows.Foundation/AsyncStatus.html#WRTAsyncStatusCompleted'],
   ['bridgeTransfer: WRTUnknownBridge', 'headers/WRTUnknownBridge.html#bridgeTransfer:'],
@@ -76,7 +79,10 @@ await check('the second that is found, by the arrow keys', async () => {
 
 await check('a link to what a method gives', async () => {
   await browser.open(page('api/Windows.UI.Popups/IMessageDialog.html'));
-  await browser.value(`[...document.querySelectorAll('a')].find((a) => a.textContent.startsWith('WRTIAsyncOperation__1')).click()`);
+  await browser.value(`{
+    const link = [...document.querySelectorAll('a')].find((a) => a.textContent.startsWith('WRTIAsyncOperation__1'));
+    setTimeout(() => link.click());
+  }`);
   await browser.until(`document.querySelector('h1')?.textContent.startsWith('IAsyncOperation<IUICommand>')`);
 });
 
