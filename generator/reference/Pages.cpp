@@ -214,7 +214,9 @@ std::string Pages::inShort(const BridgeMethod &method) const {
        {"address", method.interface ? string(Places::address(*method.interface, selector)) : ""},
        {"head", string(places_.methodHead(methodHead(method.method, Nullability::Shown)))},
        {"does", string(places_.prose(describe(method)))},
-       {"missing", method.member ? flag(platform_.lacks(*method.interface, *method.member)) : ""}});
+       {"missing", method.interface && method.member
+                       ? flag(platform_.lacks(*method.interface, *method.member))
+                       : ""}});
 }
 
 std::string Pages::parameters(const BridgeMethod &method) const {
