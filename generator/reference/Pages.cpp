@@ -163,6 +163,7 @@ std::string Pages::page(const StructType &type) const {
 
 std::string Pages::page(const EnumType &type) const {
   std::vector<std::string> constants;
+  constants.reserve(type.constants.size());
   for (const EnumType::Constant &constant : type.constants)
     constants.push_back(object({{"name", string(type.cName() + constant.name)},
                                 {"winrt", string(constant.name)},
