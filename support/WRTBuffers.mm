@@ -11,16 +11,18 @@ using namespace wrt;
 
 namespace {
 
-/// The buffer's bytes, borrowed from it.
-HRESULT bytesOf(id<WRTIBufferBridge> buffer, uint8_t **bytes) {
+/// The buffer's bytes, borrowed from it; null is none for a `length` beyond 0.
+HRESULT bytesOf(id<WRTIBufferBridge> buffer, uint32_t length, uint8_t **bytes) {
   const GUID iid = WRTIBufferByteAccessGetUUID();
   void *access = nullptr;
   HRESULT status = WRTIUnknownQueryInterface([buffer inner], &iid, &access);
   if (status < 0)
     return status;
+  if (!access)
+    return status::kNoInterface;
   status = WRTIBufferByteAccessBuffer(access, bytes);
   WRTIUnknownRelease(access);
-  return status;
+  return status < 0 || *bytes || length == 0 ? status : status::kPointer;
 }
 
 } // namespace
@@ -36,7 +38,7 @@ id<WRTIBufferBridge> WRTBufferFromData(NSData *data, NSError **error) {
       WRTTry([WRTBufferBridge createWithCapacity:length error:&failure], &failure);
   uint8_t *bytes = nullptr;
   if (buffer && !failure)
-    failure = WRTCreateNSErrorFromHRESULT(bytesOf(buffer, &bytes));
+    failure = WRTCreateNSErrorFromHRESULT(bytesOf(buffer, length, &bytes));
   if (buffer && !failure) {
     if (length != 0)
       memcpy(bytes, [data bytes], length);
@@ -56,7 +58,7 @@ NSData *WRTDataFromBuffer(id<WRTIBufferBridge> buffer, NSError **error) {
   } else {
     length = WRTTry([buffer getLengthWithError:&failure], &failure);
     if (!failure)
-      failure = WRTCreateNSErrorFromHRESULT(bytesOf(buffer, &bytes));
+      failure = WRTCreateNSErrorFromHRESULT(bytesOf(buffer, length, &bytes));
   }
   if (error)
     *error = failure;

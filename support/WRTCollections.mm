@@ -18,7 +18,8 @@ HRESULT make(id from, const Collection &collection, abi::IInspectable **object);
 
 /// The object as the interface, +1.
 HRESULT interfaceOf(id bridge, const GUID &iid, void **word) {
-  return WRTIUnknownQueryInterface([bridge inner], &iid, word);
+  const HRESULT status = WRTIUnknownQueryInterface([bridge inner], &iid, word);
+  return status < 0 || *word ? status : status::kNoInterface;
 }
 
 /// What crosses for the element, which the caller owns.

@@ -29,7 +29,7 @@ id toObject(const Element &element, Class bridge, const Cell &cell) {
     const auto text = static_cast<HSTRING>(cell.word);
     NSString *string = WRTCreateNSStringFromHSTRING(text);
     WRTHSTRINGRelease(text);
-    return string;
+    return string ? string : @"";
   }
   case ElementKind::Int32:
     return [NSNumber numberWithInt:cell.number];
@@ -62,6 +62,8 @@ HRESULT CollectionReader::open(id bridge) {
       [bridge inner], isVector ? &collection_->iid : &collection_->iterable, &interface);
   if (status < 0)
     return status;
+  if (!interface)
+    return status::kNoInterface;
   source_ = static_cast<abi::IInspectable *>(interface);
   if (isVector)
     return size(&size_);

@@ -31,8 +31,15 @@ void *Words::remove(uint32_t index) {
 }
 
 HRESULT copyWord(ElementKind kind, void *word, void **copy) {
-  if (kind == ElementKind::String)
-    return WRTHSTRINGDuplicate(static_cast<HSTRING>(word), reinterpret_cast<HSTRING *>(copy));
+  *copy = nullptr;
+  if (kind == ElementKind::String) {
+    HSTRING string = nullptr;
+    const HRESULT status = WRTHSTRINGDuplicate(static_cast<HSTRING>(word), &string);
+    // What comes along with a failure is no handle.
+    if (status >= 0)
+      *copy = string;
+    return status;
+  }
   if (word)
     WRTIUnknownAddRef(word);
   *copy = word;
@@ -58,7 +65,7 @@ namespace {
 void *identityOf(void *object) {
   const GUID iid = WRTIUnknownGetUUID();
   void *identity = nullptr;
-  if (!object || WRTIUnknownQueryInterface(object, &iid, &identity) < 0)
+  if (!object || WRTIUnknownQueryInterface(object, &iid, &identity) < 0 || !identity)
     return object;
   WRTIUnknownRelease(identity);
   return identity;
@@ -151,13 +158,20 @@ HRESULT ElementList::indexOf(void *item, uint32_t *index, uint8_t *found) {
     return status::kPointer;
   *index = 0;
   *found = 0;
-  const Locked locked(this);
-  for (uint32_t i = 0; i < words_.count && !*found; ++i) {
-    if (equalWords(kind_, words_.items[i], item)) {
+  Words words;
+  {
+    const Locked locked(this);
+    if (const HRESULT status = copyWords(kind_, words_.count, words_.items, &words); status < 0)
+      return status;
+  }
+  // Objects are asked who they are behind the lock: what they do then is theirs.
+  for (uint32_t i = 0; i < words.count && !*found; ++i) {
+    if (equalWords(kind_, words.items[i], item)) {
       *index = i;
       *found = 1;
     }
   }
+  disposeWords(kind_, words);
   return status::kOk;
 }
 

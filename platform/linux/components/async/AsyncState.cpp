@@ -66,6 +66,9 @@ HRESULT AsyncState::close() {
 }
 
 HRESULT AsyncState::setHandler(void *operation, Handler *handler) {
+  // Whoever could not make one must not wait for it to be called.
+  if (handler == nullptr)
+    return status::kPointer;
   ComPtr<Handler> now;
   int32_t status = kStarted;
   {
