@@ -21,6 +21,8 @@ Handle untouched() {
 /// Records what a delegate answers, and gives its result back.
 template <class Delegate, class T>
 HRESULT takeResult(const char *member, Delegate *delegate, T result, auto release) {
+  if (!delegate)
+    return status::kPointer;
   const HRESULT status = delegate->Invoke(&result);
   const bool isUntouched = result == untouched<T>();
   receive(std::string(member) + " " + describeStatus(status) + " " +
@@ -38,6 +40,8 @@ HRESULT TestObject::InDelegate(abi::TestDelegate *arg) {
   recordCrossing("InDelegate");
   if (script().status >= 0) {
     for (int i = 0; i < script().invocations; ++i) {
+      if (!arg)
+        return status::kPointer;
       const implement::StringHolder text(u"text");
       abi::TestInterface *object = script().nullObjects ? nullptr : this;
       recordCrossing("Invoke " + describeStatus(arg->Invoke(i, text.get(), object, object)));

@@ -199,7 +199,7 @@ struct FirstSlots {
     return status;
   }
   static HRESULT WRT_ABI className(void *, HSTRING *result) {
-    *result = name;
+    *result = std::exchange(name, nullptr);
     return status;
   }
   // As release it gets no second argument.
@@ -239,10 +239,12 @@ void firstSlots(HRESULT status) {
               trace.names());
   }
   EXPECT_EQ(status < 0 ? status : 0, [error code]);
+  WRTHSTRINGRelease(std::exchange(FirstSlots::name, nullptr));
 
   error = before;
   FirstSlots::isAskedForTrust = true;
   EXPECT_EQ(2, [bridge getTrustLevelWithError:&error]);
+  FirstSlots::isAskedForTrust = false;
   EXPECT_EQ(status < 0 ? status : 0, [error code]);
 }
 

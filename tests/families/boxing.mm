@@ -329,6 +329,8 @@ void references() {
 struct Receiver {
   Receiver() {
     std::ranges::fill(table, reinterpret_cast<void *>(+[](void *, void *arg) WRT_ABI -> HRESULT {
+                        if (!arg)
+                          return status::kPointer;
                         return static_cast<abi::IReference__1_WRTTimeSpan *>(arg)->get_Value(
                             &received);
                       }));

@@ -5,6 +5,7 @@
 #include <WRTBridge.h>
 
 #include <climits>
+#include <utility>
 
 namespace wrt::test {
 
@@ -124,7 +125,8 @@ void structureArrays() {
     [bridge outStructArrayWithCount:&count arr:&block error:nullptr];
     ASSERT_EQ(3, count);
     EXPECT_EQ(3, block[2].x);
-    WRTTaskMemFree(block);
+    WRTTaskMemFree(std::exchange(block, nullptr));
+    count = 0;
     [bridge returnStructArrayWithCount:&count arr:&block error:nullptr];
     ASSERT_EQ(3, count);
     EXPECT_EQ(-1, block[0].y);

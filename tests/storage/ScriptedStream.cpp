@@ -2,6 +2,8 @@
 
 #include "platform/linux/activation/ActivationRegistry.h"
 
+#include "tests/support/PlatformTrace.h"
+
 #include <WRTBridge.h>
 
 #include <cstring>
@@ -106,6 +108,8 @@ public:
   HRESULT WRT_ABI
   ReadAsync(abi::IBuffer *buffer, unsigned count, int options,
             abi::IAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32 **result) override {
+    if (!buffer)
+      return status::kPointer;
     buffer->get_Capacity(&script_.capacity);
     script_.count = count;
     script_.options = options;
@@ -232,6 +236,8 @@ extern "C" void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
   using namespace wrt::test;
   static auto *forward = reinterpret_cast<decltype(&WRTCreateBufferWrappingBytes)>(
       dlsym(RTLD_NEXT, "WRTCreateBufferWrappingBytes"));
+  if (strikeOf("WRTCreateBufferWrappingBytes", __builtin_return_address(0)) != Strike::None)
+    return nullptr;
   if (!active)
     return forward(bytes, length);
   active->written = static_cast<const uint8_t *>(bytes);

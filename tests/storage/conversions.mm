@@ -93,7 +93,7 @@ private:
 void roundTrip() {
   settleAfterwards();
   const HandlerWatch watch;
-  for (size_t length : {0u, 1u, 4095u, 4096u, 4097u, 99999u, 64u << 20}) {
+  for (size_t length : {0u, 1u, 4095u, 4096u, 4097u, 99999u, runsForItsEnd() ? 2u : 64u << 20}) {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     NSData *data = patternOf(length);
     WRTRandomAccessStreamReferenceBridge *reference =

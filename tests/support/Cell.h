@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <memory>
+#include <string>
 
 namespace wrt::test {
 
@@ -13,6 +16,16 @@ namespace wrt::test {
 struct Cell {
   Cell(const char *name, void (*body)());
 };
+
+/// The body of each cell, by name.
+const std::map<std::string, void (*)()> &allCells();
+
+/// Runs a cell for its end alone, whatever its expectations say: empty if nothing was raised and
+/// nothing is left behind but what was announced, or a part of it.
+std::string endOf(void (*body)());
+
+/// Whether the running cell was started by `endOf`, where what it waits for may never come.
+bool runsForItsEnd();
 
 /// What the running cell leaves behind because the library keeps it on purpose. To be announced
 /// before it is made.

@@ -20,6 +20,22 @@ namespace {
 Leftover expected;
 bool leaksAreAnnounced = false;
 std::vector<std::shared_ptr<void>> lastingThings;
+bool onlyTheEndCounts = false;
+
+std::map<std::string, void (*)()> &registered() {
+  static std::map<std::string, void (*)()> bodies;
+  return bodies;
+}
+
+/// What the cell has announced.
+WRTLedgerCounts announced() {
+  WRTLedgerCounts counts{};
+  counts.live[kWRTLedgerStrings] = expected.strings;
+  counts.live[kWRTLedgerStringHandles] = expected.strings + expected.extraHandles;
+  counts.live[kWRTLedgerTaskBlocks] = expected.taskBlocks;
+  counts.live[kWRTLedgerObjects] = expected.objects;
+  return counts;
+}
 
 std::string describe(const WRTLedgerCounts &counts) {
   char text[256];
@@ -47,12 +63,7 @@ public:
     lastingThings.clear();
     if (std::exchange(leaksAreAnnounced, false))
       __lsan_enable();
-    WRTLedgerCounts leftover{};
-    leftover.live[kWRTLedgerStrings] = expected.strings;
-    leftover.live[kWRTLedgerStringHandles] = expected.strings + expected.extraHandles;
-    leftover.live[kWRTLedgerTaskBlocks] = expected.taskBlocks;
-    leftover.live[kWRTLedgerObjects] = expected.objects;
-    EXPECT_EQ(describe(leftover), describe(WRTLedgerDifference(before_, WRTLedgerRead())))
+    EXPECT_EQ(describe(announced()), describe(WRTLedgerDifference(before_, WRTLedgerRead())))
         << "left behind";
   }
 
@@ -65,11 +76,37 @@ private:
 
 Cell::Cell(const char *name, void (*body)()) {
   const std::string whole = name;
+  registered()[whole] = body;
   const size_t dot = whole.find('.');
   testing::RegisterTest(whole.substr(0, dot).c_str(), whole.substr(dot + 1).c_str(), nullptr,
                         nullptr, __FILE__, __LINE__,
                         [body]() -> testing::Test * { return new CellTest(body); });
 }
+
+const std::map<std::string, void (*)()> &allCells() { return registered(); }
+
+std::string endOf(void (*body)()) {
+  onlyTheEndCounts = true;
+  expected = {};
+  const WRTLedgerCounts before = WRTLedgerRead();
+  std::string end;
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  @try {
+    body();
+  } @catch (id exception) {
+    end = std::string("raised ") + [[exception description] UTF8String];
+  }
+  [pool release];
+  lastingThings.clear();
+  const WRTLedgerCounts counts = WRTLedgerDifference(before, WRTLedgerRead());
+  const WRTLedgerCounts most = announced();
+  for (size_t kind = 0; kind < kWRTLedgerKindCount && end.empty(); ++kind)
+    if (counts.live[kind] < 0 || counts.live[kind] > most.live[kind])
+      end = "left behind " + describe(counts) + " of " + describe(most) + " announced";
+  return end;
+}
+
+bool runsForItsEnd() { return onlyTheEndCounts; }
 
 void expectLeftover(Leftover leftover) {
   if (__lsan_disable && !leaksAreAnnounced) {

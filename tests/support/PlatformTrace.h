@@ -32,6 +32,18 @@ void failNext(Lack lack);
 /// Whether objects can be lacking: ThreadSanitizer has an `operator new` that nobody can replace.
 inline constexpr bool kObjectsCanLack = !__has_feature(thread_sanitizer);
 
+/// What becomes of a call of a platform function: it is carried out, fails with `kStruck`, or gives
+/// null (with success, where there is a status).
+enum class Strike { None, Failure, Null };
+inline constexpr HRESULT kStruck = static_cast<HRESULT>(0x8007F417);
+
+/// Asked, on any thread, before each call of a platform function that can fail. `caller` is where
+/// it returns to. Null for nobody.
+using Striker = Strike (*)(const char *function, const void *caller);
+void setStriker(Striker striker);
+/// What the striker says.
+Strike strikeOf(const char *function, const void *caller);
+
 /// Records the calls of allocation, release and conversion functions that this thread makes while
 /// it lives. The test program's own functions stand in front of the platform's and forward to them.
 class PlatformTrace {

@@ -1,0 +1,149 @@
+#include "tests/faults/Fault.h"
+
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <cstring>
+#include <dlfcn.h>
+#include <execinfo.h>
+#include <link.h>
+#include <pthread.h>
+#include <string_view>
+#include <unistd.h>
+#include <vector>
+
+namespace wrt::test::faults {
+
+namespace {
+
+struct Image {
+  uintptr_t begin = 0, end = 0;
+
+  bool has(const void *address) const {
+    const auto place = reinterpret_cast<uintptr_t>(address);
+    return place >= begin && place < end;
+  }
+};
+
+/// Where the shared library of that name lies.
+Image imageOf(std::string_view name) {
+  struct Search {
+    std::string_view name;
+    Image found;
+  } search{name, {}};
+  dl_iterate_phdr(
+      [](dl_phdr_info *info, size_t, void *data) {
+        auto &wanted = *static_cast<Search *>(data);
+        if (std::string_view(info->dlpi_name).find(wanted.name) == std::string_view::npos)
+          return 0;
+        wanted.found.begin = info->dlpi_addr;
+        for (int i = 0; i < info->dlpi_phnum; ++i)
+          if (info->dlpi_phdr[i].p_type == PT_LOAD)
+            wanted.found.end =
+                info->dlpi_addr + info->dlpi_phdr[i].p_vaddr + info->dlpi_phdr[i].p_memsz;
+        return 1;
+      },
+      &search);
+  return search.found;
+}
+
+const Image library = imageOf("/libWRTObjcBridge_zorvex."), support = imageOf("/libWRTSupport."),
+            platform = imageOf("/libWRTBridge_zorvex.");
+pthread_t mainThread;
+const Fault *planned;
+unsigned plannedCall;
+Report *current;
+
+Strike ask(const char *function, const void *caller) {
+  const bool isMemory = std::string_view(function) == "operator new";
+  if (ownerOf(caller) != (isMemory ? Owner::Platform : Owner::Library) ||
+      (isMemory && !isWatching()))
+    return Strike::None;
+  Strike strike = Strike::None;
+  for (const Fault &fault : kFaults) {
+    if (std::strcmp(fault.function, function) != 0)
+      continue;
+    const unsigned call =
+        std::atomic_ref(current->calls[&fault - kFaults]).fetch_add(1, std::memory_order_relaxed) +
+        1;
+    if (&fault != planned || call != plannedCall)
+      continue;
+    current->isStruck = true;
+    strike = fault.strike;
+    noteStrike(fault);
+  }
+  return strike;
+}
+
+/// Whether the library has no part in what happens now: it does not stand on the stack, or what
+/// stands nearer is a block of the cell's that the platform has it call. On threads of the
+/// platform's the cell has to be there.
+bool isOfTheCell() {
+  void *addresses[128];
+  const int count = backtrace(addresses, std::size(addresses));
+  bool isOfCell = false;
+  for (int i = 3; i < count; ++i) { // behind this, the handler and what the kernel calls it by
+    if (ownerOf(addresses[i]) == Owner::Library) {
+      while (i < count && ownerOf(addresses[i]) == Owner::Library)
+        ++i;
+      return isOfCell && i < count && ownerOf(addresses[i]) == Owner::Platform;
+    }
+    Dl_info info;
+    isOfCell |= dladdr(addresses[i], &info) && std::strstr(info.dli_fname, "faults_tests");
+  }
+  return isOfCell || pthread_equal(pthread_self(), mainThread);
+}
+
+void endCrash(int signal) {
+  if (isOfTheCell()) {
+    current->isGivenUp = true;
+    _exit(0);
+  }
+  void *addresses[32];
+  backtrace_symbols_fd(addresses, backtrace(addresses, std::size(addresses)), 2);
+  std::signal(signal, SIG_DFL);
+  raise(signal);
+}
+
+} // namespace
+
+Owner ownerOf(const void *address) {
+  if (library.has(address) || support.has(address))
+    return Owner::Library;
+  return platform.has(address) ? Owner::Platform : Owner::Other;
+}
+
+void tell(const std::string &problem) {
+  if (current && current->problem[0] == '\0')
+    problem.copy(current->problem, sizeof current->problem - 1);
+}
+
+void strike(const Fault &fault, unsigned call, Report &report) {
+  planned = &fault;
+  plannedCall = call;
+  current = &report;
+  mainThread = pthread_self();
+  for (int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT})
+    std::signal(signal, endCrash);
+  setStriker(ask);
+}
+
+} // namespace wrt::test::faults
+
+// Stands in front of the runtime's: whose is what is raised last.
+extern "C" __attribute__((visibility("default"), noreturn)) void
+objc_exception_throw(void *exception) {
+  using namespace wrt::test::faults;
+  static auto *forward =
+      reinterpret_cast<void (*)(void *)>(dlsym(RTLD_NEXT, "objc_exception_throw"));
+  if (current)
+    current->isGivenUp = isOfTheCell();
+  forward(exception);
+  __builtin_unreachable();
+}
+
+// Stands in front of the platform's: the end that the library chooses, told from a crash.
+extern "C" __attribute__((visibility("default"), noreturn)) void XPAbortWithBacktrace() {
+  wrt::test::faults::tell("aborts on purpose");
+  _exit(0);
+}

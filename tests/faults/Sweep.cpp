@@ -1,0 +1,223 @@
+// Lets every call of the platform by the library go wrong once, in every cell of the matrix, each
+// time in a process of its own. What is looked at is how that ends, not what the cell expects: no
+// crash, no hang, no exception, nothing left behind that was not announced, and the error variable
+// as it is meant. What is meant to end otherwise stands in the list of kept outcomes.
+//
+//   faults_tests KEPT BEHAVIOUR [--sample ONE_IN SEED] [--only TEXT] [--verbose]
+
+#include "tests/faults/Fault.h"
+#include "tests/faults/Kept.h"
+#include "tests/support/Cell.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <random>
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <tuple>
+#include <unistd.h>
+
+using namespace wrt::test;
+using namespace wrt::test::faults;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+/// A process that takes longer hangs.
+constexpr auto kLimit = std::chrono::seconds(4);
+/// Of calls of one function in one cell: cells that repeat themselves show nothing new behind it.
+constexpr unsigned kMostCalls = 24;
+
+struct Outcome {
+  std::string cell;
+  const Fault *fault = &kFaults[0];
+  unsigned call = 0; ///< 0: nothing goes wrong
+  bool isStruck = false;
+  bool isGivenUp = false;
+  std::string problem = {};
+
+  auto rank() const { return std::tie(cell, fault, call); }
+  std::string name() const {
+    return call == 0
+               ? cell
+               : cell + " " + fault->function + " " +
+                     (fault->strike == Strike::Failure ? "fails " : "null ") + std::to_string(call);
+  }
+};
+
+/// A process that runs a cell, and where it tells what and prints into.
+class Child {
+public:
+  Child()
+      : report_(static_cast<Report *>(mmap(nullptr, sizeof(Report), PROT_READ | PROT_WRITE,
+                                           MAP_SHARED | MAP_ANONYMOUS, -1, 0))),
+        output_(memfd_create("output", 0)) {}
+
+  void start(Outcome &outcome) {
+    outcome_ = &outcome;
+    std::memset(report_, 0, sizeof *report_);
+    if (ftruncate(output_, 0) != 0 || lseek(output_, 0, SEEK_SET) != 0)
+      std::abort();
+    started_ = Clock::now();
+    pid_ = fork();
+    if (pid_ != 0) {
+      handle_ = static_cast<int>(syscall(SYS_pidfd_open, pid_, 0));
+      return;
+    }
+    dup2(output_, 1);
+    dup2(output_, 2);
+    strike(*outcome.fault, outcome.call, *report_);
+    const std::string end = endOf(allCells().at(outcome.cell));
+    report_->isGivenUp &= end.starts_with("raised");
+    if (!end.empty() && !report_->isGivenUp)
+      tell(end);
+    _exit(0);
+  }
+
+  bool isBusy() const { return outcome_ != nullptr; }
+  pollfd awaited() const { return {isBusy() ? handle_ : -1, POLLIN, 0}; }
+  const Report &report() const { return *report_; }
+
+  /// Takes the outcome if the process has ended or its time is over; null otherwise.
+  Outcome *take() {
+    int status = 0;
+    const bool hangs = Clock::now() - started_ > kLimit;
+    if (hangs)
+      kill(pid_, SIGKILL);
+    if (waitpid(pid_, &status, hangs ? 0 : WNOHANG) == 0)
+      return nullptr;
+    close(handle_);
+    outcome_->isStruck = report_->isStruck;
+    outcome_->isGivenUp = report_->isGivenUp;
+    outcome_->problem = report_->problem;
+    if (hangs)
+      outcome_->problem = "hangs";
+    else if (status != 0)
+      outcome_->problem = end(status);
+    return std::exchange(outcome_, nullptr);
+  }
+
+private:
+  /// What a process that did not end by itself has printed last.
+  std::string end(int status) {
+    char text[1 << 14] = {};
+    const off_t size = lseek(output_, 0, SEEK_END);
+    if (pread(output_, text, sizeof text - 1,
+              std::max<off_t>(0, size - static_cast<off_t>(sizeof text - 1))) < 0)
+      return "crashes";
+    const std::string printed = text;
+    const size_t line = printed.find("no memory for ");
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT && line != std::string::npos)
+      return "gives up: " + printed.substr(line);
+    return "crashes with " + std::to_string(status) + ":\n" + printed;
+  }
+
+  Report *report_;
+  int output_;
+  Outcome *outcome_ = nullptr;
+  Clock::time_point started_;
+  pid_t pid_ = 0;
+  int handle_ = -1;
+};
+
+/// Runs all of them, two at a time, and hands each to `done` with its report.
+template <class Done>
+void run(std::vector<Outcome> &outcomes, Done done) {
+  Child children[2];
+  size_t next = 0;
+  for (;;) {
+    for (Child &child : children)
+      if (!child.isBusy() && next < outcomes.size())
+        child.start(outcomes[next++]);
+    pollfd awaited[] = {children[0].awaited(), children[1].awaited()};
+    if (awaited[0].fd < 0 && awaited[1].fd < 0)
+      return;
+    poll(awaited, 2, 500);
+    for (Child &child : children)
+      if (Outcome *outcome = child.isBusy() ? child.take() : nullptr)
+        done(*outcome, child.report());
+  }
+}
+
+struct Options {
+  unsigned oneIn = 1;
+  unsigned seed = 0;
+  const char *only = "";
+  bool isVerbose = false;
+};
+
+} // namespace
+
+int main(int argc, char **argv) {
+  Options options;
+  const char *files[2] = {};
+  for (int i = 1, file = 0; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (argument == "--verbose") {
+      options.isVerbose = true;
+    } else if (argument == "--only" && i + 1 < argc) {
+      options.only = argv[++i];
+    } else if (argument == "--sample" && i + 2 < argc) {
+      options.oneIn = static_cast<unsigned>(std::stoul(argv[++i]));
+      options.seed = static_cast<unsigned>(std::stoul(argv[++i]));
+    } else if (file < 2) {
+      files[file++] = argv[i];
+    }
+  }
+  if (!files[1]) {
+    std::fprintf(stderr, "usage: %s KEPT BEHAVIOUR [--sample ONE_IN SEED] [--only TEXT]\n",
+                 argv[0]);
+    return 2;
+  }
+  Kept kept(files[0], files[1]);
+  testing::InitGoogleTest(&argc, argv);
+  watchErrors();
+
+  std::vector<Outcome> scenarios;
+  for (const auto &[name, body] : allCells())
+    if (name.find(options.only) != std::string::npos && !kept.isLeftOut(name))
+      scenarios.push_back({name});
+  size_t wrong = 0, givenUp = 0;
+  const auto judge = [&](const Outcome &outcome) {
+    if (options.isVerbose)
+      std::printf("%s: %s%s\n", outcome.name().c_str(), outcome.isGivenUp ? "given up " : "",
+                  outcome.problem.c_str());
+    givenUp += outcome.isGivenUp;
+    if (outcome.problem.empty() || kept.has(outcome.name(), outcome.problem))
+      return;
+    ++wrong;
+    std::printf("faults: %s: %s\n", outcome.name().c_str(), outcome.problem.c_str());
+    std::fflush(stdout);
+  };
+
+  std::vector<Outcome> outcomes;
+  std::mt19937 random(options.seed);
+  run(scenarios, [&](const Outcome &scenario, const Report &report) {
+    judge(scenario);
+    for (const Fault &fault : kFaults) {
+      const unsigned calls = std::min(report.calls[&fault - kFaults], kMostCalls);
+      for (unsigned call = 1; call <= calls; ++call)
+        outcomes.push_back({scenario.cell, &fault, call});
+    }
+  });
+  std::ranges::sort(outcomes, {}, &Outcome::rank);
+  std::erase_if(outcomes, [&](const Outcome &) { return random() % options.oneIn != 0; });
+  run(outcomes, [&](const Outcome &outcome, const Report &) { judge(outcome); });
+  if (options.oneIn == 1 && !options.only[0])
+    wrong += kept.reportMissing();
+  rusage used{};
+  getrusage(RUSAGE_CHILDREN, &used);
+  std::printf("faults: %zu outcomes of %zu scenarios, %zu wrong\n", outcomes.size(),
+              scenarios.size(), wrong);
+  std::printf("%zu given up by the cell itself; %ld s of processor time\n", givenUp,
+              used.ru_utime.tv_sec + used.ru_stime.tv_sec);
+  return wrong != 0;
+}
