@@ -3,12 +3,33 @@
 
 #include "tests/component/TestObject.h"
 
+#include <functional>
+
 namespace wrt::test {
 
 /// A component that misbehaves in ways that a caller must survive: success codes other than zero,
 /// success without a result, counts that lie.
 class HostileObject final : public TestObject {
 public:
+  /// What these members do to their caller before they do what they should.
+  std::function<void()> meddle = [] {};
+  HRESULT WRT_ABI InString(HSTRING arg) override {
+    meddle();
+    return TestObject::InString(arg);
+  }
+  HRESULT WRT_ABI InInterfaceArray(int32_t count, abi::TestInterface **arr) override {
+    meddle();
+    return TestObject::InInterfaceArray(count, arr);
+  }
+  HRESULT WRT_ABI OutStringArray(int32_t *count, HSTRING **arr) override {
+    meddle();
+    return TestObject::OutStringArray(count, arr);
+  }
+  HRESULT WRT_ABI ReturnRtcArray(int32_t *count, abi::TestInterface ***arr) override {
+    meddle();
+    return TestObject::ReturnRtcArray(count, arr);
+  }
+
   /// Succeed with `S_FALSE`.
   HRESULT WRT_ABI VoidFunction() override { return 1; }
   HRESULT WRT_ABI ReturnPrimitive(int32_t *result) override {
