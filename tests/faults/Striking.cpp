@@ -12,6 +12,9 @@
 #include <unistd.h>
 #include <vector>
 
+// The sanitizers' own, where they are there: called before they end the process.
+extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
+
 namespace wrt::test::faults {
 
 namespace {
@@ -94,11 +97,15 @@ bool isOfTheCell() {
   return isOfCell || pthread_equal(pthread_self(), mainThread);
 }
 
+void giveUpIfOfTheCell() {
+  if (!isOfTheCell())
+    return;
+  current->isGivenUp = true;
+  _exit(0);
+}
+
 void endCrash(int signal) {
-  if (isOfTheCell()) {
-    current->isGivenUp = true;
-    _exit(0);
-  }
+  giveUpIfOfTheCell();
   void *addresses[32];
   backtrace_symbols_fd(addresses, backtrace(addresses, std::size(addresses)), 2);
   std::signal(signal, SIG_DFL);
@@ -125,6 +132,8 @@ void strike(const Fault &fault, unsigned call, Report &report) {
   mainThread = pthread_self();
   for (int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT})
     std::signal(signal, endCrash);
+  if (__sanitizer_set_death_callback)
+    __sanitizer_set_death_callback(giveUpIfOfTheCell);
   setStriker(ask);
 }
 
