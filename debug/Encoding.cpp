@@ -85,6 +85,10 @@ private:
 
 } // namespace
 
+std::string EncodedType::bridgeName() const {
+  return name.starts_with('<') ? name.substr(1, name.size() - 2) : name;
+}
+
 ffi_type *EncodedType::ffi() const {
   switch (kind) {
   case 'v':

@@ -3,6 +3,7 @@
 
 #include <ffi.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -21,6 +22,10 @@ struct EncodedType {
   std::vector<EncodedType> fields;
 
   bool isStructure() const { return kind == '{'; }
+  bool isString() const { return kind == '@' && name == "NSString"; }
+  bool isArray() const { return kind == '@' && (name == "NSArray" || name == "NSMutableArray"); }
+  /// The bridge class that stands for an object type: a class's own name, or its protocol's.
+  std::string bridgeName() const;
   /// How the type is passed in this process. Lives as long as this object.
   ffi_type *ffi() const;
 

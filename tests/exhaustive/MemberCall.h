@@ -1,15 +1,14 @@
 #ifndef WRT_TESTS_MEMBER_CALL_H
 #define WRT_TESTS_MEMBER_CALL_H
 
-#include "debug/Encoding.h"
 #include "tests/catalogue/CatalogueTable.h"
+#include "tests/exhaustive/Patterns.h"
 #include "tests/exhaustive/RecordingObject.h"
 
 #import <Foundation/Foundation.h>
 
 namespace wrt::test {
 
-using debug::EncodedType;
 using debug::parseEncoding;
 
 /// How a call of a member ends.

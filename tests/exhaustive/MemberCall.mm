@@ -21,18 +21,7 @@ constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154); // REG
 
 NSString *const kText = @"crossing";
 
-/// The bridge class that stands for an object type: a class's own name, or its protocol's.
-Class bridgeClass(const EncodedType &type) {
-  std::string name = type.name;
-  if (name.starts_with('<'))
-    name = name.substr(1, name.size() - 2);
-  return objc_lookUpClass(name.c_str());
-}
-
-bool isString(const EncodedType &type) { return type.kind == '@' && type.name == "NSString"; }
-bool isArray(const EncodedType &type) {
-  return type.kind == '@' && (type.name == "NSArray" || type.name == "NSMutableArray");
-}
+Class bridgeClass(const EncodedType &type) { return objc_lookUpClass(type.bridgeName().c_str()); }
 
 template <class T>
 T read(const void *place) {
@@ -46,58 +35,8 @@ void write(void *place, T value) {
   std::memcpy(place, &value, sizeof value);
 }
 
-/// Bytes that tell arguments apart; a number of every width, no NaN among floats.
-void fillPattern(const EncodedType &type, unsigned char *place, int seed) {
-  if (type.isStructure()) {
-    size_t offset = 0;
-    for (const EncodedType &field : type.fields) {
-      ffi_type *layout = field.ffi();
-      offset = (offset + layout->alignment - 1) / layout->alignment * layout->alignment;
-      fillPattern(field, place + offset, ++seed);
-      offset += layout->size;
-    }
-  } else if (type.kind == 'f') {
-    write(place, 1.5f + static_cast<float>(seed));
-  } else if (type.kind == 'd') {
-    write(place, -2.5 - seed);
-  } else if (type.kind == 'B') {
-    write<unsigned char>(place, seed & 1);
-  } else if (type.kind == '^') {
-    write<void *>(place, nullptr);
-  } else {
-    for (size_t i = 0; i < type.ffi()->size; ++i)
-      place[i] = static_cast<unsigned char>(0x81 + 7 * static_cast<size_t>(seed) + i);
-  }
-}
-
-/// Whether two values agree in every field; what lies between fields does not count.
-bool areEqual(const EncodedType &type, const unsigned char *left, const unsigned char *right) {
-  if (!type.isStructure())
-    return std::memcmp(left, right, type.ffi()->size) == 0;
-  size_t offset = 0;
-  for (const EncodedType &field : type.fields) {
-    ffi_type *layout = field.ffi();
-    offset = (offset + layout->alignment - 1) / layout->alignment * layout->alignment;
-    if (!areEqual(field, left + offset, right + offset))
-      return false;
-    offset += layout->size;
-  }
-  return true;
-}
-
 /// Room behind every pointer that is passed.
 alignas(16) unsigned char room[8][64];
-
-size_t sizeOf(const EncodedType &type) {
-  ffi_type *layout = type.ffi();
-  if (type.isStructure() && layout->size == 0) {
-    // libffi computes a structure's layout when a call is prepared.
-    ffi_cif cif;
-    ffi_type *arguments[] = {layout};
-    ffi_prep_cif(&cif, FFI_DEFAULT_ABI, 1, &ffi_type_void, arguments);
-  }
-  return layout->size;
-}
 
 } // namespace
 
@@ -118,10 +57,9 @@ void MemberCall::makeArguments() {
 
 void MemberCall::makeArgument(Argument &argument, int seed) {
   const EncodedType &type = argument.type;
-  sizeOf(type);
-  if (isString(type)) {
+  if (type.isString()) {
     write(argument.value, kText);
-  } else if (isArray(type)) {
+  } else if (type.isArray()) {
     write<id>(argument.value, [NSMutableArray array]);
     argument.words = 2; // count and block, or the places for them
   } else if (type.kind == '@') {
@@ -136,10 +74,11 @@ void MemberCall::makeArgument(Argument &argument, int seed) {
   } else if (type.kind == '^') {
     write<void *>(argument.value, room[seed]);
   } else {
-    fillPattern(type, argument.value, seed);
+    std::ranges::copy(pattern(type, seed), argument.value);
     // Beside an array it may be a capacity, and is one that can be had.
     const bool isBesideArray =
-        isArray(result_) || std::ranges::any_of(arguments_, isArray, &Argument::type);
+        result_.isArray() ||
+        std::ranges::any_of(arguments_, &EncodedType::isArray, &Argument::type);
     if (isBesideArray && (type.kind == 'i' || type.kind == 'I'))
       argument.value[3] = 0;
   }
@@ -148,7 +87,7 @@ void MemberCall::makeArgument(Argument &argument, int seed) {
 std::vector<ffi_type *> MemberCall::slotTypes() const {
   std::vector<ffi_type *> types;
   for (const Argument &argument : arguments_) {
-    if (isArray(argument.type)) {
+    if (argument.type.isArray()) {
       // An in-array begins with its count; everything else is places.
       const bool isIn = argument.type.name == "NSArray";
       types.push_back(isIn ? &ffi_type_uint32 : &ffi_type_pointer);
@@ -159,7 +98,7 @@ std::vector<ffi_type *> MemberCall::slotTypes() const {
   }
   if (result_.kind != 'v')
     types.push_back(&ffi_type_pointer);
-  if (isArray(result_))
+  if (result_.isArray())
     types.push_back(&ffi_type_pointer);
   return types;
 }
@@ -182,9 +121,9 @@ HRESULT MemberCall::receive(void **arguments) {
 
 void MemberCall::checkWord(const Argument &argument, void *place) {
   const EncodedType &type = argument.type;
-  if (isString(type)) {
+  if (type.isString()) {
     expect(viewOf(read<HSTRING>(place)) == u"crossing", "a string argument is another");
-  } else if (isArray(type)) {
+  } else if (type.isArray()) {
     if (type.name == "NSArray")
       expect(read<uint32_t>(place) == 0, "an empty array has elements");
     else
@@ -209,10 +148,10 @@ void MemberCall::checkWord(const Argument &argument, void *place) {
 }
 
 void MemberCall::writeResult(void *place) {
-  if (isString(result_)) {
+  if (result_.isString()) {
     makeString(u"crossing", &returnedString_);
     write(place, returnedString_);
-  } else if (isArray(result_)) {
+  } else if (result_.isArray()) {
     // Nothing is delivered: the places stay as the bridge left them.
   } else if (result_.kind == '@') {
     ++argumentObject_.references;
@@ -220,8 +159,7 @@ void MemberCall::writeResult(void *place) {
   } else if (result_.kind == 'B') {
     write<unsigned char>(place, 0x80);
   } else {
-    sizeOf(result_);
-    fillPattern(result_, static_cast<unsigned char *>(place), 9);
+    std::ranges::copy(pattern(result_, 9), static_cast<unsigned char *>(place));
   }
 }
 
@@ -231,9 +169,9 @@ void MemberCall::checkResult(const void *result) {
     id object = read<id>(result);
     if (isEmpty)
       expect(object == nil, "a failed call has a result");
-    else if (isString(result_))
+    else if (result_.isString())
       expect([object isEqual:kText], "a string result is another");
-    else if (isArray(result_))
+    else if (result_.isArray())
       expect(object && [object count] == 0, "an array result is another");
     else
       expect([object class] == bridgeClass(result_) && [object inner] == argumentObject_.pointer(),
@@ -244,7 +182,7 @@ void MemberCall::checkResult(const void *result) {
   if (!isEmpty && result_.kind == 'B')
     wanted[0] = 1;
   else if (!isEmpty)
-    fillPattern(result_, wanted, 9);
+    std::ranges::copy(pattern(result_, 9), wanted);
   expect(areEqual(result_, static_cast<const unsigned char *>(result), wanted),
          "a number result is another");
 }

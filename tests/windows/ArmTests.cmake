@@ -21,14 +21,13 @@ wrt_add_arm_dll(producttest FOLDER ${WRT_ARM_IMAGES} OBJECTS producttest_objects
   LIBRARIES ${CMAKE_BINARY_DIR}/WRTObjcBridge_zorvex.lib ${WRT_ARM_DOUBLE_LIBRARIES}
             ${WRT_ARM_SYSTEM_LIBRARIES})
 add_test(NAME windows.product.emulated
-  COMMAND runemulated runTests,activateProxy,lookAtLog
-          ${WRT_ARM_DOUBLES} ${product} ${WRT_ARM_IMAGES}/producttest.dll)
+  COMMAND runemulated ${WRT_ARM_DOUBLES} ${product} ${WRT_ARM_IMAGES}/producttest.dll)
 add_test(NAME windows.product.startup COMMAND startuptests ${product} ${product_map} ${WRT_ARM_DOUBLES})
 add_test(NAME windows.product.size COMMAND sizereport check ${product} ${product_map} ${WRT_CATALOGUE}
   ${CMAKE_CURRENT_SOURCE_DIR}/goldens/large-methods.txt)
 add_test(NAME windows.product.code COMMAND methodcode check ${product} ${product_map}
   ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt)
-add_test(NAME windows.images COMMAND imagetests ${product} ${WRT_CATALOGUE} $<TARGET_FILE:fixuptable>)
+add_test(NAME windows.images COMMAND imagetests ${product} ${WRT_CATALOGUE})
 add_test(NAME windows.product.calls
   COMMAND armcalls check ${CMAKE_CURRENT_SOURCE_DIR}/goldens/call-ceilings.tsv ${WRT_ARM_DOUBLES} ${product})
 add_test(NAME windows.product.sweep

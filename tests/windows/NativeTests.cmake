@@ -39,15 +39,24 @@ if(NOT WRT_SANITIZE)
   set(doubles ${PROJECT_SOURCE_DIR}/platform/arm/doubles)
   file(GLOB i386_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.mm
     ${PROJECT_SOURCE_DIR}/marshal/*.mm ${doubles}/zorvex/*.mm ${doubles}/zorvex/*.cpp
-    ${doubles}/bridge/*.cpp ${doubles}/util/*.mm ${doubles}/log/*.mm)
-  # What is written in terms of generated bridges needs the catalogue.
+    ${doubles}/bridge/*.cpp ${doubles}/generated/*.cpp ${doubles}/util/*.mm ${doubles}/log/*.mm arm/*.mm)
+  # What is written in terms of the catalogue needs all of it.
   list(REMOVE_ITEM i386_sources ${PROJECT_SOURCE_DIR}/core/WRTBufferConversions.mm)
-  add_executable(windows_i386_tests ${i386_sources} ${doubles}/zorvex/MessageSendI386.S
-    sample/Sample.mm sample/SampleNames.cpp i386/SampleTest.mm i386/Main.cpp)
+  set(factories ${CMAKE_CURRENT_BINARY_DIR}/Factories.cpp)
+  add_custom_command(OUTPUT ${factories}
+    COMMAND ${CMAKE_COMMAND} -DEXPORTS=${WRT_BRIDGE_EXPORTS} -DRESULT=${factories}
+            -P ${doubles}/generated/Factories.cmake
+    DEPENDS ${WRT_BRIDGE_EXPORTS} ${doubles}/generated/Factories.cmake VERBATIM)
+  set(generated ${PROJECT_BINARY_DIR}/classes/test.mm ${PROJECT_BINARY_DIR}/platform/test.names.cpp)
+  set_source_files_properties(${generated} PROPERTIES GENERATED ON)
+  add_executable(windows_i386_tests ${i386_sources} ${doubles}/zorvex/MessageSendI386.S ${factories}
+    ${generated} i386/Main.cpp)
+  add_dependencies(windows_i386_tests bridges)
   target_compile_features(windows_i386_tests PRIVATE cxx_std_20)
   target_compile_definitions(windows_i386_tests PRIVATE WRT_BUILDING_BRIDGE)
   target_include_directories(windows_i386_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}
-    ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}/include)
+    ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/platform/include ${PROJECT_BINARY_DIR}
+    ${PROJECT_BINARY_DIR}/include)
   target_include_directories(windows_i386_tests SYSTEM PRIVATE
     ${PROJECT_SOURCE_DIR}/platform/windows/include)
   set(i386 -m32 -fsanitize=address,undefined -fno-sanitize-recover=all)

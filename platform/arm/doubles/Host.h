@@ -16,9 +16,6 @@ TEST_HOST void hostReport(const char *name, int passed);
 TEST_HOST void hostLog(const char *text);
 /// Ends the run with a message.
 [[noreturn]] TEST_HOST void hostEnd(const char *message);
-/// Says that the test function that runs is to end with this message; it fails if it does not. Only
-/// the emulator has it.
-TEST_HOST void hostExpectEnd(const char *message);
 }
 
 #endif

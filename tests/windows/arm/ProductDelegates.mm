@@ -1,14 +1,7 @@
-// Blocks that WinRT calls: delegates with and without results, events, completion handlers.
+// Blocks that WinRT calls: delegates with and without results.
 #include "arm/FakeObject.h"
-#include "arm/ProductTest.h"
 
-#import <WRTObjcBridge/IAsyncOperation.h>
-#import <WRTObjcBridge/Windows.UI.Core.h>
-#import <WRTObjcBridge/Windows.UI.Popups.h>
 #import <WRTObjcBridge/test.h>
-#include <abi/IAsyncOperation.abi.h>
-#include <abi/Windows.UI.Core.abi.h>
-#include <abi/Windows.UI.Popups.abi.h>
 #include <abi/test.abi.h>
 
 namespace wrt::test {
@@ -19,7 +12,6 @@ using TestObject = FakeObject<WRTTestInterfaceVtbl>;
 
 /// The delegate that a fake was given last, kept as an event source keeps it.
 void *kept;
-long long seenToken;
 
 HRESULT keep(void *delegate) {
   WRTIUnknownAddRef(delegate);
@@ -108,84 +100,6 @@ void testInterfaceResult(TestObject &object, WRTTestInterfaceBridge *bridge) {
   drop();
 }
 
-void testEvents() {
-  FakeObject<WRTICoreWindowVtbl> window(kWRTICoreWindowIID);
-  WRTICoreWindowBridge *bridge = [[WRTICoreWindowBridge alloc] initWithInner:&window];
-  window.table.add_Activated = [](WRTICoreWindow *, void *handler,
-                                  WRTEventRegistrationToken *result) -> HRESULT {
-    result->value = 0x7FFFFFFF12345678;
-    return keep(handler);
-  };
-  window.table.remove_Activated = [](WRTICoreWindow *, WRTEventRegistrationToken token) -> HRESULT {
-    seenToken = token.value;
-    return 0;
-  };
-  static const void *sender;
-  NSError *error = nil;
-  const WRTEventRegistrationToken token = [bridge
-      addActivatedWithHandler:^HRESULT(WRTCoreWindowBridge *from,
-                                       WRTWindowActivatedEventArgsBridge *) {
-        sender = [from inner];
-        return 0;
-      }
-                        error:&error];
-  CHECK(token.value == 0x7FFFFFFF12345678 && error == nil);
-  CHECK(same(testLastFactory(), "WRTTypedEventHandler__2_WRTCoreWindow_P_"
-                                "WRTWindowActivatedEventArgs_PFromBlock"));
-  CHECK((invoke<void *, void *>(kept, &window, &window) == 0) && sender == &window);
-  [bridge removeActivatedWithToken:token error:&error];
-  CHECK(seenToken == 0x7FFFFFFF12345678);
-  drop();
-
-  window.table.add_Activated = [](WRTICoreWindow *, void *,
-                                  WRTEventRegistrationToken *) -> HRESULT { return kFail; };
-  [bridge
-      addActivatedWithHandler:^HRESULT(WRTCoreWindowBridge *, WRTWindowActivatedEventArgsBridge *) {
-        return 0;
-      }
-                        error:&error];
-  CHECK([error code] == kFail && testLiveDelegates() == 0);
-  CHECK(window.references == 1);
-  [bridge release];
-}
-
-void testCatalogueDelegates() {
-  static int status;
-  FakeObject<WRTIAsyncOperation__1_WRTIUICommand_PVtbl> operation(
-      kWRTIAsyncOperation__1_WRTIUICommand_PIID);
-  operation.table.put_Completed = [](WRTIAsyncOperation__1_WRTIUICommand_P *,
-                                     void *handler) -> HRESULT { return keep(handler); };
-  [[WRTIAsyncOperation__1_WRTIUICommand_P_Bridge bridge:&operation]
-      setCompletedWithHandler:^HRESULT(id<WRTIAsyncOperation__1_WRTIUICommand_P_Bridge> done,
-                                       int how) {
-        status = [done inner] == kept ? -1 : how;
-        return 0;
-      }
-                        error:nil];
-  CHECK((invoke<void *, int>(kept, &operation, 2) == 0) && status == 2);
-  drop();
-
-  FakeObject<WRTIUICommandFactoryVtbl> commands(kWRTIUICommandFactoryIID);
-  commands.table.CreateWithHandler = [](WRTIUICommandFactory *, HSTRING label, void *action,
-                                        WRTIUICommand **result) -> HRESULT {
-    *result = nullptr;
-    return hasText(label, u"OK") ? keep(action) : kFail;
-  };
-  testSetFactory(u"Windows.UI.Popups.UICommand", &commands);
-  NSError *error = nil;
-  static bool called;
-  [WRTUICommandBridge createWithHandlerWithLabel:@"OK"
-                                          action:^HRESULT(id<WRTIUICommandBridge>) {
-                                            called = true;
-                                            return 0;
-                                          }
-                                           error:&error];
-  CHECK(error == nil && same(testLastFactory(), "WRTUICommandInvokedHandlerFromBlock"));
-  CHECK(invoke<void *>(kept, &operation) == 0 && called);
-  testSetFactory(u"", nullptr);
-  drop();
-}
-
 } // namespace
 
 void testDelegates() {
@@ -196,8 +110,6 @@ void testDelegates() {
   testInterfaceResult(object, bridge);
   CHECK(object.references == 1);
   [bridge release];
-  testEvents();
-  testCatalogueDelegates();
 }
 
 } // namespace wrt::test

@@ -1,14 +1,9 @@
 // Strings and arrays. The product neither releases the string of a string result nor frees the
 // block of an array that it is handed; the fakes keep both to clear away.
 #include "arm/FakeObject.h"
-#include "arm/ProductTest.h"
 
-#import <WRTObjcBridge/IVector.h>
 #import <WRTObjcBridge/WRTHSTRINGBridge.h>
-#import <WRTObjcBridge/Windows.Foundation.h>
 #import <WRTObjcBridge/test.h>
-#include <abi/IVector.abi.h>
-#include <abi/Windows.Foundation.abi.h>
 #include <abi/test.abi.h>
 
 namespace wrt::test {
@@ -141,25 +136,6 @@ void testStringArrays(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterface
   CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 1);
   WRTTaskMemFree(block);
 
-  object.table.OutStringArrayPreallocated = [](WRTTestInterface *, int size, int *count,
-                                               HSTRING *arr) -> HRESULT {
-    *count = size - 2;
-    makeLetters(size - 2, arr);
-    return 0;
-  };
-  [bridge outStringArrayPreallocatedWithSize:5 arr:array error:&error];
-  CHECK(areLetters(array, 3));
-  CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 0);
-
-  object.table.ReturnStringArray = [](WRTTestInterface *, int *count, HSTRING **arr) -> HRESULT {
-    *count = 17;
-    *arr = makeBlock(17);
-    return 0;
-  };
-  CHECK(areLetters([bridge returnStringArrayWithError:&error], 17));
-  CHECK(testLiveStrings() == 0);
-  WRTTaskMemFree(block);
-
   // The one form that leaves its strings.
   object.table.ReturnStringArrayPreallocated = [](WRTTestInterface *, int size, int *count,
                                                   HSTRING *arr) -> HRESULT {
@@ -173,56 +149,6 @@ void testStringArrays(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterface
     WRTHSTRINGRelease(handed[i]);
 }
 
-void testVector() {
-  FakeObject<WRTIVector__1_WRTHSTRINGVtbl> vector(kWRTIVector__1_WRTHSTRINGIID);
-  WRTIVector__1_WRTHSTRING_Bridge *bridge = [WRTIVector__1_WRTHSTRING_Bridge bridge:&vector];
-  vector.table.GetMany = [](WRTIVector__1_WRTHSTRING *, unsigned start, unsigned capacity,
-                            HSTRING *items, unsigned *actual) -> HRESULT {
-    seen = static_cast<int>(start);
-    *actual = capacity - 1;
-    makeLetters(static_cast<int>(capacity) - 1, items);
-    return 0;
-  };
-  CHECK(areLetters([bridge getManyWithStartIndex:7 capacity:kMany error:nil], kMany - 1));
-  CHECK(seen == 7 && testLiveTaskBlocks() == 0);
-  CHECK(testLiveStrings() == kMany - 1); // the read leaves its strings
-  for (int i = 0; i < kMany - 1; ++i)
-    WRTHSTRINGRelease(handed[i]);
-
-  vector.table.ReplaceAll = [](WRTIVector__1_WRTHSTRING *, unsigned count,
-                               HSTRING *values) -> HRESULT {
-    seen = countLetters(static_cast<int>(count), values);
-    return 0;
-  };
-  [bridge replaceAllWithValues:letters(18) error:nil];
-  CHECK(seen == 18);
-
-  vector.table.IndexOf = [](WRTIVector__1_WRTHSTRING *, HSTRING value, unsigned *index,
-                            unsigned char *result) -> HRESULT {
-    *index = 0x80000001;
-    *result = hasText(value, u"a literal") ? 2 : 0;
-    return 0;
-  };
-  unsigned index = 0;
-  CHECK([bridge indexOfWithValue:@"a literal" index:&index error:nil] == true);
-  CHECK(index == 0x80000001);
-}
-
-void testPropertyValue() {
-  FakeObject<WRTIPropertyValueStaticsVtbl> statics(kWRTIPropertyValueStaticsIID);
-  statics.table.CreateStringArray = [](WRTIPropertyValueStatics *, unsigned count, HSTRING *values,
-                                       WRTIInspectable **result) -> HRESULT {
-    seen = countLetters(static_cast<int>(count), values);
-    *result = nullptr;
-    return 0;
-  };
-  testSetFactory(u"Windows.Foundation.PropertyValue", &statics);
-  CHECK([WRTPropertyValueBridge createStringArrayWithValue:letters(kMany) error:nil] == nil);
-  CHECK(seen == kMany);
-  testSetFactory(u"", nullptr);
-  CHECK(statics.references == 1);
-}
-
 } // namespace
 
 void testStringsAndArrays() {
@@ -233,8 +159,6 @@ void testStringsAndArrays() {
   testStringArrays(object, bridge);
   CHECK(object.references == 1);
   [bridge release];
-  testVector();
-  testPropertyValue();
   testPoolPop(0);
   CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 0);
 }

@@ -153,20 +153,6 @@ TEST_F(Buffers, GiveTheirBytes) {
   EXPECT_EQ(crossed, std::vector<std::string>{"IBufferByteAccess 3"});
 }
 
-TEST_F(Buffers, WithoutBytesGiveNothing) {
-  failing = "IBufferByteAccess 3";
-  EXPECT_EQ(machine.call(process.find("WRTCreateNSDataFromIBuffer"), {object.pointer(), 0, 5, 0}),
-            0u);
-}
-
-TEST_F(Buffers, WithoutByteAccessEndTheProcess) {
-  object.queryStatus = HostObject::kNoInterface;
-  EXPECT_THROW(
-      machine.call(process.find("WRTCreateNSDataFromIBuffer"), {object.pointer(), 0, 5, 0}),
-      std::exception);
-  EXPECT_EQ(machine.call(process.find("testLogLevel"), {}), 2u);
-}
-
 TEST_F(Buffers, BecomeStreams) {
   const Address data = machine.call(
       process.find("objc_msgSend"),

@@ -7,11 +7,9 @@
 
 namespace wrt::pe::test {
 
-/// What the tests of the image tools are given: an image, the catalogue of its methods, and the
-/// fixup-table tool.
+/// What the tests of the image tools are given: an image and the catalogue of its methods.
 extern std::filesystem::path imageFile;
 extern std::filesystem::path catalogueFile;
-extern std::filesystem::path fixupTool;
 
 std::vector<std::uint8_t> readFile(const std::filesystem::path &file);
 

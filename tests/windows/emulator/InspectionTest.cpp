@@ -21,7 +21,6 @@ namespace test {
 
 std::filesystem::path imageFile;
 std::filesystem::path catalogueFile;
-std::filesystem::path fixupTool;
 
 std::vector<std::uint8_t> readFile(const std::filesystem::path &file) {
   std::ifstream stream(file, std::ios::binary);
@@ -209,12 +208,11 @@ TEST_F(Inspection, DamagedFilesAreRefused) {
 
 int main(int argc, char **argv) {
   testing::InitGoogleTest(&argc, argv);
-  if (argc != 4) {
-    std::cerr << "usage: imagetests IMAGE CATALOGUE FIXUPTABLE\n";
+  if (argc != 3) {
+    std::cerr << "usage: imagetests IMAGE CATALOGUE\n";
     return 2;
   }
   wrt::pe::test::imageFile = argv[1];
   wrt::pe::test::catalogueFile = argv[2];
-  wrt::pe::test::fixupTool = argv[3];
   return RUN_ALL_TESTS();
 }

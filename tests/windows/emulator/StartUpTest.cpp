@@ -133,14 +133,6 @@ TEST_F(StartUp, OpensEveryPageThatItWritesAndClosesIt) {
     EXPECT_TRUE(opened.count(module->address(each.target) & ~(Machine::kPageSize - 1)));
 }
 
-TEST_F(StartUp, PatchesNothingWhenPagesCannotBeOpened) {
-  process.hiddenModules = {"zorvex.dll"};
-  process.allowsProtect = false;
-  ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(patchedCount(), 0u);
-  EXPECT_EQ(process.protections(), protections);
-}
-
 /// The runtime is told of every list that the compiler wrote and of the module's base, when all is
 /// in place; the table is applied before the strings get their class.
 TEST_F(StartUp, HandsEverythingToTheRuntimeInOrder) {
@@ -251,84 +243,29 @@ TEST_F(StartUp, LooksForTheRuntimesInOrder) {
                                            "GetModuleHandleW objc4_noncompact.dll"}));
 }
 
-TEST_F(StartUp, WithoutMemoryPatchesAllTheSame) {
-  process.hasMemory = false;
+/// What the process lacks, and whether the image is patched all the same. Without patches there are
+/// no classes that a runtime could take.
+class Lacking : public StartUp,
+                public testing::WithParamInterface<std::pair<bool Process::*, bool>> {};
+
+TEST_P(Lacking, PatchesWhatItCanAndClosesEveryPage) {
+  process.hiddenModules = {"zorvex.dll"};
+  process.*GetParam().first = false;
   ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(patchedCount(), table.size());
+  EXPECT_EQ(patchedCount(), GetParam().second ? table.size() : 0u);
   EXPECT_EQ(process.protections(), protections);
 }
 
-TEST_F(StartUp, PatchesNothingWhenAServiceIsMissing) {
-  // Without patches there are no classes that a runtime could take.
-  process.hiddenModules = {"zorvex.dll"};
-  process.hasGetModuleInformation = false;
-  ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(patchedCount(), 0u);
-  EXPECT_EQ(process.protections(), protections);
-}
+INSTANTIATE_TEST_SUITE_P(StartUp, Lacking,
+                         testing::Values(std::pair(&Process::hasMemory, true),
+                                         std::pair(&Process::allowsProtect, false),
+                                         std::pair(&Process::hasGetModuleInformation, false),
+                                         std::pair(&Process::hasKernel, false)));
 
-TEST_F(StartUp, PatchesNothingWithoutKernelBase) {
-  process.hiddenModules = {"zorvex.dll"};
-  process.hasKernel = false;
-  ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(patchedCount(), 0u);
-}
-
-TEST_F(StartUp, PatchesNothingWithAnotherHeader) {
-  process.hiddenModules = {"zorvex.dll"};
-  machine().writeWord(module->address(section("wrtfixup")) + 12, 2);
-  ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(patchedCount(), 0u);
-  EXPECT_EQ(std::count(process.calls.begin(), process.calls.end(), "GetModuleHandleExW"), 0);
-}
-
-TEST_F(StartUp, PatchesAMovePairInCode) {
-  const auto &relocations = module->image.baseRelocations();
-  const auto pair = std::find_if(relocations.begin(), relocations.end(), [&](const auto &each) {
-    // One that start-up itself does not run.
-    return each.kind == pe::RelocationKind::kThumbMove && each.rva >= section(".text") &&
-           each.rva % 4 == 0;
-  });
-  ASSERT_NE(pair, relocations.end());
-  const Address code = module->address(pair->rva);
-  const auto before = machine().read(code, 8);
-  machine().writeWord(record(0), code | 1);
-  machine().writeWord(record(0) + 4, 0x1234);
-  machine().writeWord(record(0) + 12, 0xFFFFF110);
-  process.hiddenModules = {"zorvex.dll"};
-  ASSERT_TRUE(process.attach(*module));
-
-  const auto after = machine().read(code, 8);
-  const auto immediate = [&](std::size_t at) {
-    const std::uint32_t first = after[at] | after[at + 1] << 8;
-    const std::uint32_t second = after[at + 2] | after[at + 3] << 8;
-    return (first & 0xF) << 12 | (first >> 10 & 1) << 11 | (second >> 12 & 7) << 8 |
-           (second & 0xFF);
-  };
-  EXPECT_EQ(immediate(0) | immediate(4) << 16, wordAt(table[0].slot) + 0x1234);
-  EXPECT_EQ(after[1] & 0xFB, before[1] & 0xFB);
-  EXPECT_EQ(after[3] & 0x8F, before[3] & 0x8F);
-  EXPECT_EQ(process.protections(), protections);
-  EXPECT_GE(std::count(process.calls.begin(), process.calls.end(), "VirtualProtect"), 2);
-  // What was the first record's target is not one any more.
-  EXPECT_FALSE(isPatched(table[0]));
-}
-
-TEST_F(StartUp, LeavesRecordsOfKindZeroAndThoseOutside) {
-  process.hiddenModules = {"zorvex.dll"};
-  machine().writeWord(record(0) + 12, 0);
-  machine().writeWord(record(1), module->base - 4);
-  machine().writeWord(record(2), module->base + module->image.size());
-  ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(patchedCount(), table.size() - 3);
-}
-
-TEST_F(StartUp, AbortsOnAnUnknownKind) {
+TEST_F(StartUp, EndsForAnUnknownKindAndOtherSignatures) {
   machine().writeWord(record(0) + 12, 0x20);
   EXPECT_EQ(endOfAttach(), "abort");
-}
-
-TEST_F(StartUp, AssertsTheSignatures) {
+  machine().writeWord(record(0) + 12, table[0].kindWord);
   process.setProtection(module->base, Machine::kPageSize, 0x04);
   const Address nt = module->base + machine().readWord(module->base + 0x3C);
   machine().writeWord(nt, 0x00004550 ^ 1);

@@ -8,10 +8,6 @@ namespace wrt::sweep {
 
 namespace {
 
-std::uint32_t roundUp(std::uint32_t value, std::uint32_t alignment) {
-  return (value + alignment - 1) / alignment * alignment;
-}
-
 /// The type of all members and their number, if they are one to four floating-point numbers of a
 /// kind.
 struct Homogeneous {
@@ -34,95 +30,7 @@ std::optional<Homogeneous> homogeneous(const EncodedType &type) {
   return all.count <= 4 ? std::optional(all) : std::nullopt;
 }
 
-/// The fields with their offsets.
-template <class Visit>
-void forEachField(const EncodedType &type, Visit visit) {
-  std::uint32_t offset = 0;
-  for (const EncodedType &field : type.fields) {
-    offset = roundUp(offset, alignmentOf(field));
-    visit(field, offset);
-    offset += sizeOf(field);
-  }
-}
-
-Bytes part(const Bytes &whole, std::uint32_t offset, std::uint32_t size) {
-  return {whole.begin() + offset, whole.begin() + offset + size};
-}
-
-template <class T>
-Bytes bytesOf(T value) {
-  Bytes bytes(sizeof value);
-  std::memcpy(bytes.data(), &value, sizeof value);
-  return bytes;
-}
-
 } // namespace
-
-std::uint32_t sizeOf(const EncodedType &type) {
-  switch (type.kind) {
-  case 'v':
-    return 0;
-  case 'B':
-  case 'C':
-    return 1;
-  case 's':
-  case 'S':
-    return 2;
-  case 'q':
-  case 'Q':
-  case 'd':
-    return 8;
-  case '{': {
-    std::uint32_t end = 0;
-    forEachField(type, [&](const EncodedType &field, std::uint32_t offset) {
-      end = offset + sizeOf(field);
-    });
-    return roundUp(end, alignmentOf(type));
-  }
-  default:
-    return 4;
-  }
-}
-
-std::uint32_t alignmentOf(const EncodedType &type) {
-  if (!type.isStructure())
-    return std::max(sizeOf(type), 1u);
-  std::uint32_t alignment = 1;
-  for (const EncodedType &field : type.fields)
-    alignment = std::max(alignment, alignmentOf(field));
-  return alignment;
-}
-
-Bytes pattern(const EncodedType &type, int seed) {
-  if (type.isStructure()) {
-    Bytes bytes(sizeOf(type));
-    forEachField(type, [&](const EncodedType &field, std::uint32_t offset) {
-      std::ranges::copy(pattern(field, ++seed), bytes.begin() + offset);
-    });
-    return bytes;
-  }
-  if (type.kind == 'f')
-    return bytesOf(1.5f + static_cast<float>(seed));
-  if (type.kind == 'd')
-    return bytesOf(-2.5 - seed);
-  if (type.kind == 'B')
-    return {static_cast<std::uint8_t>(seed & 1)};
-  Bytes bytes(sizeOf(type));
-  for (std::size_t i = 0; i < bytes.size(); ++i)
-    bytes[i] = static_cast<std::uint8_t>(0x81 + 7 * static_cast<std::size_t>(seed) + i);
-  return bytes;
-}
-
-bool areEqual(const EncodedType &type, const Bytes &left, const Bytes &right) {
-  if (!type.isStructure())
-    return left == right;
-  bool equal = true;
-  forEachField(type, [&](const EncodedType &field, std::uint32_t offset) {
-    const std::uint32_t size = sizeOf(field);
-    equal = equal && areEqual(field, part(left, offset, size), part(right, offset, size));
-  });
-  return equal;
-}
 
 bool isReturnedInMemory(const EncodedType &type) {
   return type.isStructure() && sizeOf(type) > 4 && !homogeneous(type);

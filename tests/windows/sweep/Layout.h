@@ -2,7 +2,7 @@
 #define WRT_TESTS_SWEEP_LAYOUT_H
 
 #include "Machine.h"
-#include "debug/Encoding.h"
+#include "tests/exhaustive/Patterns.h"
 
 #include <cstdint>
 #include <vector>
@@ -12,17 +12,12 @@ namespace wrt::sweep {
 using debug::EncodedType;
 using emulator::Arguments;
 using emulator::Registers;
-using Bytes = std::vector<std::uint8_t>;
-
-/// In bytes, on the target.
-std::uint32_t sizeOf(const EncodedType &type);
-std::uint32_t alignmentOf(const EncodedType &type);
-
-/// Bytes that tell values apart: a number of every width, no NaN among floats, `true` or `false`
-/// for a boolean.
-Bytes pattern(const EncodedType &type, int seed);
-/// Whether two values agree in every field; what lies between fields does not count.
-bool areEqual(const EncodedType &type, const Bytes &left, const Bytes &right);
+using test::alignmentOf;
+using test::areEqual;
+using test::Bytes;
+using test::pattern;
+using test::roundUp;
+using test::sizeOf;
 
 /// Whether a result is left in memory whose address is passed in front of all arguments.
 bool isReturnedInMemory(const EncodedType &type);

@@ -17,16 +17,6 @@ constexpr const char16_t *kText = u"crossing";
 constexpr std::uint32_t kStale = 0x5A5A5A58;
 constexpr std::uint32_t kRoomSize = 64;
 
-bool isString(const EncodedType &type) { return type.kind == '@' && type.name == "NSString"; }
-bool isArray(const EncodedType &type) {
-  return type.kind == '@' && (type.name == "NSArray" || type.name == "NSMutableArray");
-}
-
-/// The bridge class that stands for an object type: a class's own name, or its protocol's.
-std::string bridgeName(const EncodedType &type) {
-  return type.name.starts_with('<') ? type.name.substr(1, type.name.size() - 2) : type.name;
-}
-
 std::string key(const pe::CatalogueEntry &method) {
   return pe::join(method.isClassMethod ? '+' : '-', method.className, ' ', method.selector);
 }
@@ -153,18 +143,18 @@ std::vector<std::string> Stage::call(const pe::CatalogueEntry &method, Outcome o
 
 void Stage::makeArguments(Call &call) {
   int seed = 0;
-  bool hasArray = isArray(call.result);
+  bool hasArray = call.result.isArray();
   for (const EncodedType &type : call.types)
-    hasArray = hasArray || isArray(type);
+    hasArray = hasArray || type.isArray();
   for (const EncodedType &type : call.types) {
     ++seed;
     std::uint32_t word = 0;
-    if (isString(type))
+    if (type.isString())
       word = text_;
-    else if (isArray(type))
+    else if (type.isArray())
       word = array_;
     else if (type.kind == '@')
-      word = objc_.send(objc_.type(bridgeName(type)), "bridge:", argument_.pointer());
+      word = objc_.send(objc_.type(type.bridgeName()), "bridge:", argument_.pointer());
     else if (type.kind == '?')
       word = block_;
     else if (type.kind == '^')
@@ -213,7 +203,7 @@ std::uint32_t Stage::receive(int slot, const HostCall &) {
     return kFailure;
   if (call.result.kind != 'v') {
     const Address place = get(machine_, at, placement.nextWord());
-    if (isArray(call.result))
+    if (call.result.isArray())
       call.expect(get(machine_, at, placement.nextWord()) != 0, "no place for elements");
     call.expect(place != 0, "no place for the result");
     writeResult(call.result, place);
@@ -225,7 +215,7 @@ void Stage::checkArgument(Call &call, std::size_t index, Placement &placement,
                           const Registers &at) {
   const EncodedType &type = call.types[index];
   const std::string name = pe::join("argument ", index + 1);
-  if (isArray(type)) {
+  if (type.isArray()) {
     const std::uint32_t count = get(machine_, at, placement.nextWord());
     const Address block = get(machine_, at, placement.nextWord());
     call.expect(type.name == "NSArray" ? count == 0 : count != 0, name + " has another count");
@@ -236,7 +226,7 @@ void Stage::checkArgument(Call &call, std::size_t index, Placement &placement,
   for (const Placement::Place &place : placement.next(type))
     words.push_back(get(machine_, at, place));
   const std::vector<std::uint32_t> passed = wordsOf(type, call.values[index]);
-  if (isString(type)) {
+  if (type.isString()) {
     call.expect(objc_.handleText(words[0]) == kText, name + " is another string");
   } else if (type.kind == '@') {
     call.expect(words[0] == argument_.pointer(), name + " is another object");
@@ -249,7 +239,8 @@ void Stage::checkArgument(Call &call, std::size_t index, Placement &placement,
     Bytes bytes(4 * words.size());
     std::memcpy(bytes.data(), words.data(), bytes.size());
     bytes.resize(sizeOf(type));
-    call.expect(areEqual(type, bytes, call.values[index]), name + " is another structure");
+    call.expect(areEqual(type, bytes.data(), call.values[index].data()),
+                name + " is another structure");
   } else {
     call.expect(words == passed,
                 pe::join(name, " is ", pe::Hex{words[0]}, ", not ", pe::Hex{passed[0]}));
@@ -257,12 +248,12 @@ void Stage::checkArgument(Call &call, std::size_t index, Placement &placement,
 }
 
 void Stage::writeResult(const EncodedType &type, Address place) {
-  if (isArray(type))
+  if (type.isArray())
     return; // nothing is delivered: the places stay as the bridge left them
   Bytes bytes = pattern(type, 9);
   if (type.kind == '@') {
-    const Address word = isString(type) ? textHandle_ : argument_.pointer();
-    argument_.references += isString(type) ? 0 : 1;
+    const Address word = type.isString() ? textHandle_ : argument_.pointer();
+    argument_.references += type.isString() ? 0 : 1;
     std::memcpy(bytes.data(), &word, sizeof word);
   } else if (type.kind == 'B') {
     bytes = {0x80};
@@ -289,8 +280,8 @@ void Stage::checkRequests(Call &call) {
   }
   std::vector<emulator::Iid> wanted;
   for (const EncodedType &type : call.types)
-    if (type.kind == '@' && !isString(type) && !isArray(type) && !missing)
-      wanted.push_back(identifiers_.bridges.at(bridgeName(type)));
+    if (type.kind == '@' && !type.isString() && !type.isArray() && !missing)
+      wanted.push_back(identifiers_.bridges.at(type.bridgeName()));
   call.expect(call.argumentsAsked == wanted, "arguments are asked for other interfaces");
 }
 
@@ -323,12 +314,12 @@ void Stage::checkResult(Call &call, const Registers &left) {
   } else if (type.kind == '@') {
     if (isEmpty)
       call.expect(word == 0, "a failed call has a result");
-    else if (isString(type))
+    else if (type.isString())
       call.expect(word != 0 && objc_.stringText(word) == kText, "the result is another string");
-    else if (isArray(type))
+    else if (type.isArray())
       call.expect(word != 0 && objc_.send(word, "count") == 0, "the result is another array");
     else
-      call.expect(word != 0 && machine_.readWord(word) == objc_.type(bridgeName(type)) &&
+      call.expect(word != 0 && machine_.readWord(word) == objc_.type(type.bridgeName()) &&
                       objc_.send(word, "inner") == argument_.pointer(),
                   "the result is no " + type.name);
   } else if (type.kind != 'v') {
@@ -337,7 +328,7 @@ void Stage::checkResult(Call &call, const Registers &left) {
       wanted = {isEmpty ? std::uint8_t{0} : std::uint8_t{1}};
     const Bytes bytes =
         isReturnedInMemory(type) ? machine_.read(room_, sizeOf(type)) : resultOf(type, left);
-    call.expect(areEqual(type, bytes, wanted), "the result is another");
+    call.expect(areEqual(type, bytes.data(), wanted.data()), "the result is another");
     // The rest of the register is the callee's to fill.
     if (!type.isStructure() && sizeOf(type) < 4)
       call.expect(word == wordsOf(type, wanted)[0], "the result is not extended to its register");
