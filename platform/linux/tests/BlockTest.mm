@@ -105,47 +105,6 @@ TEST_F(Blocks, AreObjectsThatACollectionKeeps) {
   }
 }
 
-TEST_F(Blocks, CountingABlockInAFrameDoesNothing) {
-  int seven = 7;
-  int (^block)(void) = ^{
-    return seven;
-  };
-  id object = static_cast<id>(block);
-  EXPECT_EQ(objc_retain(object), object);
-  objc_release(object);
-  @autoreleasepool {
-    EXPECT_EQ(objc_autorelease(object), object);
-  }
-  EXPECT_EQ(change(), "nothing");
-  EXPECT_EQ(block(), 7);
-}
-
-TEST_F(Blocks, RetainAndAutoreleaseKeepABlockOnTheHeap) {
-  WRTBlockTestProbe *probe = [[WRTBlockTestProbe alloc] init];
-  id block = objc_retainBlock(static_cast<id>(^{
-    (void)probe;
-  }));
-  [probe release];
-  EXPECT_EQ(objc_retain(block), block);
-  EXPECT_EQ(objc_retainBlock(block), block);
-  EXPECT_EQ([block retainCount], 3u);
-  objc_release(block);
-  objc_release(block);
-  @autoreleasepool {
-    EXPECT_EQ(objc_autorelease(block), block);
-    EXPECT_EQ(livingProbes, 1);
-  }
-  EXPECT_EQ(livingProbes, 0);
-}
-
-TEST_F(Blocks, NilIsAllowedEverywhere) {
-  EXPECT_EQ(objc_retain(nil), nil);
-  EXPECT_EQ(objc_retainBlock(nil), nil);
-  EXPECT_EQ(objc_autorelease(nil), nil);
-  objc_release(nil);
-  _Block_release(nullptr);
-}
-
 TEST_F(Blocks, AreCountedAcrossThreadsAndFreedOnce) {
   WRTBlockTestProbe *probe = [[WRTBlockTestProbe alloc] init];
   id block = objc_retainBlock(static_cast<id>(^{

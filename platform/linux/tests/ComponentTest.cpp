@@ -2,10 +2,8 @@
 #include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/tests/LedgerTest.h"
 #include "platform/linux/tests/TestInterfaces.h"
-#include "platform/linux/tests/Threads.h"
 
 #include <WRTUnknown.h>
-#include <algorithm>
 #include <vector>
 
 namespace wrt::test {

@@ -4,30 +4,8 @@
 #include "platform/linux/implement/ComPtr.h"
 #include "platform/linux/tests/LedgerTest.h"
 #include "platform/linux/tests/TestInterfaces.h"
-#include "platform/linux/tests/Threads.h"
 
-#include <ObjCRuntime.h>
 #include <WRTUnknown.h>
-#include <atomic>
-#include <memory>
-
-namespace {
-std::atomic<int> liveAutoreleased;
-}
-
-@interface WRTDelegateTestObject : NSObject
-@end
-
-@implementation WRTDelegateTestObject
-- (id)init {
-  ++liveAutoreleased;
-  return [super init];
-}
-- (void)dealloc {
-  --liveAutoreleased;
-  [super dealloc];
-}
-@end
 
 namespace wrt::test {
 namespace {
@@ -84,33 +62,6 @@ TEST_F(Delegates, AnswersItsOwnInterfaceUnknownAndAgileOnly) {
   EXPECT_EQ(handler->QueryInterface(&abi::IInspectable::kIid, &result), status::kNoInterface);
   EXPECT_EQ(result, nullptr);
   EXPECT_EQ(handler->QueryInterface(&Handler::kIid, nullptr), status::kPointer);
-}
-
-TEST_F(Delegates, SharesABlockThatIsOnTheHeapAlready) {
-  const auto captured = std::make_shared<int>(1);
-  id block = objc_retainBlock(static_cast<id>(^HRESULT(void *, int32_t) {
-    return *captured;
-  }));
-  const auto handler = makeHandler(static_cast<HandlerBlock>(block));
-  objc_release(block);
-  EXPECT_EQ(change(), "delegates +1, blocks +1");
-  EXPECT_EQ(handler->Invoke(nullptr, 0), 1);
-}
-
-TEST_F(Delegates, NilBlockFailsWhenInvoked) {
-  const auto handler = makeHandler(nil);
-  EXPECT_EQ(handler->Invoke(nullptr, 0), status::kPointer);
-}
-
-TEST_F(Delegates, WhatTheBlockAutoreleasesGoesWithTheCall) {
-  const auto handler = makeHandler(^HRESULT(void *, int32_t) {
-    [[[WRTDelegateTestObject alloc] init] autorelease];
-    return liveAutoreleased;
-  });
-  std::jthread([&] {
-    EXPECT_EQ(handler->Invoke(nullptr, 0), 1);
-    EXPECT_EQ(liveAutoreleased, 0);
-  }).join();
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "platform/linux/implement/StringHolder.h"
 #include "platform/linux/tests/LedgerTest.h"
-#include "platform/linux/tests/Threads.h"
 
 #include <string>
 
@@ -21,6 +20,12 @@ TEST_F(HString, EmptyTextIsTheNullHandle) {
   EXPECT_EQ(viewOf(nullptr), u"");
   EXPECT_EQ(viewOf(nullptr).data()[0], u'\0');
   EXPECT_EQ(WRTHSTRINGLength(nullptr), 0u);
+  WRTHSTRINGHeader header;
+  for (const char16_t *text : {static_cast<const char16_t *>(nullptr), u""}) {
+    string = reinterpret_cast<HSTRING>(&header);
+    EXPECT_EQ(WRTHSTRINGCreateReference(text, 0, &header, &string), status::kOk);
+    EXPECT_EQ(string, nullptr);
+  }
 }
 
 TEST_F(HString, ReferenceBorrowsItsText) {
@@ -59,16 +64,6 @@ TEST_F(HString, ReferenceRefusesWhatIsNoString) {
   EXPECT_EQ(WRTHSTRINGCreateReference(nullptr, 1, &header, &string), status::kPointer);
   EXPECT_EQ(WRTHSTRINGCreateReference(u"abc", 3, nullptr, &string), status::kInvalidArgument);
   EXPECT_EQ(WRTHSTRINGCreateReference(u"abc", 3, &header, nullptr), status::kInvalidArgument);
-}
-
-TEST_F(HString, ReferenceToNothingIsTheNullHandle) {
-  WRTHSTRINGHeader header;
-  HSTRING string = reinterpret_cast<HSTRING>(&header);
-  EXPECT_EQ(WRTHSTRINGCreateReference(nullptr, 0, &header, &string), status::kOk);
-  EXPECT_EQ(string, nullptr);
-  string = reinterpret_cast<HSTRING>(&header);
-  EXPECT_EQ(WRTHSTRINGCreateReference(u"", 0, &header, &string), status::kOk);
-  EXPECT_EQ(string, nullptr);
 }
 
 } // namespace
