@@ -192,26 +192,6 @@ void iteration() {
   EXPECT_EQ(status::kChangedState, again->get_HasCurrent(&has));
 }
 
-void split() {
-  const auto map = make<Map<Int32, Int32>>(Entries<Int32, Int32>{{1, 10}, {2, 20}, {3, 30}});
-  ComPtr<IMapView<Int32, Int32>> view;
-  ASSERT_EQ(status::kOk, map->GetView(view.put()));
-  map->Clear();
-  ComPtr<IMapView<Int32, Int32>> low;
-  ComPtr<IMapView<Int32, Int32>> high;
-  ASSERT_EQ(status::kOk, view->Split(low.put(), high.put()));
-  uint32_t size = 0;
-  int32_t value = 0;
-  EXPECT_EQ(status::kOk, low->Lookup(1, &value));
-  EXPECT_EQ(10, value);
-  EXPECT_EQ(status::kBounds, low->Lookup(3, &value));
-  high->get_Size(&size);
-  EXPECT_EQ(2u, size);
-  ComPtr<IMapView<Int32, Int32>> none;
-  EXPECT_EQ(status::kOk, low->Split(none.put(), high.put()));
-  EXPECT_FALSE(none || high) << "one entry is not split";
-}
-
 /// An object that asks for `size` on another thread whenever it is asked for an interface.
 class Reentrant final : public Implements<Memberless<abi::IInspectable>> {
 public:
@@ -260,7 +240,6 @@ const Cell cells[] = {
     {"map.objects.all.normal", objectKeys},
     {"map.objects.key_and_value.interface_missing", objectLacksInterface},
     {"map.iterator.pairs.normal", iteration},
-    {"map.view.split.normal", split},
     {"collection.object.any.reentrant", reentrant},
 };
 

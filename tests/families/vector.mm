@@ -10,16 +10,13 @@
 #import <WRTObjcBridge/IVector.h>
 #import <WRTObjcBridge/IVectorView.h>
 #import <WRTObjcBridge/Windows.Media.Devices.h>
-#import <WRTObjcBridge/Windows.Storage.h>
 #import <WRTObjcBridge/Windows.UI.Popups.h>
 #include <abi/IVector.abi.h>
 #include <abi/IVectorView.abi.h>
 #include <abi/Windows.Media.Devices.abi.h>
-#include <abi/Windows.Storage.abi.h>
 #include <abi/Windows.UI.Popups.abi.h>
 
 #include <array>
-#include <thread>
 
 /// An array that counts one thing each time it is asked for its count.
 @interface ChangingArray : NSArray {
@@ -101,31 +98,6 @@ void strings() {
   EXPECT_EQ(nil, error);
 }
 
-void outOfRange() {
-  Strings vector = newStrings({u"only"});
-  NSError *error = nil;
-  const auto refused = [&] {
-    const HRESULT code = static_cast<HRESULT>([error code]);
-    error = nil;
-    return code == status::kBounds;
-  };
-  EXPECT_EQ(nil, [vector getAtWithIndex:1 error:&error]);
-  EXPECT_TRUE(refused());
-  EXPECT_EQ(nil, [vector getAtWithIndex:0xFFFFFFFF error:&error]);
-  EXPECT_TRUE(refused());
-  [vector setAtWithIndex:1 item:@"x" error:&error];
-  EXPECT_TRUE(refused());
-  [vector insertAtWithIndex:2 item:@"x" error:&error];
-  EXPECT_TRUE(refused());
-  [vector removeAtWithIndex:1 error:&error];
-  EXPECT_TRUE(refused());
-  EXPECT_EQ(1u, [vector getSizeWithError:&error]);
-  [vector removeAtEndWithError:&error];
-  EXPECT_FALSE(refused());
-  [vector removeAtEndWithError:&error];
-  EXPECT_TRUE(refused());
-}
-
 void bulkRead() {
   expectLeftover({.strings = 3}); // strings that are read are not released
   Strings vector = newStrings({u"a", u"b", u"c"});
@@ -148,14 +120,46 @@ void bulkRead() {
   EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", trace.names());
 }
 
-// A failure half-way takes back what was given out already.
-void bulkReadFailing() {
-  Strings vector = newStrings({u"a", u"b", u"c"});
+// What is out of range is refused, and so is what a failure half-way takes back.
+void refused() {
+  Strings vector = newStrings({u"only"});
   NSError *error = nil;
-  failNextDuplicate(status::kOutOfMemory, 2);
-  EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
-  EXPECT_EQ(status::kOutOfMemory, [error code]);
+  using Act = void (^)(NSError **);
+  const Act acts[] = {^(NSError **place){
+      [vector getAtWithIndex:1 error:place];
 }
+,
+    ^(NSError **place) {
+      [vector getAtWithIndex:0xFFFFFFFF error:place];
+    },
+    ^(NSError **place) {
+      [vector setAtWithIndex:1 item:@"x" error:place];
+    },
+    ^(NSError **place) {
+      [vector insertAtWithIndex:2 item:@"x" error:place];
+    },
+    ^(NSError **place) {
+      [vector removeAtWithIndex:1 error:place];
+    }
+}; // namespace
+for (Act act : acts) {
+  error = nil;
+  act(&error);
+  EXPECT_EQ(status::kBounds, [error code]);
+}
+failNextDuplicate(status::kOutOfMemory);
+EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
+EXPECT_EQ(status::kOutOfMemory, [error code]);
+error = nil;
+failNextDuplicate(status::kOutOfMemory, 1);
+[vector replaceAllWithValues:@[ @"a", @"b", @"c" ] error:&error];
+EXPECT_EQ(status::kOutOfMemory, [error code]);
+EXPECT_EQ(1u, [vector getSizeWithError:&error]) << "the vector is as it was";
+[vector removeAtEndWithError:&error];
+EXPECT_EQ(nil, error);
+[vector removeAtEndWithError:&error];
+EXPECT_EQ(status::kBounds, [error code]);
+} // namespace wrt::test
 
 void bulkReplace() {
   Strings vector = newStrings({u"old"});
@@ -163,36 +167,14 @@ void bulkReplace() {
   for (int i = 0; i < 17; ++i)
     [fresh addObject:[NSString stringWithFormat:@"%d", i]];
   NSError *error = staleErrorOfCaller();
-  [vector replaceAllWithValues:fresh error:&error];
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(17u, [vector getSizeWithError:&error]);
-  {
-    PlatformTrace trace;
-    [vector replaceAllWithValues:@[ @"x", @"y" ] error:&error];
-    // Those that stand before the clean-ups are the vector's own, dropping what it had.
-    const std::string names = trace.names();
-    const std::string cleanups =
-        "WRTHSTRINGRelease WRTHSTRINGRelease WRTTaskMemFree WRTIUnknownRelease";
-    EXPECT_EQ(0u, names.find("WRTTaskMemAlloc "));
-    EXPECT_EQ(names.size() - cleanups.size(), names.rfind(cleanups));
-    const auto &calls = trace.calls();
-    EXPECT_EQ(calls.front().argument, calls[calls.size() - 2].argument);
+  for (NSArray *values in @[ fresh, @[ @"x", @"y" ], @[] ]) {
+    [vector replaceAllWithValues:values error:&error];
+    EXPECT_EQ([values count], [vector getSizeWithError:&error]);
   }
-  [vector replaceAllWithValues:@[] error:&error];
-  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
   [vector appendWithItem:@"x" error:&error];
   [vector replaceAllWithValues:nil error:&error];
   EXPECT_EQ(0u, [vector getSizeWithError:&error]);
   EXPECT_EQ(nil, error);
-}
-
-void bulkReplaceFailing() {
-  Strings vector = newStrings({u"old"});
-  NSError *error = nil;
-  failNextDuplicate(status::kOutOfMemory, 1);
-  [vector replaceAllWithValues:@[ @"a", @"b", @"c" ] error:&error];
-  EXPECT_EQ(status::kOutOfMemory, [error code]);
-  EXPECT_EQ(1u, [vector getSizeWithError:nullptr]) << "the vector is as it was";
 }
 
 void objects() {
@@ -356,77 +338,23 @@ void iterationChanged() {
   EXPECT_EQ(status::kBounds, vector->RemoveAt(7));
   EXPECT_TRUE([iterator getHasCurrentWithError:&error]);
   vector->SetAt(0, nullptr);
-  const auto refused = [&] {
-    const HRESULT code = static_cast<HRESULT>([error code]);
-    error = nil;
-    return code == status::kChangedState;
-  };
   EXPECT_FALSE([iterator getHasCurrentWithError:&error]);
-  EXPECT_TRUE(refused());
+  EXPECT_EQ(status::kChangedState, [error code]);
+  error = nil;
   EXPECT_FALSE([iterator moveNextWithError:&error]);
-  EXPECT_TRUE(refused());
-  EXPECT_EQ(nil, [iterator getCurrentWithError:&error]);
-  EXPECT_TRUE(refused());
-  EXPECT_EQ(nil, [iterator getManyWithCapacity:1 error:&error]);
-  EXPECT_TRUE(refused());
-}
-
-// Instances that have no members in the library are there all the same.
-void proxies() {
-  Strings vector = newStrings({u"a"});
-  NSError *error = nil;
-  id iterable = [WRTIIterable__1_WRTHSTRING_Bridge cast:static_cast<id>(vector)];
-  void *interface = [iterable _WRTIIterable__1_WRTHSTRINGWithError:&error];
-  EXPECT_NE(nullptr, interface);
-  EXPECT_EQ(nil, error);
-  ComPtr<IIterator<String>> iterator;
-  auto strings = ComPtr<IIterable<String>>::adopt(static_cast<IIterable<String> *>(interface));
-  EXPECT_EQ(status::kOk, strings->First(iterator.put()));
-  StringHolder current;
-  EXPECT_EQ(status::kOk, iterator->get_Current(current.put()));
-  EXPECT_EQ(u"a", current.view());
-  id other = [WRTIVector__1_WRTStorageFolder_P_Bridge cast:static_cast<id>(vector)];
-  EXPECT_EQ(nullptr, [other _WRTIVector__1_WRTStorageFolder_PWithError:&error]);
-  EXPECT_EQ(kNoInterface, [error code]);
-}
-
-void threads() {
-  auto vector = make<Vector<String>>();
-  std::vector<std::thread> running;
-  for (int thread = 0; thread < 4; ++thread) {
-    running.emplace_back([raw = vector->identity()] {
-      @autoreleasepool {
-        Strings strings = static_cast<Strings>([WRTIVector__1_WRTHSTRING_Bridge bridge:raw]);
-        id iterable = [WRTIIterable__1_WRTHSTRING_Bridge bridge:raw];
-        for (int i = 0; i < 100; ++i) {
-          [strings appendWithItem:@"text" error:nullptr];
-          unsigned int index = 0;
-          EXPECT_TRUE([strings indexOfWithValue:@"text" index:&index error:nullptr]);
-          [strings getViewWithError:nullptr];
-          WRTIUnknownRelease([iterable _WRTIIterable__1_WRTHSTRINGWithError:nullptr]);
-        }
-      }
-    });
-  }
-  for (std::thread &thread : running)
-    thread.join();
-  uint32_t size = 0;
-  vector->get_Size(&size);
-  EXPECT_EQ(400u, size);
+  EXPECT_EQ(status::kChangedState, [error code]);
+  EXPECT_EQ(nil, [iterator getCurrentWithError:nullptr]);
+  EXPECT_EQ(nil, [iterator getManyWithCapacity:1 error:nullptr]);
 }
 
 const Cell cells[] = {
     {"collection.vector.strings.normal", strings},
-    {"collection.vector.strings.out_of_range", outOfRange},
+    {"collection.vector.strings.refused", refused},
     {"collection.vector.bulk_read.normal", bulkRead},
-    {"collection.vector.bulk_read.failing", bulkReadFailing},
     {"collection.vector.bulk_replace.normal", bulkReplace},
-    {"collection.vector.bulk_replace.failing", bulkReplaceFailing},
     {"collection.vector.objects.normal", objects},
     {"collection.vector.objects.failing_element", objectsFailingElement},
     {"collection.vector.array.changing", changingArrays},
-    {"collection.vector.any.other_threads", threads},
-    {"collection.vector.any.proxies", proxies},
     {"collection.view.strings.normal", view},
     {"collection.view.scalars.normal", scalarView},
     {"collection.iterator.objects.normal", iteration},

@@ -41,13 +41,10 @@ private:
 
 /// An operation that takes no handler.
 template <class Result, class Progress>
-struct Refusing;
-
-template <class Result>
-struct Refusing<Result, void> final : Implements<IAsync<Result, void>, IAsyncInfo> {
-  explicit Refusing(HRESULT status) : status(status) {}
-  HRESULT WRT_ABI put_Completed(CompletedHandler<Result, void> *) override { return status; }
-  HRESULT WRT_ABI get_Completed(CompletedHandler<Result, void> **) override { return status; }
+struct RefusingBase : Implements<IAsync<Result, Progress>, IAsyncInfo> {
+  explicit RefusingBase(HRESULT status) : status(status) {}
+  HRESULT WRT_ABI put_Completed(CompletedHandler<Result, Progress> *) override { return status; }
+  HRESULT WRT_ABI get_Completed(CompletedHandler<Result, Progress> **) override { return status; }
   HRESULT WRT_ABI GetResults(Abi<Result> *) override { return status; }
   HRESULT WRT_ABI get_Id(uint32_t *) override { return status; }
   HRESULT WRT_ABI get_Status(int32_t *) override { return status; }
@@ -58,19 +55,19 @@ struct Refusing<Result, void> final : Implements<IAsync<Result, void>, IAsyncInf
 };
 
 template <class Result, class Progress>
-struct Refusing final : Implements<IAsync<Result, Progress>, IAsyncInfo> {
-  explicit Refusing(HRESULT status) : status(status) {}
-  HRESULT WRT_ABI put_Progress(ProgressHandler<Result, Progress> *) override { return status; }
-  HRESULT WRT_ABI get_Progress(ProgressHandler<Result, Progress> **) override { return status; }
-  HRESULT WRT_ABI put_Completed(CompletedHandler<Result, Progress> *) override { return status; }
-  HRESULT WRT_ABI get_Completed(CompletedHandler<Result, Progress> **) override { return status; }
-  HRESULT WRT_ABI GetResults(Abi<Result> *) override { return status; }
-  HRESULT WRT_ABI get_Id(uint32_t *) override { return status; }
-  HRESULT WRT_ABI get_Status(int32_t *) override { return status; }
-  HRESULT WRT_ABI get_ErrorCode(HRESULT *) override { return status; }
-  HRESULT WRT_ABI Cancel() override { return status; }
-  HRESULT WRT_ABI Close() override { return status; }
-  const HRESULT status;
+struct Refusing final : RefusingBase<Result, Progress> {
+  using RefusingBase<Result, Progress>::RefusingBase;
+  HRESULT WRT_ABI put_Progress(ProgressHandler<Result, Progress> *) override {
+    return this->status;
+  }
+  HRESULT WRT_ABI get_Progress(ProgressHandler<Result, Progress> **) override {
+    return this->status;
+  }
+};
+
+template <class Result>
+struct Refusing<Result, void> final : RefusingBase<Result, void> {
+  using RefusingBase<Result, void>::RefusingBase;
 };
 
 /// Starts an operation as scripted: not at all, one that takes no handler, or one that ends with

@@ -8,6 +8,8 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace wrt::test {
 
@@ -50,26 +52,28 @@ ComPtr<Interface> activate(std::u16string_view className) {
   return object.as<Interface>();
 }
 
-/// Calls `start(&operation)`, waits for the operation's end and answers with its outcome, or with
-/// the failure to start it.
-template <class Operation, class Start>
-HRESULT outcome(Start start) {
-  Operation *operation = nullptr;
-  if (const HRESULT status = start(&operation); status < 0)
+/// Calls `object`'s member with the first of `arguments`, waits for the end of the operation that
+/// it answers and gives its outcome, or the failure to start it. A last argument that the member
+/// does not take is the place of the operation's result (+1 for objects).
+template <class Object, class Interface, class... Parameters, class... Arguments>
+HRESULT outcome(const ComPtr<Object> &object, HRESULT (WRT_ABI Interface::*member)(Parameters...),
+                Arguments... arguments) {
+  constexpr size_t kTaken = sizeof...(Parameters) - 1;
+  using Place = std::tuple_element_t<kTaken, std::tuple<Parameters...>>;
+  std::remove_pointer_t<Place> operation = nullptr;
+  const std::tuple all(arguments...);
+  const auto typed = object.template as<Interface>();
+  const HRESULT status = [&]<size_t... i>(std::index_sequence<i...>) {
+    return (typed.get()->*member)(std::get<i>(all)..., &operation);
+  }(std::make_index_sequence<kTaken>());
+  if (status < 0)
     return status;
-  const auto owned = ComPtr<Operation>::adopt(operation);
+  const auto owned = ComPtr<std::remove_pointer_t<decltype(operation)>>::adopt(operation);
   waitForPool();
-  return owned->GetResults();
-}
-/// The same for an operation with a result, which is put into `*result` (+1 for objects).
-template <class Operation, class Result, class Start>
-HRESULT outcome(Start start, Result *result) {
-  Operation *operation = nullptr;
-  if (const HRESULT status = start(&operation); status < 0)
-    return status;
-  const auto owned = ComPtr<Operation>::adopt(operation);
-  waitForPool();
-  return owned->GetResults(result);
+  if constexpr (sizeof...(Arguments) > kTaken)
+    return owned->GetResults(std::get<kTaken>(all));
+  else
+    return owned->GetResults();
 }
 
 /// While it lives the process has no more rights than others have; does nothing for processes that

@@ -207,36 +207,24 @@ void readFailures() {
   EXPECT_EQ(1u, logRecords().size());
 }
 
-// As long as the stream said, whatever was delivered.
+// As long as the stream said, whatever was delivered; of sizes beyond 4 GiB the low 32 bits count.
 void shortRead() {
   settleAfterwards();
-  StreamScript script;
-  script.size = 100;
-  script.delivered = 10;
-  NSData *data = nil;
-  EXPECT_EQ("", readScripted(script, &data));
-  ASSERT_EQ(100u, [data length]);
-  EXPECT_EQ(0x5A, static_cast<const uint8_t *>([data bytes])[9]);
-  EXPECT_EQ(0, static_cast<const uint8_t *>([data bytes])[10]);
-  EXPECT_EQ(0, script.options);
-  wrt::implement::waitForPool();
-}
-
-void hugeStream() {
-  settleAfterwards();
-  StreamScript script;
-  script.size = (5ull << 32) + 12;
-  script.delivered = 12;
-  NSData *data = nil;
-  EXPECT_EQ("", readScripted(script, &data));
-  EXPECT_EQ(12u, [data length]);
-  EXPECT_EQ(12u, script.capacity);
-  EXPECT_EQ(12u, script.count);
-  wrt::implement::waitForPool();
-}
-
-void unreadableBuffer() {
-  settleAfterwards();
+  for (uint64_t size : {uint64_t{100}, (uint64_t{5} << 32) + 12}) {
+    const auto low = static_cast<uint32_t>(size);
+    StreamScript script;
+    script.size = size;
+    script.delivered = 10;
+    NSData *data = nil;
+    EXPECT_EQ("", readScripted(script, &data));
+    ASSERT_EQ(low, [data length]);
+    EXPECT_EQ(0x5A, static_cast<const uint8_t *>([data bytes])[9]);
+    EXPECT_EQ(0, static_cast<const uint8_t *>([data bytes])[10]);
+    EXPECT_EQ(0, script.options);
+    EXPECT_EQ(low, script.capacity);
+    EXPECT_EQ(low, script.count);
+    wrt::implement::waitForPool();
+  }
   StreamScript script;
   script.size = 4;
   script.bareBuffer = true;
@@ -297,8 +285,6 @@ const Cell cells[] = {
     {"conversion.data.buffer.without_bytes_aborts", bufferWithoutBytes},
     {"conversion.data.from_stream.failing_steps", readFailures},
     {"conversion.data.from_stream.short_read", shortRead},
-    {"conversion.data.from_stream.beyond_4_gib", hugeStream},
-    {"conversion.data.from_stream.failing_byte_access", unreadableBuffer},
     {"conversion.data.to_stream.failing_steps", writeFailures},
 };
 

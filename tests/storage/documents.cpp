@@ -96,52 +96,35 @@ void selecting() {
                                                              before.put()));
 }
 
+// Where nodes may go is what the fuzzer's model of a tree knows.
 void editing() {
   Document doc;
-  ASSERT_EQ(0, doc.load("<a>one</a>"));
+  ASSERT_EQ(0, doc.load("<a k='old'>one</a>"));
   ComPtr<abi::IXmlElement> root;
   doc.document->get_DocumentElement(root.put());
-  // Neighbouring texts stay apart until they are told otherwise.
+  // Neighbouring texts stay apart until they are told otherwise; a removed node lives on.
   const auto two = doc.textNode(" & two");
   EXPECT_EQ(0, append(root.get(), two.get()));
   EXPECT_EQ(2u, doc.count("/a/text()"));
   root.as<abi::IXmlNode>()->Normalize();
+  EXPECT_EQ("<a k=\"old\">one &amp; two</a>", doc.first("/a"));
   EXPECT_EQ(1u, doc.count("/a/text()"));
   StringHolder gone;
-  EXPECT_EQ(0, two.as<abi::IXmlCharacterData>()->get_Data(gone.put())) << "a removed node lives on";
+  EXPECT_EQ(0, two.as<abi::IXmlCharacterData>()->get_Data(gone.put()));
   EXPECT_EQ(" & two", utf8(gone));
-
-  const auto b = doc.element("b");
-  root->SetAttribute(text("k").get(), text("<v>").get());
-  EXPECT_EQ(0, append(root.get(), b.get()));
-  EXPECT_EQ("<a k=\"&lt;v&gt;\">one &amp; two<b/></a>", doc.first("/a"));
-  EXPECT_EQ(kInvalid, append(b.get(), root.get())) << "a node does not go into itself";
-  EXPECT_EQ(kInvalid, append(doc.document.get(), doc.element("second").get()))
-      << "a document has one element";
   Document other;
   EXPECT_EQ(kInvalid, append(root.get(), other.element("c").get())) << "of another document";
   EXPECT_FALSE(doc.element("1 2"));
-  EXPECT_EQ(kInvalid, append(root.get(), doc.document.get())) << "the document goes nowhere";
 
-  // The document's element can be replaced, and a node of an attribute outlives its value.
-  ComPtr<abi::IXmlNode> replaced, value;
+  // A node of an attribute outlives its value, and nodes outlive their document.
+  ComPtr<abi::IXmlNode> value;
   ComPtr<abi::IXmlAttribute> attribute;
   root->GetAttributeNode(text("k").get(), attribute.put());
   attribute.as<abi::IXmlNode>()->get_FirstChild(value.put());
-  root->SetAttribute(text("k").get(), text("new").get());
-  EXPECT_EQ("new", Document::xmlOf(value));
-  const auto fresh = doc.element("fresh");
-  EXPECT_EQ(0, doc.node->ReplaceChild(fresh.as<abi::IXmlNode>().get(),
-                                      root.as<abi::IXmlNode>().get(), replaced.put()));
-  EXPECT_EQ("<fresh/>", doc.xml());
-  EXPECT_EQ(0, doc.node->ReplaceChild(root.as<abi::IXmlNode>().get(),
-                                      fresh.as<abi::IXmlNode>().get(), replaced.put()));
-
-  ComPtr<abi::IXmlNode> removed;
-  EXPECT_EQ(0, doc.node->RemoveChild(root.as<abi::IXmlNode>().get(), removed.put()));
-  EXPECT_EQ("", doc.xml());
+  root->SetAttribute(text("k").get(), text("<new>").get());
+  EXPECT_EQ("&lt;new&gt;", Document::xmlOf(value));
   doc = Document();
-  EXPECT_EQ("<b/>", Document::xmlOf(b.as<abi::IXmlNode>())) << "nodes outlive their document";
+  EXPECT_EQ("<a k=\"&lt;new&gt;\">one &amp; two</a>", Document::xmlOf(root.as<abi::IXmlNode>()));
 
   const auto split = other.textNode("ab\xF0\x9F\x98\x80"
                                     "c");
@@ -376,39 +359,31 @@ void resourceMap() {
 void apiInformation() {
   const auto api =
       statics<abi::IApiInformationStatics>(u"Windows.Foundation.Metadata.ApiInformation");
-  const StringHolder uri = text("Windows.Foundation.Uri");
-  const auto is = [](auto ask) {
+  using Api = abi::IApiInformationStatics;
+  const auto is = [&](auto member, const char *type, auto... rest) {
     unsigned char answer = 9;
-    return ask(&answer) < 0 ? -1 : int(answer);
+    const StringHolder name = text(type);
+    return (api.get()->*member)(name.get(), rest..., &answer) < 0 ? -1 : int(answer);
   };
-  EXPECT_EQ(1, is([&](auto *r) { return api->IsTypePresent(uri.get(), r); }));
-  EXPECT_EQ(0, is([&](auto *r) { return api->IsTypePresent(text("Windows.No.Such").get(), r); }));
-  const StringHolder combine = text("CombineUri"), host = text("Host");
-  EXPECT_EQ(1, is([&](auto *r) { return api->IsMethodPresent(uri.get(), combine.get(), r); }));
-  EXPECT_EQ(0, is([&](auto *r) { return api->IsMethodPresent(uri.get(), host.get(), r); }));
+  const char *const kUri = "Windows.Foundation.Uri";
+  const StringHolder combine = text("CombineUri"), host = text("Host"), length = text("Length");
+  EXPECT_EQ(1, is(&Api::IsTypePresent, kUri));
+  EXPECT_EQ(0, is(&Api::IsTypePresent, "Windows.No.Such"));
+  EXPECT_EQ(-1, is(&Api::IsTypePresent, ""));
+  EXPECT_EQ(1, is(&Api::IsMethodPresent, kUri, combine.get()));
+  EXPECT_EQ(0, is(&Api::IsMethodPresent, kUri, host.get()));
   for (unsigned arity : {0u, 1u, 2u})
-    EXPECT_EQ(arity == 1, is([&](auto *r) {
-                return api->IsMethodPresentWithArity(uri.get(), combine.get(), arity, r);
-              }));
-  EXPECT_EQ(1, is([&](auto *r) { return api->IsPropertyPresent(uri.get(), host.get(), r); }));
+    EXPECT_EQ(arity == 1, is(&Api::IsMethodPresentWithArity, kUri, combine.get(), arity));
+  EXPECT_EQ(1, is(&Api::IsPropertyPresent, kUri, host.get()));
+  EXPECT_EQ(1, is(&Api::IsReadOnlyPropertyPresent, kUri, host.get()));
+  EXPECT_EQ(0, is(&Api::IsWriteablePropertyPresent, kUri, host.get()));
   EXPECT_EQ(1,
-            is([&](auto *r) { return api->IsReadOnlyPropertyPresent(uri.get(), host.get(), r); }));
-  EXPECT_EQ(0,
-            is([&](auto *r) { return api->IsWriteablePropertyPresent(uri.get(), host.get(), r); }));
-  EXPECT_EQ(1, is([&](auto *r) {
-              return api->IsWriteablePropertyPresent(text("Windows.Storage.Streams.IBuffer").get(),
-                                                     text("Length").get(), r);
-            }));
-  EXPECT_EQ(1, is([&](auto *r) {
-              return api->IsEnumNamedValuePresent(text("Windows.Foundation.AsyncStatus").get(),
-                                                  text("Canceled").get(), r);
-            }));
-  EXPECT_EQ(-1, is([&](auto *r) { return api->IsTypePresent(nullptr, r); }));
-  const StringHolder contract = text("Windows.Foundation.UniversalApiContract");
+            is(&Api::IsWriteablePropertyPresent, "Windows.Storage.Streams.IBuffer", length.get()));
+  EXPECT_EQ(1, is(&Api::IsEnumNamedValuePresent, "Windows.Foundation.AsyncStatus",
+                  text("Canceled").get()));
   for (unsigned short major : {1, 5, 6})
-    EXPECT_EQ(major <= 5, is([&](auto *r) {
-                return api->IsApiContractPresentByMajor(contract.get(), major, r);
-              }));
+    EXPECT_EQ(major <= 5, is(&Api::IsApiContractPresentByMajor,
+                             "Windows.Foundation.UniversalApiContract", major));
 }
 
 void preferences() {

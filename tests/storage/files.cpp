@@ -26,66 +26,63 @@ constexpr HRESULT kInvalid = static_cast<HRESULT>(0x80070057);
 constexpr HRESULT kTaken = static_cast<HRESULT>(0x800700B7);
 constexpr HRESULT kIsClosed = static_cast<HRESULT>(0x80000013);
 
-using FileOperation = abi::IAsyncOperation__1_WRTStorageFile_P;
-using FolderOperation = abi::IAsyncOperation__1_WRTStorageFolder_P;
-using FilesOperation = abi::IAsyncOperation__1_WRTIVectorView__1_WRTStorageFile_P_P;
-using ReadOperation = abi::IAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32;
-using WriteOperation = abi::IAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32;
+using File = abi::IStorageFile;
+using Folder = abi::IStorageFolder;
+using Item = abi::IStorageItem;
 
-HRESULT findFile(const std::string &path, ComPtr<abi::IStorageFile> &file) {
-  const auto factory = statics<abi::IStorageFileStatics>(u"Windows.Storage.StorageFile");
-  return outcome<FileOperation>(
-      [&](auto **op) { return factory->GetFileFromPathAsync(text(path).get(), op); }, file.put());
+HRESULT findFile(const std::string &path, ComPtr<File> &file) {
+  return outcome(statics<abi::IStorageFileStatics>(u"Windows.Storage.StorageFile"),
+                 &abi::IStorageFileStatics::GetFileFromPathAsync, text(path).get(), file.put());
 }
-
-HRESULT findFolder(const std::string &path, ComPtr<abi::IStorageFolder> &folder) {
-  const auto factory = statics<abi::IStorageFolderStatics>(u"Windows.Storage.StorageFolder");
-  return outcome<FolderOperation>(
-      [&](auto **op) { return factory->GetFolderFromPathAsync(text(path).get(), op); },
-      folder.put());
+HRESULT findFolder(const std::string &path, ComPtr<Folder> &folder) {
+  return outcome(statics<abi::IStorageFolderStatics>(u"Windows.Storage.StorageFolder"),
+                 &abi::IStorageFolderStatics::GetFolderFromPathAsync, text(path).get(),
+                 folder.put());
 }
-
 HRESULT fileStatus(const fs::path &path) {
-  ComPtr<abi::IStorageFile> file;
+  ComPtr<File> file;
   return findFile(path, file);
 }
 HRESULT folderStatus(const fs::path &path) {
-  ComPtr<abi::IStorageFolder> folder;
+  ComPtr<Folder> folder;
   return findFolder(path, folder);
 }
 
 std::string nameOf(abi::IUnknown *object) {
   StringHolder name;
-  ComPtr(object).as<abi::IStorageItem>()->get_Name(name.put());
+  ComPtr(object).as<Item>()->get_Name(name.put());
   return utf8(name);
 }
 
-/// The names of the files that `list` yields, joined by bars; or the status.
-template <class List>
-std::string names(List list) {
+/// The names of the files that a member lists, joined by bars; or the status.
+template <class Object, class Member, class... Arguments>
+std::string names(const ComPtr<Object> &object, Member member, Arguments... arguments) {
   ComPtr<abi::IVectorView__1_WRTStorageFile_P> files;
-  if (const HRESULT status = outcome<FilesOperation>(list, files.put()); status < 0)
+  if (const HRESULT status = outcome(object, member, arguments..., files.put()); status < 0)
     return "failed " + std::to_string(status);
   std::string result;
   unsigned count = 0;
   files->get_Size(&count);
   for (unsigned i = 0; i < count; ++i) {
-    ComPtr<abi::IStorageFile> file;
+    ComPtr<File> file;
     files->GetAt(i, file.put());
     result += (i ? "|" : "") + nameOf(file.get());
   }
   return result;
 }
-std::string namesIn(const ComPtr<abi::IStorageFolder> &folder) {
-  return names(
-      [&](auto **op) { return folder->GetFilesAsyncOverloadDefaultOptionsStartAndCount(op); });
+std::string namesIn(const ComPtr<Folder> &folder) {
+  return names(folder, &Folder::GetFilesAsyncOverloadDefaultOptionsStartAndCount);
+}
+std::string query(const ComPtr<Folder> &folder, int number) {
+  return names(folder,
+               &abi::IStorageFolderQueryOperations::GetFilesAsyncOverloadDefaultStartAndCount,
+               number);
 }
 
-HRESULT readStatus(const ComPtr<abi::IStorageFile> &file, std::string *content = nullptr) {
-  const auto io = statics<abi::IFileIOStatics>(u"Windows.Storage.FileIO");
+HRESULT readStatus(const ComPtr<File> &file, std::string *content = nullptr) {
   StringHolder read;
-  const HRESULT status = outcome<abi::IAsyncOperation__1_WRTHSTRING>(
-      [&](auto **op) { return io->ReadTextAsync(file.get(), op); }, read.put());
+  const HRESULT status = outcome(statics<abi::IFileIOStatics>(u"Windows.Storage.FileIO"),
+                                 &abi::IFileIOStatics::ReadTextAsync, file.get(), read.put());
   if (content != nullptr)
     *content = utf8(read);
   return status;
@@ -117,7 +114,7 @@ void lookup() {
   EXPECT_EQ(0, fileStatus(folder.path() / "away/.././b.txt"));
   EXPECT_EQ(kNotFound, fileStatus(folder.path() / "away/../a.txt"));
   EXPECT_EQ(kNotFound, folderStatus(folder.path() / "none/.."));
-  ComPtr<abi::IStorageFolder> above;
+  ComPtr<Folder> above;
   EXPECT_EQ(0, findFolder(folder.path() / "sub/../away/..//.", above));
   EXPECT_EQ("far", nameOf(above.get()));
   EXPECT_EQ(kInvalid, fileStatus(folder.path() / "sub")) << "a folder is no file";
@@ -134,11 +131,11 @@ void strangeNames() {
                              "\xE6\x97\xA5\xF0\x9F\x98\x80.txt"};
   for (const std::string &name : all)
     made.add(name, name);
-  ComPtr<abi::IStorageFolder> folder;
+  ComPtr<Folder> folder;
   ASSERT_EQ(0, findFolder(made.path(), folder));
   EXPECT_EQ(all[0] + "|" + all[1] + "|" + all[2] + "|" + all[3], namesIn(folder));
   for (const std::string &name : {all[0], all[1], all[3]}) {
-    ComPtr<abi::IStorageFile> file;
+    ComPtr<File> file;
     ASSERT_EQ(0, findFile(made.path() / name, file)) << name;
     EXPECT_EQ(name, nameOf(file.get()));
   }
@@ -156,8 +153,8 @@ void permissions() {
   clearLog();
   {
     const NoPrivileges noPrivileges;
-    ComPtr<abi::IStorageFile> file;
-    ComPtr<abi::IStorageFolder> folder, closed, listed;
+    ComPtr<File> file;
+    ComPtr<Folder> folder, closed, listed;
     ASSERT_EQ(0, findFile(secret, file)) << "it is there";
     EXPECT_EQ(kDenied, readStatus(file));
     EXPECT_EQ(kDenied, fileStatus(made.path() / "closed/inner.txt"));
@@ -166,22 +163,15 @@ void permissions() {
     ASSERT_EQ(0, findFolder(made.path() / "listed", listed));
     EXPECT_EQ("failed " + std::to_string(kDenied), namesIn(listed)) << "names that lead nowhere";
     ASSERT_EQ(0, findFolder(made.path(), folder));
-    EXPECT_EQ("secret.txt", names([&](auto **op) {
-                return folder.as<abi::IStorageFolderQueryOperations>()
-                    ->GetFilesAsyncOverloadDefaultStartAndCount(1, op);
-              }))
+    EXPECT_EQ("secret.txt", query(folder, 1))
         << "a folder below that is closed does not keep the others from being listed";
     const auto log = logRecords();
     for (const char *name : {"closed", "listed"})
       EXPECT_EQ(1, std::ranges::count(log,
                                       "Left out " + (made.path() / name).string() + ": 0x80070005",
                                       &LogRecord::text));
-    EXPECT_EQ(kDenied, outcome<FileOperation>(
-                           [&](auto **op) {
-                             return folder->CreateFileAsyncOverloadDefaultOptions(text("new").get(),
-                                                                                  op);
-                           },
-                           file.put()));
+    EXPECT_EQ(kDenied, outcome(folder, &Folder::CreateFileAsyncOverloadDefaultOptions,
+                               text("new").get(), file.put()));
   }
   fs::permissions(made.path() / "closed", fs::perms(0700));
 }
@@ -190,28 +180,22 @@ void vanishing() {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path path = made.add("short-lived.txt", "x");
-  ComPtr<abi::IStorageFile> file;
+  ComPtr<File> file;
   ASSERT_EQ(0, findFile(path, file));
   fs::remove(path);
   EXPECT_EQ(kNotFound, readStatus(file));
   ComPtr<abi::IBasicProperties> properties;
-  EXPECT_EQ(kNotFound, outcome<abi::IAsyncOperation__1_WRTBasicProperties_P>(
-                           [&](auto **op) {
-                             return file.as<abi::IStorageItem>()->GetBasicPropertiesAsync(op);
-                           },
-                           properties.put()));
+  EXPECT_EQ(kNotFound, outcome(file, &Item::GetBasicPropertiesAsync, properties.put()));
   int attributes = -1;
-  EXPECT_EQ(kNotFound, file.as<abi::IStorageItem>()->get_Attributes(&attributes));
+  EXPECT_EQ(kNotFound, file.as<Item>()->get_Attributes(&attributes));
   ComPtr<abi::IRandomAccessStream> stream;
-  EXPECT_EQ(kNotFound, outcome<abi::IAsyncOperation__1_WRTIRandomAccessStream_P>(
-                           [&](auto **op) { return file->OpenAsync(0, op); }, stream.put()));
+  EXPECT_EQ(kNotFound, outcome(file, &File::OpenAsync, 0, stream.put()));
 }
 
-HRESULT createFile(const ComPtr<abi::IStorageFolder> &folder, const char *name, int option,
-                   std::string *made) {
-  ComPtr<abi::IStorageFile> file;
-  const HRESULT status = outcome<FileOperation>(
-      [&](auto **op) { return folder->CreateFileAsync(text(name).get(), option, op); }, file.put());
+HRESULT createFile(const ComPtr<Folder> &folder, const char *name, int option, std::string *made) {
+  ComPtr<File> file;
+  const HRESULT status =
+      outcome(folder, &Folder::CreateFileAsync, text(name).get(), option, file.put());
   *made = file ? nameOf(file.get()) : "";
   return status;
 }
@@ -221,7 +205,7 @@ void creating() {
   const TemporaryFolder made;
   made.add("f.txt", "old");
   fs::create_directory(made.path() / "sub");
-  ComPtr<abi::IStorageFolder> folder;
+  ComPtr<Folder> folder;
   ASSERT_EQ(0, findFolder(made.path(), folder));
   std::string name;
   EXPECT_EQ(kTaken, createFile(folder, "f.txt", 2, &name));
@@ -243,35 +227,25 @@ void changing() {
   const fs::path path = made.add("one.txt", "1");
   made.add("two.txt", "2");
   fs::create_directory(made.path() / "sub");
-  ComPtr<abi::IStorageFile> file, copy;
-  ComPtr<abi::IStorageFolder> sub;
+  ComPtr<File> file, copy;
+  ComPtr<Folder> sub;
   ASSERT_EQ(0, findFile(path, file));
   ASSERT_EQ(0, findFolder(made.path() / "sub", sub));
-  const auto item = file.as<abi::IStorageItem>();
   const auto rename = [&](const char *name) {
-    return outcome<abi::IAsyncAction>(
-        [&](auto **op) { return item->RenameAsyncOverloadDefaultOptions(text(name).get(), op); });
+    return outcome(file, &Item::RenameAsyncOverloadDefaultOptions, text(name).get());
   };
   EXPECT_EQ(kTaken, rename("two.txt"));
   EXPECT_EQ(kInvalid, rename("sub/one.txt"));
   EXPECT_EQ(0, rename("three.txt"));
   EXPECT_EQ("three.txt", nameOf(file.get())) << "the object moves along";
-  EXPECT_EQ(0,
-            outcome<FileOperation>(
-                [&](auto **op) { return file->CopyOverloadDefaultNameAndOptions(sub.get(), op); },
-                copy.put()));
+  EXPECT_EQ(0, outcome(file, &File::CopyOverloadDefaultNameAndOptions, sub.get(), copy.put()));
   EXPECT_EQ("1", contentOf(made.path() / "sub/three.txt"));
-  EXPECT_EQ(kTaken, outcome<abi::IAsyncAction>([&](auto **op) {
-              return file->MoveOverloadDefaultNameAndOptions(sub.get(), op);
-            }));
-  EXPECT_EQ(0, outcome<abi::IAsyncAction>(
-                   [&](auto **op) { return file->MoveAndReplaceAsync(copy.get(), op); }));
+  EXPECT_EQ(kTaken, outcome(file, &File::MoveOverloadDefaultNameAndOptions, sub.get()));
+  EXPECT_EQ(0, outcome(file, &File::MoveAndReplaceAsync, copy.get()));
   EXPECT_FALSE(fs::exists(made.path() / "three.txt"));
-  EXPECT_EQ(0, outcome<abi::IAsyncAction>(
-                   [&](auto **op) { return sub.as<abi::IStorageItem>()->DeleteAsync(0, op); }));
+  EXPECT_EQ(0, outcome(sub, &Item::DeleteAsync, 0));
   EXPECT_FALSE(fs::exists(made.path() / "sub"));
-  EXPECT_EQ(kNotFound,
-            outcome<abi::IAsyncAction>([&](auto **op) { return item->DeleteAsync(0, op); }));
+  EXPECT_EQ(kNotFound, outcome(file, &Item::DeleteAsync, 0));
 }
 
 void querying() {
@@ -282,20 +256,16 @@ void querying() {
   fs::last_write_time(made.add("a.xml", "a"),
                       fs::file_time_type::clock::now() - std::chrono::hours(1));
   made.add("sub/c.txt", "c");
-  ComPtr<abi::IStorageFolder> folder;
+  ComPtr<Folder> folder;
   ASSERT_EQ(0, findFolder(made.path(), folder));
   const auto operations = folder.as<abi::IStorageFolderQueryOperations>();
-  const auto query = [&](int number) {
-    return names([&](auto **op) {
-      return operations->GetFilesAsyncOverloadDefaultStartAndCount(number, op);
-    });
-  };
-  EXPECT_EQ("a.xml|b.TXT", query(0));
-  EXPECT_EQ("a.xml|b.TXT|c.txt", query(1));
-  EXPECT_EQ("c.txt|a.xml|b.TXT", query(5));
-  EXPECT_EQ("failed " + std::to_string(kInvalid), query(3));
-  EXPECT_EQ("b.TXT", names([&](auto **op) { return operations->GetFilesAsync(1, 1, 1, op); }));
-  EXPECT_EQ("", names([&](auto **op) { return operations->GetFilesAsync(1, 9, 1, op); }));
+  EXPECT_EQ("a.xml|b.TXT", query(folder, 0));
+  EXPECT_EQ("a.xml|b.TXT|c.txt", query(folder, 1));
+  EXPECT_EQ("c.txt|a.xml|b.TXT", query(folder, 5));
+  EXPECT_EQ("failed " + std::to_string(kInvalid), query(folder, 3));
+  const auto files = &abi::IStorageFolderQueryOperations::GetFilesAsync;
+  EXPECT_EQ("b.TXT", names(folder, files, 1, 1u, 1u));
+  EXPECT_EQ("", names(folder, files, 1, 9u, 1u));
 
   const auto options = activate<abi::IQueryOptions>(u"Windows.Storage.Search.QueryOptions");
   options->put_FolderDepth(1);
@@ -305,14 +275,10 @@ void querying() {
   ComPtr<abi::IStorageFileQueryResult> result;
   ASSERT_EQ(0, operations->CreateFileQueryWithOptions(options.get(), result.put()));
   EXPECT_EQ("b.TXT|c.txt",
-            names([&](auto **op) { return result->GetFilesAsyncDefaultStartAndCount(op); }));
+            names(result, &abi::IStorageFileQueryResult::GetFilesAsyncDefaultStartAndCount));
   made.add("late.txt", "");
   unsigned count = 0;
-  EXPECT_EQ(0, outcome<abi::IAsyncOperation__1_WRTUINT32>(
-                   [&](auto **op) {
-                     return result.as<abi::IStorageQueryResultBase>()->GetItemCountAsync(op);
-                   },
-                   &count));
+  EXPECT_EQ(0, outcome(result, &abi::IStorageQueryResultBase::GetItemCountAsync, &count));
   EXPECT_EQ(3u, count) << "a query asks the folder anew";
   options->put_UserSearchFilter(text("words").get());
   EXPECT_EQ(kInvalid, operations->CreateFileQueryWithOptions(options.get(), result.put()));
@@ -322,25 +288,14 @@ void properties() {
   settleAfterwards();
   const TemporaryFolder made;
   made.add("page.HTML", "1");
-  ComPtr<abi::IStorageFolder> folder;
-  ASSERT_EQ(0, findFolder(made.path(), folder));
-  ComPtr<abi::IVectorView__1_WRTStorageFile_P> files;
-  ASSERT_EQ(0, outcome<FilesOperation>(
-                   [&](auto **op) {
-                     return folder->GetFilesAsyncOverloadDefaultOptionsStartAndCount(op);
-                   },
-                   files.put()));
-  ComPtr<abi::IStorageFile> file;
-  ASSERT_EQ(0, files->GetAt(0, file.put()));
-  // Whoever writes between the list and the question is seen.
+  ComPtr<File> file;
+  ASSERT_EQ(0, findFile(made.path() / "page.HTML", file));
+  // Whoever writes between the look-up and the question is seen.
   const fs::path path = made.add("page.HTML", "12345");
   const timespec when[] = {{981158400, 0}, {981158400, 0}}; // 2001-02-03
   utimensat(AT_FDCWD, path.c_str(), when, 0);
   ComPtr<abi::IBasicProperties> facts;
-  ASSERT_EQ(
-      0, outcome<abi::IAsyncOperation__1_WRTBasicProperties_P>(
-             [&](auto **op) { return file.as<abi::IStorageItem>()->GetBasicPropertiesAsync(op); },
-             facts.put()));
+  ASSERT_EQ(0, outcome(file, &Item::GetBasicPropertiesAsync, facts.put()));
   unsigned long long size = 0;
   WRTDateTime date{};
   facts->get_Size(&size);
@@ -358,7 +313,7 @@ void texts() {
   const TemporaryFolder made;
   const auto io = statics<abi::IFileIOStatics>(u"Windows.Storage.FileIO");
   const auto read = [&](const std::string &content) {
-    ComPtr<abi::IStorageFile> file;
+    ComPtr<File> file;
     findFile(made.add("f", content), file);
     std::string result;
     const HRESULT status = readStatus(file, &result);
@@ -374,49 +329,36 @@ void texts() {
   EXPECT_EQ(noText, read("\xC3("));
   EXPECT_EQ(noText, read("\xC0\x80")) << "overlong";
 
-  ComPtr<abi::IStorageFile> file;
+  ComPtr<File> file;
   ASSERT_EQ(0, findFile(made.add("g", "before"), file));
-  const auto act = [&](auto start) { return outcome<abi::IAsyncAction>(start); };
+  using IO = abi::IFileIOStatics;
   const StringHolder words = text("\xC3\xBC!");
-  EXPECT_EQ(0, act([&](auto **op) { return io->WriteTextAsync(file.get(), words.get(), op); }));
-  EXPECT_EQ(0, act([&](auto **op) { return io->AppendTextAsync(file.get(), words.get(), op); }));
+  EXPECT_EQ(0, outcome(io, &IO::WriteTextAsync, file.get(), words.get()));
+  EXPECT_EQ(0, outcome(io, &IO::AppendTextAsync, file.get(), words.get()));
   EXPECT_EQ("\xC3\xBC!\xC3\xBC!", contentOf(made.path() / "g"));
-  EXPECT_EQ(0, act([&](auto **op) {
-              return io->WriteTextWithEncodingAsync(file.get(), words.get(), 2, op);
-            }));
+  EXPECT_EQ(0, outcome(io, &IO::WriteTextWithEncodingAsync, file.get(), words.get(), 2));
   EXPECT_EQ(std::string("\xFE\xFF\0\xFC\0!", 6), contentOf(made.path() / "g"));
-  EXPECT_EQ(kInvalid, act([&](auto **op) {
-              return io->WriteTextWithEncodingAsync(file.get(), words.get(), 3, op);
-            }));
-  EXPECT_EQ(kInvalid, act([&](auto **op) { return io->WriteTextAsync(nullptr, nullptr, op); }));
+  EXPECT_EQ(kInvalid, outcome(io, &IO::WriteTextWithEncodingAsync, file.get(), words.get(), 3));
+  EXPECT_EQ(kInvalid, outcome(io, &IO::WriteTextAsync, nullptr, nullptr));
 }
 
 void streams() {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path path = made.add("f", "0123456789");
-  ComPtr<abi::IStorageFile> file;
+  ComPtr<File> file;
   ComPtr<abi::IRandomAccessStream> stream, clone;
   ASSERT_EQ(0, findFile(path, file));
-  const auto open = [&](int mode) {
-    return outcome<abi::IAsyncOperation__1_WRTIRandomAccessStream_P>(
-        [&](auto **op) { return file->OpenAsync(mode, op); }, stream.put());
-  };
+  const auto open = [&](int mode) { return outcome(file, &File::OpenAsync, mode, stream.put()); };
   ASSERT_EQ(0, open(0));
   const auto buffer = makeBuffer(4);
   ComPtr<abi::IBuffer> filled;
   const auto read = [&](unsigned count) {
-    return outcome<ReadOperation>(
-        [&](auto **op) {
-          return stream.as<abi::IInputStream>()->ReadAsync(buffer.get(), count, 0, op);
-        },
-        filled.put());
+    return outcome(stream, &abi::IInputStream::ReadAsync, buffer.get(), count, 0, filled.put());
   };
+  unsigned written = 0;
   const auto write = [&] {
-    unsigned count = 0;
-    return outcome<WriteOperation>(
-        [&](auto **op) { return stream.as<abi::IOutputStream>()->WriteAsync(buffer.get(), op); },
-        &count);
+    return outcome(stream, &abi::IOutputStream::WriteAsync, buffer.get(), &written);
   };
   unsigned length = 9;
   EXPECT_EQ(kInvalid, read(5)) << "more than there is room for";
