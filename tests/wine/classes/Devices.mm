@@ -1,10 +1,10 @@
-// Windows.Devices.Enumeration: objects made by factories, a GUID by value, events with tokens.
+// Windows.Devices.Enumeration: objects made by factories, a GUID by value, events of an instance.
 
 #include "tests/wine/classes/Members.h"
 
 #import <WRTObjcBridge/Windows.Devices.Enumeration.h>
 
-using namespace wrt::test;
+namespace wrt::test {
 
 namespace {
 
@@ -24,146 +24,107 @@ void expectAccess(WRTDeviceAccessInformationBridge *access) {
   EXPECT_EQ(nil, error);
 }
 
-void createFromId(NSError **error) {
-  expectAccess([WRTDeviceAccessInformationBridge createFromIdWithDeviceId:@"\\\\?\\none"
-                                                                    error:error]);
-}
-void createFromDeviceClassId(NSError **error) {
-  expectAccess([WRTDeviceAccessInformationBridge
-      createFromDeviceClassIdWithDeviceClassId:kDeviceClassId
-                                         error:error]);
-}
-void createFromDeviceClass(NSError **error) {
-  expectAccess([WRTDeviceAccessInformationBridge createFromDeviceClassWithDeviceClass:kAudioCapture
-                                                                                error:error]);
-}
-
-WRTDeviceAccessInformationBridge *newAccess() {
+WRTDeviceAccessInformationBridge *newAccess(NSError **error = nullptr) {
   return [WRTDeviceAccessInformationBridge createFromDeviceClassWithDeviceClass:kAudioCapture
-                                                                          error:nullptr];
+                                                                          error:error];
 }
 
-void currentStatus(NSError **error) {
-  EXPECT_EQ(kAllowed, [newAccess() getCurrentStatusWithError:error]);
-}
-
-using AccessHandler = HRESULT (^)(WRTDeviceAccessInformationBridge *,
-                                  WRTDeviceAccessChangedEventArgsBridge *);
-const AccessHandler ignoreAccess =
-    ^HRESULT(WRTDeviceAccessInformationBridge *, WRTDeviceAccessChangedEventArgsBridge *) {
-      return 0;
-    };
-
-void addAccessChanged(NSError **error) {
-  const long before = liveDelegates();
-  [newAccess() addAccessChangedWithHandler:ignoreAccess error:error];
-  EXPECT_EQ(expectedAnswer() == Answer::Works ? 1 : 0, liveDelegates() - before);
-}
-void removeAccessChanged(NSError **error) {
-  WRTDeviceAccessInformationBridge *access = newAccess();
-  const WRTEventRegistrationToken token = [access addAccessChangedWithHandler:ignoreAccess
-                                                                        error:nullptr];
-  [access removeAccessChangedWithToken:token error:error];
-}
-
-void createFromIdAsync(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge createFromIdAsyncWithDeviceId:@"x" error:error]);
-}
-void createFromIdAsyncAdditionalProperties(NSError **error) {
-  EXPECT_EQ(nil,
-            [WRTDeviceInformationBridge createFromIdAsyncAdditionalPropertiesWithDeviceId:@"x"
-                                                                     additionalProperties:nil
-                                                                                    error:error]);
-}
-void findAllAsync(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge findAllAsyncWithError:error]);
-}
-void findAllAsyncDeviceClass(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge findAllAsyncDeviceClassWithDeviceClass:kAudioCapture
-                                                                              error:error]);
-}
-void findAllAsyncAqsFilter(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge findAllAsyncAqsFilterWithAqsFilter:@"x" error:error]);
-}
-void findAllAsyncAqsFilterAndAdditionalProperties(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge
-                     findAllAsyncAqsFilterAndAdditionalPropertiesWithAqsFilter:@"x"
-                                                          additionalProperties:nil
-                                                                         error:error]);
-}
-void createWatcher(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge createWatcherWithError:error]);
-}
-void createWatcherDeviceClass(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge createWatcherDeviceClassWithDeviceClass:kAudioCapture
-                                                                               error:error]);
-}
-void createWatcherAqsFilter(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge createWatcherAqsFilterWithAqsFilter:@"x" error:error]);
-}
-void createWatcherAqsFilterAndAdditionalProperties(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge
-                     createWatcherAqsFilterAndAdditionalPropertiesWithAqsFilter:@"x"
-                                                           additionalProperties:nil
-                                                                          error:error]);
-}
-void getAqsFilterFromDeviceClass(NSError **error) {
-  EXPECT_EQ(nil,
-            [WRTDeviceInformationBridge getAqsFilterFromDeviceClassWithDeviceClass:kAudioCapture
-                                                                             error:error]);
-}
-void createFromIdAsyncWithKind(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge
-                     createFromIdAsyncWithKindAndAdditionalPropertiesWithDeviceId:@"x"
-                                                             additionalProperties:nil
-                                                                             kind:1
-                                                                            error:error]);
-}
-void findAllAsyncWithKind(NSError **error) {
-  EXPECT_EQ(nil, [WRTDeviceInformationBridge
-                     findAllAsyncWithKindAqsFilterAndAdditionalPropertiesWithAqsFilter:@"x"
-                                                                  additionalProperties:nil
-                                                                                  kind:1
-                                                                                 error:error]);
-}
-
-void createWatcherWithKind(NSError **error) {
-  WRTDeviceWatcherBridge *watcher = [WRTDeviceInformationBridge
+WRTDeviceWatcherBridge *newWatcher(NSError **error = nullptr) {
+  return [WRTDeviceInformationBridge
       createWatcherWithKindAqsFilterAndAdditionalPropertiesWithAqsFilter:nil
                                                     additionalProperties:nil
                                                                     kind:1
                                                                    error:error];
-  EXPECT_EQ([WRTDeviceWatcherBridge class], [watcher class]);
-  EXPECT_TRUE([watcher isEqual:[WRTDeviceWatcherBridge bridge:[watcher inner]]]);
+}
+
+/// Subscribes a handler that counts its calls, of which it checks the arguments.
+WRTEventRegistrationToken countStopped(WRTDeviceWatcherBridge *watcher, int *calls,
+                                       NSError **error = nullptr) {
+  return [watcher
+      addStoppedWithHandler:^HRESULT(WRTDeviceWatcherBridge *sender,
+                                     id<WRTIInspectableBridge> arguments) {
+        ++*calls;
+        EXPECT_TRUE([sender isEqual:watcher]);
+        EXPECT_EQ(nil, arguments);
+        return 0;
+      }
+                      error:error];
+}
+
+// The token decides: of two subscriptions the one that it stands for goes.
+void removeStopped(NSError **error) {
+  WRTDeviceWatcherBridge *watcher = newWatcher();
+  const long before = liveDelegates();
+  int first = 0;
+  int second = 0;
+  const WRTEventRegistrationToken token = countStopped(watcher, &first);
+  const WRTEventRegistrationToken other = countStopped(watcher, &second);
+  EXPECT_NE(token.value, other.value);
+  EXPECT_EQ(2, liveDelegates() - before);
+  [watcher removeStoppedWithToken:token error:error];
+  EXPECT_EQ(1, liveDelegates() - before) << "WinRT gave its reference up";
+  [watcher startWithError:nullptr];
+  [watcher stopWithError:nullptr];
+  EXPECT_EQ(0, first);
+  EXPECT_EQ(1, second);
+  NSError *again = nil;
+  [watcher removeStoppedWithToken:token error:&again];
+  EXPECT_EQ(nil, again) << "twice is no failure";
+  [watcher removeStoppedWithToken:other error:nullptr];
+  EXPECT_EQ(0, liveDelegates() - before);
 }
 
 const Member members[] = {
-    {"DeviceAccessInformation.CreateFromId", createFromId},
-    {"DeviceAccessInformation.CreateFromDeviceClassId", createFromDeviceClassId},
-    {"DeviceAccessInformation.CreateFromDeviceClass", createFromDeviceClass},
-    {"DeviceAccessInformation.CurrentStatus", currentStatus},
-    {"DeviceAccessInformation.add_AccessChanged", addAccessChanged},
-    {"DeviceAccessInformation.remove_AccessChanged", removeAccessChanged},
-    {"DeviceInformation.CreateFromIdAsync", createFromIdAsync},
-    {"DeviceInformation.CreateFromIdAsyncAdditionalProperties",
-     createFromIdAsyncAdditionalProperties},
-    {"DeviceInformation.FindAllAsync", findAllAsync},
-    {"DeviceInformation.FindAllAsyncDeviceClass", findAllAsyncDeviceClass},
-    {"DeviceInformation.FindAllAsyncAqsFilter", findAllAsyncAqsFilter},
-    {"DeviceInformation.FindAllAsyncAqsFilterAndAdditionalProperties",
-     findAllAsyncAqsFilterAndAdditionalProperties},
-    {"DeviceInformation.CreateWatcher", createWatcher},
-    {"DeviceInformation.CreateWatcherDeviceClass", createWatcherDeviceClass},
-    {"DeviceInformation.CreateWatcherAqsFilter", createWatcherAqsFilter},
-    {"DeviceInformation.CreateWatcherAqsFilterAndAdditionalProperties",
-     createWatcherAqsFilterAndAdditionalProperties},
-    {"DeviceInformation.GetAqsFilterFromDeviceClass", getAqsFilterFromDeviceClass},
-    {"DeviceInformation.CreateFromIdAsyncWithKindAndAdditionalProperties",
-     createFromIdAsyncWithKind},
-    {"DeviceInformation.FindAllAsyncWithKindAqsFilterAndAdditionalProperties",
-     findAllAsyncWithKind},
+    {"DeviceAccessInformation.CreateFromId",
+     [](NSError **error) {
+       expectAccess([WRTDeviceAccessInformationBridge createFromIdWithDeviceId:@"\\\\?\\none"
+                                                                         error:error]);
+     }},
+    {"DeviceAccessInformation.CreateFromDeviceClassId",
+     [](NSError **error) {
+       expectAccess([WRTDeviceAccessInformationBridge
+           createFromDeviceClassIdWithDeviceClassId:kDeviceClassId
+                                              error:error]);
+     }},
+    {"DeviceAccessInformation.CreateFromDeviceClass",
+     [](NSError **error) { expectAccess(newAccess(error)); }},
+    {"DeviceAccessInformation.CurrentStatus",
+     [](NSError **error) { EXPECT_EQ(kAllowed, [newAccess() getCurrentStatusWithError:error]); }},
     {"DeviceInformation.CreateWatcherWithKindAqsFilterAndAdditionalProperties",
-     createWatcherWithKind},
+     [](NSError **error) {
+       WRTDeviceWatcherBridge *watcher = newWatcher(error);
+       EXPECT_EQ([WRTDeviceWatcherBridge class], [watcher class]);
+       EXPECT_TRUE([watcher isEqual:[WRTDeviceWatcherBridge bridge:[watcher inner]]]);
+     }},
+    {"DeviceWatcher.add_Stopped",
+     [](NSError **error) {
+       WRTDeviceWatcherBridge *watcher = newWatcher();
+       const long before = liveDelegates();
+       int calls = 0;
+       const WRTEventRegistrationToken token = countStopped(watcher, &calls, error);
+       EXPECT_NE(0, token.value);
+       EXPECT_EQ(1, liveDelegates() - before);
+       [watcher removeStoppedWithToken:token error:nullptr];
+     }},
+    {"DeviceWatcher.remove_Stopped", removeStopped},
+    {"DeviceWatcher.Stop",
+     [](NSError **error) {
+       WRTDeviceWatcherBridge *watcher = newWatcher();
+       int calls = 0;
+       const WRTEventRegistrationToken token = countStopped(watcher, &calls);
+       [watcher startWithError:nullptr];
+       [watcher stopWithError:error];
+       EXPECT_EQ(1, calls);
+       [watcher removeStoppedWithToken:token error:nullptr];
+     }},
 };
 
 } // namespace
+
+id newInstance(const std::string &className) {
+  return className == "DeviceWatcher"             ? static_cast<id>(newWatcher())
+         : className == "DeviceAccessInformation" ? static_cast<id>(newAccess())
+                                                  : nil;
+}
+
+} // namespace wrt::test

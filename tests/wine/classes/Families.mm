@@ -123,31 +123,12 @@ WRTIAsyncInfoBridge *newInfo(SpeechSource &source) {
   return [WRTIAsyncInfoBridge cast:newAction(source)];
 }
 
-void infoId(NSError **error) {
-  SpeechSource source;
-  EXPECT_EQ(0u, [newInfo(source) getIdWithError:error]);
-}
-void infoStatus(NSError **error) {
+template <class Act>
+void onInfo(Act act) {
   SpeechSource source;
   WRTIAsyncInfoBridge *info = newInfo(source);
   wait(info);
-  EXPECT_EQ(kCompleted, [info getStatusWithError:error]);
-}
-void infoErrorCode(NSError **error) {
-  SpeechSource source;
-  EXPECT_EQ(0, [newInfo(source) getErrorCodeWithError:error]);
-}
-void infoCancel(NSError **error) {
-  SpeechSource source;
-  WRTIAsyncInfoBridge *info = newInfo(source);
-  wait(info);
-  [info cancelWithError:error];
-}
-void infoClose(NSError **error) {
-  SpeechSource source;
-  WRTIAsyncInfoBridge *info = newInfo(source);
-  wait(info);
-  [info closeWithError:error];
+  act(info);
 }
 
 using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
@@ -223,36 +204,14 @@ void indexOf(NSError **error) {
   EXPECT_EQ(expectedAnswer() == Answer::Works, found);
   EXPECT_EQ(found ? 2u : 0u, index);
 }
-void setAt(NSError **error) {
+/// Changes a list; what it holds then.
+template <class Act>
+std::string changed(Act act) {
   Strings strings = newStrings();
-  [strings setAtWithIndex:1 item:@"beta" error:error];
-  EXPECT_EQ("(alpha)(beta)(gamma 😀)", contents(strings));
+  act(strings);
+  return contents(strings);
 }
-void insertAt(NSError **error) {
-  Strings strings = newStrings();
-  [strings insertAtWithIndex:1 item:@"beta" error:error];
-  EXPECT_EQ("(alpha)(beta)()(gamma 😀)", contents(strings));
-}
-void removeAt(NSError **error) {
-  Strings strings = newStrings();
-  [strings removeAtWithIndex:0 error:error];
-  EXPECT_EQ("()(gamma 😀)", contents(strings));
-}
-void append(NSError **error) {
-  Strings strings = newStrings();
-  [strings appendWithItem:@"delta" error:error];
-  EXPECT_EQ("(alpha)()(gamma 😀)(delta)", contents(strings));
-}
-void removeAtEnd(NSError **error) {
-  Strings strings = newStrings();
-  [strings removeAtEndWithError:error];
-  EXPECT_EQ("(alpha)()", contents(strings));
-}
-void clear(NSError **error) {
-  Strings strings = newStrings();
-  [strings clearWithError:error];
-  EXPECT_EQ(0u, [strings getSizeWithError:nullptr]);
-}
+
 void getMany(NSError **error) {
   NSArray *two = [newStrings() getManyWithStartIndex:1 capacity:64 error:error];
   NSArray *const expected = [NSArray arrayWithObjects:@"", @"gamma 😀", nil];
@@ -272,22 +231,65 @@ void replaceAll(NSError **error) {
 const Member members[] = {
     {"IAsyncAction.put_Completed", setCompleted},
     {"IAsyncAction.GetResults", getResults},
-    {"IAsyncInfo.Id", infoId},
-    {"IAsyncInfo.Status", infoStatus},
-    {"IAsyncInfo.ErrorCode", infoErrorCode},
-    {"IAsyncInfo.Cancel", infoCancel},
-    {"IAsyncInfo.Close", infoClose},
+    {"IAsyncInfo.Id",
+     [](NSError **error) {
+       onInfo([&](WRTIAsyncInfoBridge *info) { EXPECT_EQ(0u, [info getIdWithError:error]); });
+     }},
+    {"IAsyncInfo.Status",
+     [](NSError **error) {
+       onInfo([&](WRTIAsyncInfoBridge *info) {
+         EXPECT_EQ(kCompleted, [info getStatusWithError:error]);
+       });
+     }},
+    {"IAsyncInfo.ErrorCode",
+     [](NSError **error) {
+       onInfo([&](WRTIAsyncInfoBridge *info) { EXPECT_EQ(0, [info getErrorCodeWithError:error]); });
+     }},
+    {"IAsyncInfo.Cancel",
+     [](NSError **error) {
+       onInfo([&](WRTIAsyncInfoBridge *info) { [info cancelWithError:error]; });
+     }},
+    {"IAsyncInfo.Close",
+     [](NSError **error) {
+       onInfo([&](WRTIAsyncInfoBridge *info) { [info closeWithError:error]; });
+     }},
     {"IIterable<String>.read_by_Wine", iterable},
     {"IVector<String>.GetAt", getAt},
     {"IVector<String>.Size", getSize},
     {"IVector<String>.GetView", getView},
     {"IVector<String>.IndexOf", indexOf},
-    {"IVector<String>.SetAt", setAt},
-    {"IVector<String>.InsertAt", insertAt},
-    {"IVector<String>.RemoveAt", removeAt},
-    {"IVector<String>.Append", append},
-    {"IVector<String>.RemoveAtEnd", removeAtEnd},
-    {"IVector<String>.Clear", clear},
+    {"IVector<String>.SetAt",
+     [](NSError **error) {
+       EXPECT_EQ("(alpha)(beta)(gamma 😀)", changed([&](Strings strings) {
+                   [strings setAtWithIndex:1 item:@"beta" error:error];
+                 }));
+     }},
+    {"IVector<String>.InsertAt",
+     [](NSError **error) {
+       EXPECT_EQ("(alpha)(beta)()(gamma 😀)", changed([&](Strings strings) {
+                   [strings insertAtWithIndex:1 item:@"beta" error:error];
+                 }));
+     }},
+    {"IVector<String>.RemoveAt",
+     [](NSError **error) {
+       EXPECT_EQ("()(gamma 😀)",
+                 changed([&](Strings strings) { [strings removeAtWithIndex:0 error:error]; }));
+     }},
+    {"IVector<String>.Append",
+     [](NSError **error) {
+       EXPECT_EQ("(alpha)()(gamma 😀)(delta)",
+                 changed([&](Strings strings) { [strings appendWithItem:@"delta" error:error]; }));
+     }},
+    {"IVector<String>.RemoveAtEnd",
+     [](NSError **error) {
+       EXPECT_EQ("(alpha)()",
+                 changed([&](Strings strings) { [strings removeAtEndWithError:error]; }));
+     }},
+    {"IVector<String>.Clear",
+     [](NSError **error) {
+       // This Wine finds a start index of 0 out of range when there is nothing.
+       EXPECT_EQ("nothing", changed([&](Strings strings) { [strings clearWithError:error]; }));
+     }},
     {"IVector<String>.GetMany", getMany},
     {"IVector<String>.ReplaceAll", replaceAll},
 };

@@ -47,16 +47,6 @@ void expectEmpty(StringView view) {
   expectBounds(view, 0);
 }
 
-void calendars(NSError **error) {
-  expectEmpty([WRTGlobalizationPreferencesBridge getCalendarsWithError:error]);
-}
-void clocks(NSError **error) {
-  expectEmpty([WRTGlobalizationPreferencesBridge getClocksWithError:error]);
-}
-void currencies(NSError **error) {
-  expectEmpty([WRTGlobalizationPreferencesBridge getCurrenciesWithError:error]);
-}
-
 void languages(NSError **error) {
   StringView view = [WRTGlobalizationPreferencesBridge getLanguagesWithError:error];
   NSString *const language = kernelString("GetUserDefaultLocaleName");
@@ -84,28 +74,21 @@ void homeGeographicRegion(NSError **error) {
       << [expected UTF8String] << " against " << [region UTF8String];
 }
 
-void weekStartsOn(NSError **error) {
-  EXPECT_EQ(0, [WRTGlobalizationPreferencesBridge getWeekStartsOnWithError:error]);
-}
-
-void trySetHomeGeographicRegion(NSError **error) {
-  EXPECT_FALSE([WRTGlobalizationPreferencesBridge trySetHomeGeographicRegionWithRegion:@"CH"
-                                                                                 error:error]);
-}
-
-void trySetLanguages(NSError **error) {
-  EXPECT_FALSE([WRTGlobalizationPreferencesBridge trySetLanguagesWithLanguageTags:nil error:error]);
-}
-
 const Member members[] = {
-    {"GlobalizationPreferences.Calendars", calendars},
-    {"GlobalizationPreferences.Clocks", clocks},
-    {"GlobalizationPreferences.Currencies", currencies},
+    {"GlobalizationPreferences.Calendars",
+     [](NSError **error) {
+       expectEmpty([WRTGlobalizationPreferencesBridge getCalendarsWithError:error]);
+     }},
+    {"GlobalizationPreferences.Clocks",
+     [](NSError **error) {
+       expectEmpty([WRTGlobalizationPreferencesBridge getClocksWithError:error]);
+     }},
+    {"GlobalizationPreferences.Currencies",
+     [](NSError **error) {
+       expectEmpty([WRTGlobalizationPreferencesBridge getCurrenciesWithError:error]);
+     }},
     {"GlobalizationPreferences.Languages", languages},
     {"GlobalizationPreferences.HomeGeographicRegion", homeGeographicRegion},
-    {"GlobalizationPreferences.WeekStartsOn", weekStartsOn},
-    {"GlobalizationPreferences.TrySetHomeGeographicRegion", trySetHomeGeographicRegion},
-    {"GlobalizationPreferences.TrySetLanguages", trySetLanguages},
 };
 
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace wrt::test {
 
 /// One member of a class: a test under the name `Class.Member`. `body` calls the member with
@@ -16,6 +18,13 @@ namespace wrt::test {
 struct Member {
   Member(const char *name, void (*body)(NSError **error));
 };
+
+/// Makes a test of every other member in the list of expectations, which calls it through the
+/// runtime with plain arguments: a type's name for a string, a block, nothing for anything else.
+void addPlainMembers();
+
+/// A new instance of a class that such members are of, autoreleased; nil for one that has statics.
+id newInstance(const std::string &className);
 
 /// The expected answer of the running member.
 Answer expectedAnswer();

@@ -3,9 +3,13 @@
 #include "tests/wine/classes/Expectations.h"
 
 #include "platform/linux/ledger/WRTLedger.h"
+#include "tests/catalogue/CatalogueTable.h"
+#include "tests/exhaustive/Encoding.h"
 
 #include <WRTStatus.h>
 
+#include <functional>
+#include <set>
 #include <string>
 
 namespace wrt::test {
@@ -39,7 +43,8 @@ std::string describe(Answer answer) {
 
 class MemberTest : public testing::Test {
 public:
-  MemberTest(std::string name, void (*body)(NSError **)) : name_(std::move(name)), body_(body) {}
+  MemberTest(std::string name, std::function<void(NSError **)> body)
+      : name_(std::move(name)), body_(std::move(body)) {}
 
   void TestBody() override {
     const auto answer = expectations().find(name_);
@@ -67,17 +72,82 @@ public:
 
 private:
   std::string name_;
-  void (*body_)(NSError **);
+  std::function<void(NSError **)> body_;
 };
 
-} // namespace
+/// The names that have a test.
+std::set<std::string> &tested() {
+  static std::set<std::string> names;
+  return names;
+}
 
-Member::Member(const char *name, void (*body)(NSError **)) {
-  const std::string whole = name;
+void add(const std::string &whole, const std::function<void(NSError **)> &body) {
+  tested().insert(whole);
   const size_t dot = whole.find('.');
   testing::RegisterTest(whole.substr(0, dot).c_str(), whole.substr(dot + 1).c_str(), nullptr,
                         nullptr, __FILE__, __LINE__,
                         [whole, body]() -> testing::Test * { return new MemberTest(whole, body); });
+}
+
+/// The method that WinRT's name for a member stands for: the shortest one that begins with it.
+const CatalogueMethod *find(const std::string &className, std::string member) {
+  const size_t mark = member.find('_');
+  if (mark != std::string::npos)
+    member.erase(mark, 1); // add_Stopped
+  std::string beginning = member + "With";
+  beginning[0] = static_cast<char>(tolower(beginning[0]));
+  const CatalogueMethod *found = nullptr;
+  const auto methods = catalogueTable().find("WRT" + className + "Bridge");
+  if (methods == catalogueTable().end())
+    return nullptr;
+  for (const CatalogueMethod &each : methods->second) {
+    const bool fits =
+        each.selector.starts_with(beginning) || each.selector.starts_with("get" + member + "With");
+    if (each.slot && fits && (!found || each.selector.size() < found->selector.size()))
+      found = &each;
+  }
+  return found;
+}
+
+// Whatever the answer is, nothing is given.
+void callPlainly(const std::string &whole, NSError **error) {
+  const std::string className = whole.substr(0, whole.find('.'));
+  const CatalogueMethod *method = find(className, whole.substr(whole.find('.') + 1));
+  ASSERT_NE(nullptr, method) << whole << " is no member of the catalogue's";
+  id receiver = method->isClassMethod() ? static_cast<id>(NSClassFromString([NSString
+                                              stringWithUTF8String:method->className.c_str()]))
+                                        : newInstance(className);
+  ASSERT_NE(nil, receiver);
+  SEL selector = NSSelectorFromString([NSString stringWithUTF8String:method->selector.c_str()]);
+  // The error follows the last argument; what stands behind it nobody takes.
+  const auto types = parseEncoding(method->protocolEncoding);
+  void *arguments[6] = {};
+  ASSERT_GE(std::size(arguments), types.size() - 3);
+  for (size_t i = 3; i + 1 < types.size(); ++i) {
+    if (types[i].isString())
+      arguments[i - 3] = @"Windows.Gaming.Input.Gamepad";
+    else if (types[i].kind == '?')
+      arguments[i - 3] = [[^HRESULT(id, id) {
+        return 0;
+      } copy] autorelease];
+  }
+  arguments[types.size() - 4] = error;
+  using Function = uint64_t (*)(id, SEL, void *, void *, void *, void *, void *, void *);
+  const uint64_t result = reinterpret_cast<Function>(reinterpret_cast<void *>([receiver
+      methodForSelector:selector]))(receiver, selector, arguments[0], arguments[1], arguments[2],
+                                    arguments[3], arguments[4], arguments[5]);
+  if (types[0].kind != 'v' && expected != Answer::Stub)
+    EXPECT_EQ(0u, result & (types[0].kind == 'B' ? 0xFF : types[0].kind == 'i' ? ~0u : ~0ull));
+}
+
+} // namespace
+
+Member::Member(const char *name, void (*body)(NSError **)) { add(name, body); }
+
+void addPlainMembers() {
+  for (const auto &[name, answer] : expectations())
+    if (!tested().contains(name))
+      add(name, [name = name](NSError **error) { callPlainly(name, error); });
 }
 
 Answer expectedAnswer() { return expected; }
