@@ -16,13 +16,14 @@ using UIntOperation = id<WRTIAsyncOperation__1_WRTUINT32_Bridge>;
 
 inline id<WRTIAsyncInfoBridge> infoOf(id operation) { return [WRTIAsyncInfoBridge cast:operation]; }
 
-/// An operation that completes with 17 once `gate` is open.
-inline UIntOperation waitingFor(std::shared_ptr<Gate> gate) {
-  return startedOperation<UInt32>([UIntBridge class], [gate](const Work<> &, uint32_t &result) {
-    gate->wait();
-    result = 17;
-    return status::kOk;
-  });
+/// An operation that ends with 17 or the failure `outcome` once `gate` is open.
+inline UIntOperation waitingFor(std::shared_ptr<Gate> gate, HRESULT outcome = status::kOk) {
+  return startedOperation<UInt32>([UIntBridge class],
+                                  [gate, outcome](const Work<> &, uint32_t &result) {
+                                    gate->wait();
+                                    result = 17;
+                                    return outcome;
+                                  });
 }
 
 /// An operation that has ended like that.

@@ -126,23 +126,28 @@ namespace wrt::test {
 
 namespace {
 
+/// Has the component keep a delegate that calls `body` as long as a token lives that its block
+/// owns.
+void keepDelegate(id<WRTTestInterfaceBridge> bridge, HRESULT (^body)(int x, id i, id c)) {
+  tokensDeallocated = 0;
+  script().keepsDelegate = true;
+  script().invocations = 0;
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  LifetimeToken *token = [[[LifetimeToken alloc] init] autorelease];
+  [bridge
+      inDelegateWithArg:^HRESULT(int x, NSString *, id i, WRTTestClassBridge *c) {
+        return [token self] ? body(x, i, c) : -1;
+      }
+                  error:nullptr];
+  [pool release];
+}
+
 // The delegate that the component keeps keeps the caller's block; both go with its last reference.
 void delegateOutlivesMember() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    tokensDeallocated = 0;
-    script().keepsDelegate = true;
-    script().invocations = 0;
-    {
-      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-      LifetimeToken *token = [[LifetimeToken alloc] init];
-      [bridge
-          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
-            return [token isKindOfClass:[LifetimeToken class]] ? x : -1;
-          }
-                      error:nullptr];
-      [token release];
-      [pool release];
-    }
+    keepDelegate(bridge, ^HRESULT(int x, id, id) {
+      return x;
+    });
     EXPECT_EQ(0, tokensDeallocated);
     const implement::StringHolder string(u"text");
     PlatformTrace trace;
@@ -157,22 +162,11 @@ void delegateOutlivesMember() {
 // What runs stays until it has run, even if it makes the component drop the delegate.
 void delegateDroppedByItself() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    tokensDeallocated = 0;
-    script().keepsDelegate = true;
-    script().invocations = 0;
-    {
-      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-      LifetimeToken *token = [[LifetimeToken alloc] init];
-      [bridge
-          inDelegateWithArg:^HRESULT(int x, NSString *, id, WRTTestClassBridge *) {
-            dropKeptDelegate();
-            EXPECT_EQ(0, tokensDeallocated);
-            return [token isKindOfClass:[LifetimeToken class]] ? x : -1;
-          }
-                      error:nullptr];
-      [token release];
-      [pool release];
-    }
+    keepDelegate(bridge, ^HRESULT(int x, id, id) {
+      dropKeptDelegate();
+      EXPECT_EQ(0, tokensDeallocated);
+      return x;
+    });
     abi::TestDelegate *const last = keptDelegate().get();
     EXPECT_EQ(7, last->Invoke(7, nullptr, nullptr, nullptr));
     EXPECT_EQ(1, tokensDeallocated);
@@ -181,23 +175,12 @@ void delegateDroppedByItself() {
 
 void delegateOnThreads() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    tokensDeallocated = 0;
-    script().keepsDelegate = true;
-    script().invocations = 0;
     auto calls = std::make_shared<std::atomic<int>>(0);
     std::atomic<int> *counter = calls.get();
-    {
-      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-      LifetimeToken *token = [[LifetimeToken alloc] init];
-      [bridge
-          inDelegateWithArg:^HRESULT(int, NSString *, id i, WRTTestClassBridge *c) {
-            *counter += [i inner] == [c inner] && [token self] ? 1 : 0;
-            return 0;
-          }
-                      error:nullptr];
-      [token release];
-      [pool release];
-    }
+    keepDelegate(bridge, ^HRESULT(int, id i, id c) {
+      *counter += [i inner] == [c inner] ? 1 : 0;
+      return 0;
+    });
     const auto object = implement::make<TestObject>();
     std::vector<Thread> threads;
     for (int i = 0; i < 4; ++i) {

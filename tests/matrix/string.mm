@@ -53,19 +53,6 @@ void stringOut() {
   });
 }
 
-void stringOutFailing() {
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    script().status = kFailure;
-    script().poisons = true;
-    NSString *string = @"untouched";
-    NSError *error = nil;
-    [bridge outStringWithArg:&string error:&error];
-    EXPECT_TRUE([string isEqual:@"untouched"]);
-    EXPECT_EQ(kFailure, [error code]);
-    EXPECT_EQ(nil, [bridge returnStringWithError:&error]);
-  });
-}
-
 void stringArrayIn() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     [bridge inStringArrayWithArr:@[ @"a", @"", @"c" ] error:nullptr];
@@ -131,14 +118,18 @@ void stringArrayPreallocated() {
   });
 }
 
-void stringArrayFailing() {
+void stringsFailing() {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     script().status = kFailure;
     script().poisons = true;
-    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+    NSString *string = @"untouched";
     NSError *error = nil;
-    [bridge outStringArrayWithArr:array error:&error];
+    [bridge outStringWithArg:&string error:&error];
+    EXPECT_TRUE([string isEqual:@"untouched"]);
     EXPECT_EQ(kFailure, [error code]);
+    EXPECT_EQ(nil, [bridge returnStringWithError:&error]);
+    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+    [bridge outStringArrayWithArr:array error:nullptr];
     [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nullptr];
     EXPECT_EQ("before", joined(array));
     EXPECT_EQ(nil, [bridge returnStringArrayWithError:nullptr]);
@@ -152,12 +143,11 @@ const Cell cells[] = {
     {"string.in.single.normal", stringIn},
     {"string.in.single.cleanups", stringInCleanups},
     {"string.out.single.normal", stringOut},
-    {"string.out.single.failing", stringOutFailing},
+    {"string.all.any.failing", stringsFailing},
     {"string.in.array.normal", stringArrayIn},
     {"string.in.array.cleanups", stringArrayInCleanups},
     {"string.out.array.normal", stringArrayOut},
     {"string.out.array_preallocated.normal", stringArrayPreallocated},
-    {"string.all.array.failing", stringArrayFailing},
 };
 
 } // namespace

@@ -41,20 +41,6 @@ bool contains(const Run &run, const std::string &text) {
 
 std::string inQuotes(const std::filesystem::path &path) { return "'" + path.string() + "'"; }
 
-void ownData() {
-  const TemporaryFolder made;
-  const auto summary = made.path() / "summary.txt";
-  const Run run = runTour("--summary " + inQuotes(summary));
-  EXPECT_EQ(0, run.status) << run.output;
-  for (const char *expected :
-       {"XML <planets>, 8 elements, 15 attributes, first <planet>", "PNG picture, 48 x 32",
-        "text, 4 lines, 39 words", "files                      5", "XML documents              2"})
-    EXPECT_TRUE(contains(run, expected)) << expected << "\n" << run.output;
-  const std::string written = contentOf(summary);
-  EXPECT_NE(std::string::npos, run.output.find(written)) << "the summary is the table";
-  EXPECT_NE("", written);
-}
-
 void manyFiles() {
   const TemporaryFolder made;
   std::uintmax_t bytes = 0, words = 0;
@@ -143,7 +129,6 @@ void refused() {
 }
 
 const Cell cells[] = {
-    {"tour.program.own_data.normal", ownData},
     {"tour.program.many_files.normal", manyFiles},
     {"tour.program.folder.refused", refused},
 };

@@ -1,6 +1,6 @@
 // Waiting, asking first and the texts of errors.
 
-#include "tests/families/Families.h"
+#include "tests/families/Async.h"
 
 #import <WRTObjcBridge/Windows.Storage.h>
 #import <WRTSupport/WRTSupport.h>
@@ -9,31 +9,12 @@ namespace wrt::test {
 
 namespace {
 
-using namespace implement;
-
 using Text = WRTIAsyncOperation__1_WRTHSTRING_Bridge;
-using Number = WRTIAsyncOperation__1_WRTUINT32_Bridge;
+using Number = UIntBridge;
 using Progressing = WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge;
 
-/// Ends when the gate opens, with 17 or with `outcome` if that is a failure.
-Number *waitingFor(std::shared_ptr<Gate> gate, HRESULT outcome = status::kOk) {
-  return startedOperation<UInt32>([Number class],
-                                  [gate, outcome](const Work<> &, uint32_t &result) {
-                                    gate->wait();
-                                    result = 17;
-                                    return outcome;
-                                  });
-}
-
-/// Has ended like that.
-Number *ended(HRESULT outcome) {
-  IAsyncOperation<UInt32> *operation = nullptr;
-  if (outcome < 0)
-    failedAsync<UInt32>(&operation, outcome);
-  else
-    completedAsync<UInt32>(&operation, 17);
-  return [Number bridgeTransfer:operation];
-}
+/// Has ended with 17 or with a failure.
+Number *endedNumber(HRESULT outcome) { return ended<UInt32>([Number class], outcome, 17); }
 
 WRTIAsyncActionBridge *action(HRESULT outcome) {
   return startedOperation<>([WRTIAsyncActionBridge class], [outcome](const Work<> &) {
@@ -47,13 +28,13 @@ void awaitEachKind() {
   PoolDrained drained;
   expectLeftover({.strings = 1}); // a string result is not released
   NSError *error = staleErrorOfCaller();
-  EXPECT_EQ(17u, WRTAwait(ended(status::kOk), &error));
+  EXPECT_EQ(17u, WRTAwait(endedNumber(status::kOk), &error));
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(0u, WRTAwait(ended(status::kBounds), &error));
+  EXPECT_EQ(0u, WRTAwait(endedNumber(status::kBounds), &error));
   EXPECT_EQ(status::kBounds, [error code]);
 
   auto gate = std::make_shared<Gate>();
-  Number *running = waitingFor(gate);
+  Number *running = static_cast<Number *>(waitingFor(gate));
   std::thread opener([gate] {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     gate->open();
@@ -62,9 +43,7 @@ void awaitEachKind() {
   EXPECT_EQ(nil, error);
   opener.join();
 
-  implement::IAsyncOperation<String> *texts = nullptr;
-  completedAsync<String>(&texts, StringHolder(u"Grüße"));
-  Text *text = [Text bridgeTransfer:texts];
+  Text *text = ended<String>([Text class], status::kOk, StringHolder(u"Grüße"));
   NSString *const typed = WRTAwait(text, &error);
   EXPECT_TRUE([typed isEqual:@"Grüße"]);
   EXPECT_TRUE(WRTAwait(action(status::kOk), nullptr));
@@ -91,7 +70,7 @@ void awaitLimit() {
   gate->open();
   waitForPool();
   EXPECT_TRUE(*stopped);
-  EXPECT_EQ(17u, WRTAwaitUntil(ended(status::kOk), [NSDate distantPast], &error));
+  EXPECT_EQ(17u, WRTAwaitUntil(endedNumber(status::kOk), [NSDate distantPast], &error));
   EXPECT_EQ(nil, error);
 }
 
@@ -105,19 +84,19 @@ void awaitHostile() {
 
   WRTAwait(static_cast<Number *>(strangerOf([Number class])), &error);
   EXPECT_EQ(kNoInterface, [error code]);
-  Number *closed = ended(status::kOk);
+  Number *closed = endedNumber(status::kOk);
   [[WRTIAsyncInfoBridge cast:closed] closeWithError:nullptr];
   EXPECT_EQ(0u, WRTAwait(closed, &error));
   EXPECT_EQ(status::kIllegalMethodCall, [error code]);
   // An action's bridge over an operation with a result has IAsyncInfo but not its interface.
-  EXPECT_FALSE(WRTAwait([WRTIAsyncActionBridge cast:ended(status::kOk)], &error));
+  EXPECT_FALSE(WRTAwait([WRTIAsyncActionBridge cast:endedNumber(status::kOk)], &error));
   EXPECT_EQ(kNoInterface, [error code]);
 }
 
 void thenEachKind() {
   PoolDrained drained;
   __block int calls = 0;
-  WRTThen(ended(status::kOk), ^(unsigned result, NSError *failure) {
+  WRTThen(endedNumber(status::kOk), ^(unsigned result, NSError *failure) {
     EXPECT_EQ(17u, result);
     EXPECT_EQ(nil, failure);
     ++calls;
@@ -137,12 +116,13 @@ void thenEachKind() {
   auto gate = std::make_shared<Gate>();
   Gate told;
   Gate *const toldGate = &told;
-  WRTThen(waitingFor(gate, status::kBounds), ^(unsigned result, NSError *failure) {
-    EXPECT_EQ(0u, result);
-    EXPECT_EQ(status::kBounds, [failure code]);
-    EXPECT_NE(here, std::this_thread::get_id());
-    toldGate->open();
-  });
+  WRTThen(static_cast<Number *>(waitingFor(gate, status::kBounds)),
+          ^(unsigned result, NSError *failure) {
+            EXPECT_EQ(0u, result);
+            EXPECT_EQ(status::kBounds, [failure code]);
+            EXPECT_NE(here, std::this_thread::get_id());
+            toldGate->open();
+          });
   gate->open();
   told.wait();
   Gate acted;
@@ -196,12 +176,13 @@ void tryMembers() {
              cancelWithError:&error],
          &error); // a member without a result
   EXPECT_EQ(kNoInterface, [error code]);
-  EXPECT_EQ(
-      1, WRTTry([[WRTIAsyncInfoBridge cast:ended(status::kOk)] getStatusWithError:&error], &error));
+  EXPECT_EQ(1,
+            WRTTry([[WRTIAsyncInfoBridge cast:endedNumber(status::kOk)] getStatusWithError:&error],
+                   &error));
   EXPECT_EQ(nil, error);
 
   clearLog();
-  Number *operation = ended(status::kOk);
+  Number *operation = endedNumber(status::kOk);
   EXPECT_TRUE(WRTSupports(operation, @protocol(WRTIAsyncOperation__1_WRTUINT32_Bridge)));
   EXPECT_TRUE(WRTSupports(operation, @protocol(WRTIAsyncInfoBridge)));
   EXPECT_FALSE(WRTSupports(operation, @protocol(WRTIAsyncActionBridge)));
