@@ -47,7 +47,8 @@ TEST(CatalogueFacts, EveryLineIsUnderstood) {
     const size_t count = words.size();
     EXPECT_TRUE((words[0] == "method" && (count == 5 || count == 6)) ||
                 (words[0] == "exactly" && count >= 3) ||
-                (words[0] == "absent" && (count == 2 || count == 3)))
+                (words[0] == "absent" && (count == 2 || count == 3)) ||
+                (words[0] == "identifier" && count == 3))
         << line;
   }
 }
@@ -93,4 +94,17 @@ TEST(CatalogueFacts, Absent) {
       EXPECT_EQ(nullptr, find(words[0], '+', words[1])) << words[0];
     }
   }
+}
+
+TEST(CatalogueFacts, Identifiers) {
+  std::map<std::string, std::string> identifiers;
+  for (const std::string &line : readLines(WRT_IDENTIFIERS_FILE)) {
+    const Words words = split(line, '\t');
+    if (words[0] == "interface")
+      identifiers[words[1]] = words[3];
+  }
+  const auto published = facts("identifier");
+  ASSERT_FALSE(published.empty());
+  for (const Words &words : published)
+    EXPECT_EQ(words[1], identifiers[words[0]]) << words[0];
 }
