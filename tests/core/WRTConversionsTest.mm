@@ -13,7 +13,7 @@ namespace log = wrt::log;
 
 namespace {
 
-void errorValue() {
+const Cell errorValue("error.convert.status.normal", [] {
   EXPECT_EQ(nil, WRTCreateNSErrorFromHRESULT(0));
   EXPECT_EQ(nil, WRTCreateNSErrorFromHRESULT(1));
   EXPECT_EQ(nil, WRTCreateNSErrorFromHRESULT(0x7FFFFFFF));
@@ -21,7 +21,7 @@ void errorValue() {
   EXPECT_TRUE([[error domain] isEqual:@"WRT"]);
   EXPECT_EQ(-2147467262, [error code]);
   EXPECT_EQ(0u, [[error userInfo] count]);
-}
+});
 
 /// Whether a message of `level` is written with this threshold and this answer of the library's.
 bool isWritten(log::Level level, uint32_t threshold, int (*answer)(int)) {
@@ -30,7 +30,7 @@ bool isWritten(log::Level level, uint32_t threshold, int (*answer)(int)) {
   return log::isEnabled(level, context, "f", 1);
 }
 
-void thresholds() {
+const Cell thresholds("log.message.threshold.normal", [] {
   const auto ask = [](int) -> int {
     ADD_FAILURE() << "asked although known";
     return 1;
@@ -48,17 +48,11 @@ void thresholds() {
   EXPECT_FALSE(isWritten(log::kFatal, 0, two)) << "a fatal message wants exactly 1";
   EXPECT_TRUE(isWritten(log::kFailure, 0, two));
   EXPECT_FALSE(isWritten(log::kFailure, 0, no));
-}
+});
 
-void question() {
+const Cell question("log.message.question.normal", [] {
   [WRTUnknownBridge bridge:nullptr];
   EXPECT_EQ("+[WRTUnknownBridge bridge:]|", lastLogQuestion());
-}
-
-const Cell cells[] = {
-    {"error.convert.status.normal", errorValue},
-    {"log.message.threshold.normal", thresholds},
-    {"log.message.question.normal", question},
-};
+});
 
 } // namespace

@@ -20,7 +20,7 @@ using namespace wrt::test;
 
 namespace {
 
-void roundTrip() {
+const Cell roundTrip("string.convert.both_ways.normal", [] {
   std::u16string million(1000000, u'x');
   million.back() = u'ß';
   const std::u16string texts[] = {u"a",      std::u16string(u"a\0b", 3), u"\xD800x",
@@ -33,9 +33,9 @@ void roundTrip() {
     const auto copy = wrt::implement::StringHolder::adopt(WRTCreateHSTRINGFromNSString(string));
     EXPECT_EQ(text, copy.view());
   }
-}
+});
 
-void empty() {
+const Cell empty("string.convert.both_ways.empty", [] {
   EXPECT_EQ(nullptr, WRTCreateHSTRINGFromNSString(@""));
   EXPECT_EQ(nullptr, WRTCreateHSTRINGFromNSString(nil));
   EXPECT_EQ(0u, [WRTCreateNSStringFromHSTRING(nullptr) length]);
@@ -48,9 +48,9 @@ void empty() {
   [string appendString:@"late"];
   EXPECT_NE(nullptr, [bridge hstring]) << "tried again";
   EXPECT_TRUE(logRecords().empty());
-}
+});
 
-void fromHandle() {
+const Cell fromHandle("string.bridge.from_handle.normal", [] {
   HSTRING handle = WRTCreateHSTRINGFromNSString(@"borrowed");
   WRTHSTRINGBridge *bridge = [StringBridgeOfOnesOwn bridge:handle];
   EXPECT_EQ([WRTHSTRINGBridge class], [bridge class]) << "whoever is asked";
@@ -61,9 +61,9 @@ void fromHandle() {
   HSTRING handedOver = WRTCreateHSTRINGFromNSString(@"handed over");
   EXPECT_TRUE([[[WRTHSTRINGBridge bridgeTransfer:handedOver] string] isEqual:@"handed over"]);
   // The ledger shows that the handle was released with the bridge.
-}
+});
 
-void fromString() {
+const Cell fromString("string.bridge.from_string.normal", [] {
   NSMutableString *string = [NSMutableString stringWithString:@"shared"];
   WRTHSTRINGBridge *bridge = [StringBridgeOfOnesOwn createWithString:string];
   EXPECT_EQ([WRTHSTRINGBridge class], [bridge class]);
@@ -80,9 +80,9 @@ void fromString() {
     variables += std::string(ivar_getName(list[i])) + " ";
   free(list);
   EXPECT_EQ("_hstring _originalHSTRINGToRelease _nsstring ", variables);
-}
+});
 
-void duplicateFailing() {
+const Cell duplicateFailing("string.bridge.from_handle.failing_duplicate", [] {
   HSTRING handle = WRTCreateHSTRINGFromNSString(@"text");
   failNextDuplicate(static_cast<HRESULT>(0x8007000E));
   EXPECT_EQ(nil, [WRTHSTRINGBridge bridgeTransfer:handle]);
@@ -91,14 +91,6 @@ void duplicateFailing() {
   EXPECT_EQ("+[WRTHSTRINGBridge _bridge:transfer:]", logRecords()[0].function);
   EXPECT_EQ(0u, logRecords()[0].text.find("Failed to duplicate HSTRING 0x"));
   WRTHSTRINGRelease(handle); // nobody else does
-}
-
-const Cell cells[] = {
-    {"string.convert.both_ways.normal", roundTrip},
-    {"string.convert.both_ways.empty", empty},
-    {"string.bridge.from_handle.normal", fromHandle},
-    {"string.bridge.from_string.normal", fromString},
-    {"string.bridge.from_handle.failing_duplicate", duplicateFailing},
-};
+});
 
 } // namespace

@@ -45,7 +45,7 @@ int instanceQueries = 0;
 
 namespace {
 
-void wrapping() {
+const Cell wrapping("bridge.object.wrap.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
   {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
@@ -58,9 +58,9 @@ void wrapping() {
     [pool release];
   }
   EXPECT_EQ(0, object.references()) << "each bridge dropped one reference";
-}
+});
 
-void wrappingNull() {
+const Cell wrappingNull("bridge.object.wrap.null", [] {
   EXPECT_EQ(nil, [WRTInterfaceProxy bridgeTransfer:nullptr]);
   EXPECT_EQ(nil, [WRTInterfaceProxy bridge:nullptr]);
   const std::vector<LogRecord> expected = {
@@ -69,9 +69,9 @@ void wrappingNull() {
       {4, "+[WRTUnknownBridge bridge:]", "",
        "+[WRTInterfaceProxy bridge:] cannot bridge nil inner object!"}};
   EXPECT_EQ(expected, logRecords());
-}
+});
 
-void casting() {
+const Cell casting("bridge.object.cast.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
   {
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
@@ -87,9 +87,9 @@ void casting() {
     [pool release];
   }
   EXPECT_EQ(1, object.references());
-}
+});
 
-void comparing() {
+const Cell comparing("bridge.object.compare.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
   ProbeObject &other = lasting<ProbeObject>();
   ProbeObject &facet = lasting<ProbeObject>();
@@ -110,9 +110,9 @@ void comparing() {
 
   object.queryStatus = facet.queryStatus = kNoInterface;
   EXPECT_TRUE([bridge isEqual:second]) << "two failures compare equal";
-}
+});
 
-void querying() {
+const Cell querying("bridge.object.query.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   const GUID iid = {1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}};
@@ -133,9 +133,9 @@ void querying() {
   [own _WRTIInspectableWithError:&error];
   [own _WRTTestInterfaceWithError:&error];
   EXPECT_EQ(3, instanceQueries);
-}
+});
 
-void queryFailing() {
+const Cell queryFailing("bridge.object.query.failing", [] {
   ProbeObject &object = lasting<ProbeObject>();
   object.queryStatus = kNoInterface;
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
@@ -147,9 +147,9 @@ void queryFailing() {
   const LogRecord expected = {3, "+[WRTUnknownBridge queryInterface:withGUID:error:]", "",
                               "Failed QueryInterface 80004002"};
   EXPECT_EQ((std::vector<LogRecord>{expected, expected}), logRecords());
-}
+});
 
-void activating() {
+const Cell activating("bridge.object.activate.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
   activatedObject = &object;
   ActivatableProbe *bridge = [[ActivatableProbe alloc] init];
@@ -157,17 +157,17 @@ void activating() {
   EXPECT_EQ(1, object.references()) << "activation's reference is the bridge's";
   [bridge release];
   EXPECT_EQ(0, object.references());
-}
+});
 
-void activatingWithoutConstructor() {
+const Cell activatingWithoutConstructor("bridge.object.activate.no_constructor", [] {
   EXPECT_EQ(nil, [[WRTUnknownBridge alloc] init]);
   const std::vector<LogRecord> expected = {
       {3, "-[WRTUnknownBridge init]", "",
        "Tried to create WRTUnknownBridge with default constructor, which it doesn't support!"}};
   EXPECT_EQ(expected, logRecords());
-}
+});
 
-void activatingProxy() {
+const Cell activatingProxy("bridge.object.activate.proxy_aborts", [] {
   const char *const message =
       "1 messages\n2 \\+\\[WRTClassProxy activateInstance\\] Can't activate instance of "
       "WRTClassProxy because "
@@ -184,7 +184,7 @@ void activatingProxy() {
         [WRTClassProxy activateInstance];
       },
       "0 messages");
-}
+});
 
 /// The first slots of a table that take what an inspectable's own members take.
 struct FirstSlots {
@@ -249,7 +249,7 @@ void firstSlots(HRESULT status) {
 }
 
 // Slots 0 to 2 are called where an inspectable's members proper stand at 3 to 5.
-void inspectableSlots() {
+const Cell inspectableSlots("bridge.object.inspectable_slots.kept", [] {
   ProbeObject &object = lasting<ProbeObject>();
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   NSError *error = nil;
@@ -278,19 +278,6 @@ void inspectableSlots() {
   EXPECT_EQ(0, [bridge getTrustLevelWithError:&error]);
   for (HRESULT status : {0, 1, kNoInterface})
     firstSlots(status);
-}
-
-const Cell cells[] = {
-    {"bridge.object.wrap.normal", wrapping},
-    {"bridge.object.wrap.null", wrappingNull},
-    {"bridge.object.cast.normal", casting},
-    {"bridge.object.compare.normal", comparing},
-    {"bridge.object.query.normal", querying},
-    {"bridge.object.query.failing", queryFailing},
-    {"bridge.object.activate.normal", activating},
-    {"bridge.object.activate.no_constructor", activatingWithoutConstructor},
-    {"bridge.object.activate.proxy_aborts", activatingProxy},
-    {"bridge.object.inspectable_slots.kept", inspectableSlots},
-};
+});
 
 } // namespace

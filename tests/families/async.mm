@@ -14,7 +14,7 @@ using ProgressBridge = WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bri
 using ProgressOperation = id<WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge>;
 
 // The handler gets a bridge of the same class for the same object, and the status.
-void handlerBefore() {
+const Cell handlerBefore("async.handler.set_before_completion.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   Gate called;
@@ -38,10 +38,10 @@ void handlerBefore() {
   called.wait();
   EXPECT_EQ(kCompleted, [infoOf(operation) getStatusWithError:nullptr]);
   EXPECT_EQ(0, [infoOf(operation) getErrorCodeWithError:&error]);
-}
+});
 
 // Set after completion the handler runs before the member returns, on the caller's thread.
-void handlerAfter() {
+const Cell handlerAfter("async.handler.set_after_completion.normal", [] {
   const auto thread = std::this_thread::get_id();
   __block int calls = 0;
   [static_cast<UIntOperation>(ended<UInt32>([UIntBridge class], status::kOk, 5))
@@ -54,9 +54,9 @@ void handlerAfter() {
       }
                         error:nullptr];
   EXPECT_EQ(1, calls);
-}
+});
 
-void handlerTwice() {
+const Cell handlerTwice("async.handler.set_twice.refused", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   std::atomic<int> calls = 0;
@@ -77,10 +77,10 @@ void handlerTwice() {
   [operation setCompletedWithHandler:count error:&error];
   EXPECT_EQ(status::kIllegalDelegateAssignment, [error code]);
   EXPECT_EQ(1, calls);
-}
+});
 
 // The status changes at once, the handler is called when the work has ended, with no result.
-void cancelRunning() {
+const Cell cancelRunning("async.cancel.running.normal", [] {
   PoolDrained drained;
   auto started = std::make_shared<Gate>(), proceed = std::make_shared<Gate>();
   Gate called;
@@ -118,10 +118,10 @@ void cancelRunning() {
   called.wait();
   [infoOf(operation) cancelWithError:&error];
   EXPECT_EQ(nil, error) << "again is no failure";
-}
+});
 
 // Cancellation, completion, handler and results on threads of their own: one outcome, told once.
-void cancelRaces() {
+const Cell cancelRaces("async.cancel.other_threads.normal", [] {
   PoolDrained drained;
   std::atomic<int> calls = 0;
   std::atomic<int> *const counter = &calls;
@@ -153,9 +153,9 @@ void cancelRaces() {
   }
   waitForPool();
   EXPECT_EQ(kOperations, calls);
-}
+});
 
-void closed() {
+const Cell closed("async.close.all.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   UIntOperation operation = waitingFor(gate);
@@ -182,9 +182,9 @@ void closed() {
                         error:&error];
   EXPECT_EQ(status::kIllegalMethodCall, [error code]);
   EXPECT_EQ(0, calls);
-}
+});
 
-void progress() {
+const Cell progress("async.progress.reports.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   Gate called;
@@ -226,11 +226,11 @@ void progress() {
   gate->open();
   called.wait();
   EXPECT_EQ((std::vector<unsigned>{0, 50, 0xFFFFFFFF}), reports);
-}
+});
 
 // A progress handler that is set when there is nothing to report any more is not kept: here it
 // would keep its own operation.
-void progressAfterEnd() {
+const Cell progressAfterEnd("async.progress.after_end.normal", [] {
   PoolDrained drained;
   ProgressOperation operation = startedOperation<UInt32, UInt32>(
       [ProgressBridge class], [](const Work<UInt32> &, uint32_t &) { return status::kOk; });
@@ -243,18 +243,7 @@ void progressAfterEnd() {
       }
                        error:&error];
   EXPECT_EQ(nil, error);
-}
-
-const Cell cells[] = {
-    {"async.handler.set_before_completion.normal", handlerBefore},
-    {"async.handler.set_after_completion.normal", handlerAfter},
-    {"async.handler.set_twice.refused", handlerTwice},
-    {"async.cancel.running.normal", cancelRunning},
-    {"async.cancel.other_threads.normal", cancelRaces},
-    {"async.close.all.normal", closed},
-    {"async.progress.reports.normal", progress},
-    {"async.progress.after_end.normal", progressAfterEnd},
-};
+});
 
 } // namespace
 

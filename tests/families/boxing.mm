@@ -68,7 +68,7 @@ void roundTrip(int type, const std::string &name, std::initializer_list<T> value
   }
 }
 
-void values() {
+const Cell values("boxing.scalar.values.normal", [] {
   roundTrip<unsigned char>(1, "UInt8", {0, 0xFF});
   roundTrip<short>(2, "Int16", {INT16_MIN, INT16_MAX});
   roundTrip<unsigned short>(3, "UInt16", {0, UINT16_MAX});
@@ -86,9 +86,9 @@ void values() {
   roundTrip<WRTPoint>(17, "Point", {{1, -2}});
   roundTrip<WRTSize>(18, "Size", {{3, 4}});
   roundTrip<WRTRect>(19, "Rect", {{1, 2, 3, 4}});
-}
+});
 
-void strings() {
+const Cell strings("boxing.scalar.strings.normal", [] {
   expectLeftover({.strings = 1}); // a string result is not released
   NSError *error = staleErrorOfCaller();
   Boxed text = [Values createStringWithValue:@"Grüße" error:&error];
@@ -97,9 +97,9 @@ void strings() {
   Boxed nothing = [Values createStringWithValue:nil error:&error];
   EXPECT_TRUE([[valueOf(nothing) getStringWithError:&error] isEqual:@""]);
   EXPECT_EQ(nil, error);
-}
+});
 
-void objects() {
+const Cell objects("boxing.scalar.objects.normal", [] {
   NSError *error = staleErrorOfCaller();
   Boxed inner = [Values createEmptyWithError:&error];
   EXPECT_EQ(0, [valueOf(inner) getTypeWithError:&error]);
@@ -111,9 +111,9 @@ void objects() {
   EXPECT_EQ(nil, [Values createInspectableWithValue:strangerOf([WRTIInspectableBridge class])
                                               error:&error]);
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
-void wrongType() {
+const Cell wrongType("boxing.scalar.any.wrong_type", [] {
   Boxed text = [Values createStringWithValue:@"17" error:nullptr];
   Boxed truth = [Values createBooleanWithValue:true error:nullptr];
   Boxed character = [Values createChar16WithValue:17 error:nullptr];
@@ -139,7 +139,7 @@ void wrongType() {
   EXPECT_TRUE(mismatch());
   EXPECT_EQ(0u, count);
   EXPECT_EQ(nullptr, values);
-}
+});
 
 /// What a boxed number is as another one; nothing where it does not fit.
 template <class T>
@@ -151,7 +151,7 @@ std::optional<T> as(const char *name, id boxed) {
 }
 
 // Numbers become other numbers as far as they fit.
-void conversions() {
+const Cell conversions("boxing.scalar.numbers.converted", [] {
   const auto number = [](double value) -> id {
     return static_cast<id>([Values createDoubleWithValue:value error:nullptr]);
   };
@@ -175,7 +175,7 @@ void conversions() {
   id most = static_cast<id>([Values createUInt64WithValue:UINT64_MAX error:nullptr]);
   EXPECT_EQ(std::nullopt, as<long long>("Int64", most));
   EXPECT_EQ(0x1p64f, as<float>("Single", most));
-}
+});
 
 /// Boxes arrays of 0 and of `values.size()` elements and reads them again.
 template <class T>
@@ -200,7 +200,7 @@ void arrayRoundTrip(int type, const std::string &name, std::vector<T> values) {
   }
 }
 
-void arrays() {
+const Cell arrays("boxing.array.values.normal", [] {
   arrayRoundTrip<unsigned char>(1025, "UInt8", {1, 2, 0xFF});
   arrayRoundTrip<short>(1026, "Int16", {-1, 2});
   arrayRoundTrip<int>(1028, "Int32", std::vector<int>(1000, -7));
@@ -209,10 +209,10 @@ void arrays() {
   arrayRoundTrip<unsigned char>(1035, "Boolean", {0, 1});
   arrayRoundTrip<GUID>(1040, "Guid", {abi::IUnknown::kIid, abi::IInspectable::kIid});
   arrayRoundTrip<WRTRect>(1043, "Rect", {{1, 2, 3, 4}, {5, 6, 7, 8}});
-}
+});
 
 // The caller's array is emptied first; the block that came is not freed. A failure leaves it alone.
-void stringArrays() {
+const Cell stringArrays("boxing.array.strings.normal", [] {
   expectLeftover({.taskBlocks = 1}); // that of the array with elements; an empty one has none
   NSArray *texts = @[ @"one", @"", @"zwölf 😀" ];
   NSError *error = staleErrorOfCaller();
@@ -237,9 +237,9 @@ void stringArrays() {
   [valueOf(boxed) getStringArrayWithValue:filled error:&error];
   EXPECT_EQ(status::kOutOfMemory, [error code]);
   EXPECT_TRUE([filled isEqual:@[ @"stays" ]]);
-}
+});
 
-void objectArrays() {
+const Cell objectArrays("boxing.array.objects.normal", [] {
   expectLeftover({.taskBlocks = 1}); // element blocks are not freed
   Boxed one = [Values createInt32WithValue:1 error:nullptr];
   Boxed two = [Values createStringWithValue:@"two" error:nullptr];
@@ -255,10 +255,10 @@ void objectArrays() {
   NSArray *bad = @[ one, strangerOf([WRTIInspectableBridge class]), two ];
   EXPECT_EQ(nil, [Values createInspectableArrayWithValue:bad error:&error]);
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
 // Of a scalar and of a structure; every instance has its own identifier in exhaustive_tests.
-void references() {
+const Cell references("boxing.reference.each.normal", [] {
   NSError *error = staleErrorOfCaller();
   id boxed = [Values createSingleWithValue:1.5f error:&error];
   EXPECT_EQ(1.5f, [[WRTIReference__1_WRTFLOAT_Bridge cast:boxed] getValueWithError:&error]);
@@ -278,7 +278,7 @@ void references() {
             [[WRTIPropertyValueBridge cast:static_cast<id>(colorBridge)] getTypeWithError:&error]);
 
   EXPECT_EQ(nil, error);
-}
+});
 
 /// The table of an object that keeps the value of whatever reference any member gets. It is never
 /// counted.
@@ -304,7 +304,7 @@ struct Receiver {
 };
 
 // What a factory makes is asked for the reference that a member takes.
-void passedReferences() {
+const Cell passedReferences("boxing.reference.passed.normal", [] {
   WRTAppointmentBridge *appointment = [WRTAppointmentBridge bridge:&lasting<Receiver>()];
   NSError *error = staleErrorOfCaller();
   const id boxed = [Values createTimeSpanWithValue:WRTTimeSpan{8} error:nullptr];
@@ -318,10 +318,10 @@ void passedReferences() {
   const id other = [Values createInt32WithValue:8 error:nullptr];
   [appointment setReminderWithValue:other error:&error];
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
 // No exception gets as far as the library.
-void noMemory() {
+const Cell noMemory("boxing.scalar.any.no_memory", [] {
   if (!kObjectsCanLack) {
     std::puts(
         "skipped: boxing.scalar.any.no_memory, which this sanitizer leaves no way to arrange");
@@ -333,21 +333,7 @@ void noMemory() {
         [Values createInt32WithValue:1 error:nullptr];
       },
       "no memory for [0-9]+ bytes");
-}
-
-const Cell cells[] = {
-    {"boxing.scalar.values.normal", values},
-    {"boxing.scalar.strings.normal", strings},
-    {"boxing.scalar.objects.normal", objects},
-    {"boxing.scalar.any.wrong_type", wrongType},
-    {"boxing.scalar.any.no_memory", noMemory},
-    {"boxing.scalar.numbers.converted", conversions},
-    {"boxing.array.values.normal", arrays},
-    {"boxing.array.strings.normal", stringArrays},
-    {"boxing.array.objects.normal", objectArrays},
-    {"boxing.reference.each.normal", references},
-    {"boxing.reference.passed.normal", passedReferences},
-};
+});
 
 } // namespace
 

@@ -46,7 +46,7 @@ id<WRTIInspectableBridge> newObject() {
       bridgeTransfer:make<StandIn<abi::IInspectable>>().detach()->identity()];
 }
 
-void lists() {
+const Cell lists("map.strings.all.normal", [] {
   Lists map = newLists();
   id<WRTIVector__1_WRTHSTRING_Bridge> one = newList();
   id<WRTIVector__1_WRTHSTRING_Bridge> two = newList();
@@ -72,9 +72,9 @@ void lists() {
   [map clearWithError:&error];
   EXPECT_EQ(0u, [map getSizeWithError:&error]);
   EXPECT_EQ(nil, error);
-}
+});
 
-void absentKey() {
+const Cell absentKey("map.strings.key.absent", [] {
   Lists map = newLists();
   NSError *error = nil;
   EXPECT_EQ(nil, [map lookupWithKey:@"absent" error:&error]);
@@ -82,10 +82,10 @@ void absentKey() {
   error = nil;
   [map removeWithKey:@"absent" error:&error];
   EXPECT_EQ(status::kBounds, [error code]);
-}
+});
 
 // Nil is the empty string, and costs no clean-up.
-void nilKey() {
+const Cell nilKey("map.strings.key.nil", [] {
   Lists map = newLists();
   bool replaced = true;
   {
@@ -101,9 +101,9 @@ void nilKey() {
   EXPECT_EQ(nil, [map lookupWithKey:nil error:&error]) << "a null value";
   EXPECT_EQ(nil, error);
   EXPECT_TRUE(logRecords().empty());
-}
+});
 
-void objectKeys() {
+const Cell objectKeys("map.objects.all.normal", [] {
   Objects map = newObjects();
   id<WRTIInspectableBridge> key = newObject();
   id<WRTIInspectableBridge> value = newObject();
@@ -124,10 +124,10 @@ void objectKeys() {
   EXPECT_EQ(nil, [map lookupWithKey:key error:&error]);
   EXPECT_EQ(nil, error);
   EXPECT_EQ(2u, [map getSizeWithError:&error]);
-}
+});
 
 // The key is converted first and released although the value cannot be.
-void objectLacksInterface() {
+const Cell objectLacksInterface("map.objects.key_and_value.interface_missing", [] {
   Objects map = newObjects();
   id stranger = strangerOf([WRTIInspectableBridge class]);
   id<WRTIInspectableBridge> object = newObject();
@@ -145,7 +145,7 @@ void objectLacksInterface() {
               trace.names());
   }
   EXPECT_EQ(0u, [map getSizeWithError:nullptr]);
-}
+});
 
 using Pair = IKeyValuePair<String, Int32>;
 
@@ -162,7 +162,7 @@ std::u16string keyOf(const ComPtr<Pair> &pair) {
 }
 
 // The library has no members for these: a component sees keys in order, and that the map changed.
-void iteration() {
+const Cell iteration("map.iterator.pairs.normal", [] {
   const auto map = make<Map<String, Int32>>(
       Entries<String, Int32>{{StringHolder(u"b"), 2}, {StringHolder(u"a"), 1}, {{}, 0}});
   ComPtr<IIterator<PairOf<String, Int32>>> iterator;
@@ -190,7 +190,7 @@ void iteration() {
   map->Remove(StringHolder(u"a").get());
   uint8_t has = 1;
   EXPECT_EQ(status::kChangedState, again->get_HasCurrent(&has));
-}
+});
 
 /// An object that asks for `size` on another thread whenever it is asked for an interface.
 class Reentrant final : public Implements<Memberless<abi::IInspectable>> {
@@ -211,7 +211,7 @@ public:
 };
 
 // Whoever is asked for an interface may use the collection meanwhile.
-void reentrant() {
+const Cell reentrant("collection.object.any.reentrant", [] {
   const auto object = make<Reentrant>(), other = make<Reentrant>();
   const auto map = make<Map<Inspectable, Int32>>();
   const auto vector = make<Vector<Inspectable>>(Items<Inspectable>{object, other});
@@ -231,17 +231,7 @@ void reentrant() {
   EXPECT_EQ(status::kOk, vector->IndexOf(other.get(), &index, &flag));
   EXPECT_EQ(1u, index);
   EXPECT_LT(2, object->answers + other->answers);
-}
-
-const Cell cells[] = {
-    {"map.strings.all.normal", lists},
-    {"map.strings.key.absent", absentKey},
-    {"map.strings.key.nil", nilKey},
-    {"map.objects.all.normal", objectKeys},
-    {"map.objects.key_and_value.interface_missing", objectLacksInterface},
-    {"map.iterator.pairs.normal", iteration},
-    {"collection.object.any.reentrant", reentrant},
-};
+});
 
 } // namespace
 

@@ -38,7 +38,7 @@ Folders vectorOf(ObservableFolders folders) {
 
 /// Every change of a vector, as in `1@0`: kind and index. Sender and arguments are what they should
 /// be.
-void everyChange() {
+const Cell everyChange("observable.vector.every_change.normal", [] {
   ObservableFolders folders = newFolders();
   std::string changes;
   std::string *const seen = &changes;
@@ -78,10 +78,10 @@ void everyChange() {
   EXPECT_EQ(nil, error) << "twice is no failure";
   [changed appendWithItem:nil error:nullptr];
   EXPECT_EQ("1@0 1@1 1@1 3@2 2@0 2@1 0@0 0@0 ", changes);
-}
+});
 
 // A handler may end its own subscription, fail, and change the vector again.
-void handlerActs() {
+const Cell handlerActs("observable.vector.handler.acts", [] {
   ObservableFolders folders = newFolders();
   __block int calls = 0;
   __block WRTEventRegistrationToken token = {};
@@ -99,7 +99,7 @@ void handlerActs() {
   EXPECT_EQ(nil, error) << "what a handler answers is no failure of the change";
   EXPECT_EQ(1, calls);
   EXPECT_EQ(0u, [vectorOf(folders) getSizeWithError:nullptr]);
-}
+});
 
 /// A handler in C++, as another component would have it.
 class MapHandler final : public MapChangedEventHandler<String, Int32> {
@@ -123,7 +123,7 @@ public:
 };
 
 // Observable maps have no members in the library; a component hears of every change.
-void maps() {
+const Cell maps("observable.map.every_change.normal", [] {
   const auto map = make<ObservableMap<String, Int32>>();
   MapHandler handler;
   WRTEventRegistrationToken token{};
@@ -139,10 +139,10 @@ void maps() {
   EXPECT_EQ(status::kOk, map->remove_MapChanged(token));
   map->Clear();
   EXPECT_EQ(u"1key 3key 2key 0 ", handler.seen);
-}
+});
 
 // The property sets can be activated by name.
-void propertySets() {
+const Cell propertySets("observable.map.activated.normal", [] {
   for (const char16_t *name : {u"Windows.Foundation.Collections.PropertySet",
                                u"Windows.Foundation.Collections.ValueSet"}) {
     id set = [WRTValueSetBridge bridgeTransfer:WRTActivateInstance(name)];
@@ -158,14 +158,7 @@ void propertySets() {
     WRTIUnknownRelease([set _WRTIPropertySetWithError:&error]);
     EXPECT_EQ(nil, error);
   }
-}
-
-const Cell cells[] = {
-    {"observable.vector.every_change.normal", everyChange},
-    {"observable.vector.handler.acts", handlerActs},
-    {"observable.map.every_change.normal", maps},
-    {"observable.map.activated.normal", propertySets},
-};
+});
 
 } // namespace
 

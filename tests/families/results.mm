@@ -14,7 +14,7 @@ namespace {
 
 using FileType = ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">;
 
-void resultsEarly() {
+const Cell resultsEarly("async.results.early.refused", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   UIntOperation operation = waitingFor(gate);
@@ -26,9 +26,9 @@ void resultsEarly() {
   EXPECT_EQ(17u, [operation getResultsWithError:&error]);
   EXPECT_EQ(17u, [operation getResultsWithError:&error]) << "can be read again";
   EXPECT_EQ(nil, error);
-}
+});
 
-void resultsByKind() {
+const Cell resultsByKind("async.results.each_kind.normal", [] {
   expectLeftover({.strings = 1}); // a string result is not released
   NSError *error = nil;
   id<WRTIAsyncOperation__1_WRTHSTRING_Bridge> text = ended<String>(
@@ -52,10 +52,10 @@ void resultsByKind() {
   EXPECT_EQ([WRTStorageFileBridge class], [bridge class]);
   EXPECT_EQ(static_cast<void *>(file->identity()), [bridge inner]);
   EXPECT_EQ(nil, error);
-}
+});
 
 // A null runtime class is reported, a null interface is not; neither is an error.
-void resultsNull() {
+const Cell resultsNull("async.results.object.null", [] {
   clearLog();
   NSError *error = staleErrorOfCaller();
   id<WRTIAsyncOperation__1_WRTStorageFile_P_Bridge> object =
@@ -69,9 +69,9 @@ void resultsNull() {
   EXPECT_EQ(nil, [interface getResultsWithError:&error]);
   EXPECT_EQ(nil, error);
   EXPECT_EQ(1u, logRecords().size());
-}
+});
 
-void resultsFailing() {
+const Cell resultsFailing("async.results.uint32.failing", [] {
   UIntOperation operation = ended<UInt32>([UIntBridge class], status::kBounds);
   __block int seen = -1;
   [operation
@@ -87,10 +87,10 @@ void resultsFailing() {
   EXPECT_EQ(status::kBounds, [infoOf(operation) getErrorCodeWithError:&error])
       << "a number, not an error";
   EXPECT_EQ(nil, error);
-}
+});
 
 // What a component's work throws is a failure of the operation.
-void workThrows() {
+const Cell workThrows("async.work.throws.failing", [] {
   PoolDrained drained;
   UIntOperation outOfMemory = [UIntBridge bridgeTransfer:startThrowing(true)];
   UIntOperation other = [UIntBridge bridgeTransfer:startThrowing(false)];
@@ -100,15 +100,7 @@ void workThrows() {
   EXPECT_EQ(status::kOutOfMemory, [error code]);
   [other getResultsWithError:&error];
   EXPECT_EQ(status::kFail, [error code]);
-}
-
-const Cell cells[] = {
-    {"async.results.early.refused", resultsEarly},
-    {"async.results.each_kind.normal", resultsByKind},
-    {"async.results.object.null", resultsNull},
-    {"async.results.uint32.failing", resultsFailing},
-    {"async.work.throws.failing", workThrows},
-};
+});
 
 } // namespace
 

@@ -72,7 +72,7 @@ std::string contents(Strings strings) {
   return [[all componentsJoinedByString:@" "] UTF8String];
 }
 
-void strings() {
+const Cell strings("collection.vector.strings.normal", [] {
   expectLeftover({.strings = 3, .extraHandles = 3}); // strings that are read are not released
   Strings vector = newStrings();
   NSError *error = staleErrorOfCaller();
@@ -96,9 +96,9 @@ void strings() {
   [vector clearWithError:&error];
   EXPECT_EQ(0u, [vector getSizeWithError:&error]);
   EXPECT_EQ(nil, error);
-}
+});
 
-void bulkRead() {
+const Cell bulkRead("collection.vector.bulk_read.normal", [] {
   expectLeftover({.strings = 3}); // strings that are read are not released
   Strings vector = newStrings({u"a", u"b", u"c"});
   NSError *error = staleErrorOfCaller();
@@ -118,50 +118,36 @@ void bulkRead() {
   EXPECT_EQ(nil, [vector getManyWithStartIndex:4 capacity:2 error:&error]);
   EXPECT_EQ(status::kBounds, [error code]);
   EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", trace.names());
-}
+});
 
 // What is out of range is refused, and so is what a failure half-way takes back.
-void refused() {
+const Cell refused("collection.vector.strings.refused", [] {
   Strings vector = newStrings({u"only"});
   NSError *error = nil;
-  using Act = void (^)(NSError **);
-  const Act acts[] = {^(NSError **place){
-      [vector getAtWithIndex:1 error:place];
-}
-,
-    ^(NSError **place) {
-      [vector getAtWithIndex:0xFFFFFFFF error:place];
-    },
-    ^(NSError **place) {
-      [vector setAtWithIndex:1 item:@"x" error:place];
-    },
-    ^(NSError **place) {
-      [vector insertAtWithIndex:2 item:@"x" error:place];
-    },
-    ^(NSError **place) {
-      [vector removeAtWithIndex:1 error:place];
-    }
-}; // namespace
-for (Act act : acts) {
+  const auto expectBounds = [&](auto act) {
+    error = nil;
+    act();
+    EXPECT_EQ(status::kBounds, [error code]);
+  };
+  expectBounds([&] { [vector getAtWithIndex:1 error:&error]; });
+  expectBounds([&] { [vector getAtWithIndex:0xFFFFFFFF error:&error]; });
+  expectBounds([&] { [vector setAtWithIndex:1 item:@"x" error:&error]; });
+  expectBounds([&] { [vector insertAtWithIndex:2 item:@"x" error:&error]; });
+  expectBounds([&] { [vector removeAtWithIndex:1 error:&error]; });
+  failNextDuplicate(status::kOutOfMemory);
+  EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
+  EXPECT_EQ(status::kOutOfMemory, [error code]);
   error = nil;
-  act(&error);
-  EXPECT_EQ(status::kBounds, [error code]);
-}
-failNextDuplicate(status::kOutOfMemory);
-EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
-EXPECT_EQ(status::kOutOfMemory, [error code]);
-error = nil;
-failNextDuplicate(status::kOutOfMemory, 1);
-[vector replaceAllWithValues:@[ @"a", @"b", @"c" ] error:&error];
-EXPECT_EQ(status::kOutOfMemory, [error code]);
-EXPECT_EQ(1u, [vector getSizeWithError:&error]) << "the vector is as it was";
-[vector removeAtEndWithError:&error];
-EXPECT_EQ(nil, error);
-[vector removeAtEndWithError:&error];
-EXPECT_EQ(status::kBounds, [error code]);
-} // namespace wrt::test
+  failNextDuplicate(status::kOutOfMemory, 1);
+  [vector replaceAllWithValues:@[ @"a", @"b", @"c" ] error:&error];
+  EXPECT_EQ(status::kOutOfMemory, [error code]);
+  EXPECT_EQ(1u, [vector getSizeWithError:&error]) << "the vector is as it was";
+  [vector removeAtEndWithError:&error];
+  EXPECT_EQ(nil, error);
+  expectBounds([&] { [vector removeAtEndWithError:&error]; });
+});
 
-void bulkReplace() {
+const Cell bulkReplace("collection.vector.bulk_replace.normal", [] {
   Strings vector = newStrings({u"old"});
   NSMutableArray *fresh = [NSMutableArray array];
   for (int i = 0; i < 17; ++i)
@@ -175,9 +161,9 @@ void bulkReplace() {
   [vector replaceAllWithValues:nil error:&error];
   EXPECT_EQ(0u, [vector getSizeWithError:&error]);
   EXPECT_EQ(nil, error);
-}
+});
 
-void objects() {
+const Cell objects("collection.vector.objects.normal", [] {
   Commands vector = newCommands();
   id<WRTIUICommandBridge> first = newCommand();
   id<WRTIUICommandBridge> second = newCommand();
@@ -196,9 +182,9 @@ void objects() {
   EXPECT_EQ(nil, [vector getAtWithIndex:0 error:&error]);
   EXPECT_EQ(nil, error);
   EXPECT_TRUE(logRecords().empty()) << "a null interface is not reported";
-}
+});
 
-void objectsFailingElement() {
+const Cell objectsFailingElement("collection.vector.objects.failing_element", [] {
   Commands vector = newCommands();
   id stranger = strangerOf([WRTIUICommandBridge class]);
   id<WRTIUICommandBridge> command = newCommand();
@@ -216,11 +202,11 @@ void objectsFailingElement() {
   EXPECT_EQ(nil, error);
   EXPECT_EQ([static_cast<id>(command) inner],
             [static_cast<id>([vector getAtWithIndex:0 error:&error]) inner]);
-}
+});
 
 // Counts: what is passed on, what is allocated, then before each element. Neither side touches
 // more than there is.
-void changingArrays() {
+const Cell changingArrays("collection.vector.array.changing", [] {
   for (const std::vector<NSUInteger> &counts : {std::vector<NSUInteger>{2, 2, 3, 3, 3, 3},
                                                 {3, 3, 3, 1, 1},
                                                 {3, 2, 2, 2, 2},
@@ -242,10 +228,10 @@ void changingArrays() {
     EXPECT_EQ(nil, error);
     EXPECT_EQ(counts[0], [commands getSizeWithError:nullptr]);
   }
-}
+});
 
 // A view is of the moment when it was taken, and is the class of its own instantiation.
-void view() {
+const Cell view("collection.view.strings.normal", [] {
   expectLeftover({.strings = 2}); // strings that are read are not released
   Strings vector = newStrings({u"a", u"b"});
   NSError *error = staleErrorOfCaller();
@@ -261,10 +247,10 @@ void view() {
   EXPECT_EQ(status::kBounds, [error code]);
   NSArray *all = [view getManyWithStartIndex:0 capacity:9 error:&error];
   EXPECT_TRUE([all isEqual:(@[ @"a", @"b" ])]);
-}
+});
 
 // Numbers go straight into the caller's buffer.
-void scalarView() {
+const Cell scalarView("collection.view.scalars.normal", [] {
   abi::IVectorView__1_WRTFocusMode *raw = nullptr;
   makeVectorView<FocusMode>(&raw, {3, -1, 2});
   id<WRTIVectorView__1_WRTFocusMode_Bridge> view =
@@ -290,9 +276,9 @@ void scalarView() {
   unsigned int index = 0;
   EXPECT_TRUE([view indexOfWithItem:2 index:&index error:&error]);
   EXPECT_EQ(2u, index);
-}
+});
 
-void iteration() {
+const Cell iteration("collection.iterator.objects.normal", [] {
   auto vector = make<Vector<Region>>();
   id<WRTIIterable__1_WRTRegionOfInterest_P_Bridge> iterable =
       [WRTIIterable__1_WRTRegionOfInterest_P_Bridge bridge:vector->identity()];
@@ -325,10 +311,10 @@ void iteration() {
   EXPECT_EQ(nil, error);
   EXPECT_EQ(nil, [iterator getCurrentWithError:&error]);
   EXPECT_EQ(status::kBounds, [error code]) << "past the end";
-}
+});
 
 // Every question to an iterator whose collection has changed is refused; a failed change is none.
-void iterationChanged() {
+const Cell iterationChanged("collection.iterator.objects.changed", [] {
   auto vector = make<Vector<Region>>();
   vector->Append(nullptr);
   id<WRTIIterable__1_WRTRegionOfInterest_P_Bridge> iterable =
@@ -345,21 +331,7 @@ void iterationChanged() {
   EXPECT_EQ(status::kChangedState, [error code]);
   EXPECT_EQ(nil, [iterator getCurrentWithError:nullptr]);
   EXPECT_EQ(nil, [iterator getManyWithCapacity:1 error:nullptr]);
-}
-
-const Cell cells[] = {
-    {"collection.vector.strings.normal", strings},
-    {"collection.vector.strings.refused", refused},
-    {"collection.vector.bulk_read.normal", bulkRead},
-    {"collection.vector.bulk_replace.normal", bulkReplace},
-    {"collection.vector.objects.normal", objects},
-    {"collection.vector.objects.failing_element", objectsFailingElement},
-    {"collection.vector.array.changing", changingArrays},
-    {"collection.view.strings.normal", view},
-    {"collection.view.scalars.normal", scalarView},
-    {"collection.iterator.objects.normal", iteration},
-    {"collection.iterator.objects.changed", iterationChanged},
-};
+});
 
 } // namespace
 

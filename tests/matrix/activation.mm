@@ -14,7 +14,7 @@ implement::ComPtr<abi::IActivationFactory> bareFactory() {
 }
 implement::ComPtr<abi::IActivationFactory> noFactory() { return nullptr; }
 
-void defaultConstruction() {
+const Cell defaultConstruction("activation.class.default.normal", [] {
   resetScript();
   clearCrossings();
   WRTTestClassBridge *bridge = [[WRTTestClassBridge alloc] init];
@@ -22,18 +22,18 @@ void defaultConstruction() {
   [bridge voidFunctionWithError:nullptr];
   EXPECT_EQ(Crossings{"VoidFunction"}, takeCrossings());
   [bridge release];
-}
+});
 
-void defaultConstructionFailing() {
+const Cell defaultConstructionFailing("activation.class.default.class_missing", [] {
   const activation::Registration none(u"TestClass", noFactory);
   EXPECT_EQ(nil, [[WRTTestClassBridge alloc] init]);
   ASSERT_EQ(1u, logRecords().size());
   EXPECT_EQ(
       "Tried to create WRTTestClassBridge with default constructor, which it doesn't support!",
       logRecords()[0].text);
-}
+});
 
-void factory() {
+const Cell factory("activation.class.factory.normal", [] {
   resetScript();
   clearCrossings();
   NSError *error = staleError();
@@ -48,9 +48,9 @@ void factory() {
   EXPECT_EQ(nil, [WRTTestClassBridge testFactoryFunctionWithError:&error]);
   EXPECT_EQ(kFailure, [error code]);
   clearCrossings();
-}
+});
 
-void statics() {
+const Cell statics("activation.class.statics.normal", [] {
   resetScript();
   clearCrossings();
   NSError *error = staleError();
@@ -64,10 +64,10 @@ void statics() {
             "WRTIUnknownRelease",
             trace.names())
       << "nothing is kept between calls";
-}
+});
 
 // The accessor reports; the member swallows.
-void factoryMissing() {
+const Cell factoryMissing("activation.class.factory.interface_missing", [] {
   NSError *noName = nil;
   failNextReference(kFailure);
   EXPECT_EQ(nullptr, [WRTTestClassBridge _WRTTestInterfaceStaticsWithError:&noName]);
@@ -84,15 +84,7 @@ void factoryMissing() {
     EXPECT_EQ(nil, [WRTTestClassBridge testFactoryFunctionWithError:&error]);
     EXPECT_EQ(before, error);
   }
-}
-
-const Cell cells[] = {
-    {"activation.class.default.normal", defaultConstruction},
-    {"activation.class.default.class_missing", defaultConstructionFailing},
-    {"activation.class.factory.normal", factory},
-    {"activation.class.statics.normal", statics},
-    {"activation.class.factory.interface_missing", factoryMissing},
-};
+});
 
 } // namespace
 

@@ -15,7 +15,7 @@ namespace {
 
 using Handler = HRESULT (^)(int, NSString *, id<WRTTestInterfaceBridge>, WRTTestClassBridge *);
 
-void delegateArguments() {
+const Cell delegateArguments("delegate.in.block.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     __block int calls = 0;
     [bridge
@@ -33,9 +33,9 @@ void delegateArguments() {
     EXPECT_EQ(1, calls);
     EXPECT_EQ((Crossings{"InDelegate", "Invoke 00001234"}), takeCrossings());
   });
-}
+});
 
-void delegateNullArguments() {
+const Cell delegateNullArguments("delegate.in.block.null_arguments", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     clearLog();
     script().nullObjects = true;
@@ -56,9 +56,9 @@ void delegateNullArguments() {
                      std::string("+[") + classes[i] + " bridge:] cannot bridge nil inner object!"}),
           logRecords()[static_cast<size_t>(i)]);
   });
-}
+});
 
-void delegateOften() {
+const Cell delegateOften("delegate.in.block.invoked_often", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     for (int invocations : {0, 1, 100}) {
       script().invocations = invocations;
@@ -73,9 +73,9 @@ void delegateOften() {
       EXPECT_EQ(invocations, calls);
     }
   });
-}
+});
 
-void delegateCleanups() {
+const Cell delegateCleanups("delegate.in.block.cleanups", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     script().invocations = 0;
     for (HRESULT status : {HRESULT{0}, kFailure}) {
@@ -92,7 +92,7 @@ void delegateCleanups() {
           << "the delegate, then the interface";
     }
   });
-}
+});
 
 /// Whether the block that became a test delegate last was on the heap.
 bool madeOnHeap = false;
@@ -143,7 +143,7 @@ void keepDelegate(id<WRTTestInterfaceBridge> bridge, HRESULT (^body)(int x, id i
 }
 
 // The delegate that the component keeps keeps the caller's block; both go with its last reference.
-void delegateOutlivesMember() {
+const Cell delegateOutlivesMember("delegate.in.block.outlives_member", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     keepDelegate(bridge, ^HRESULT(int x, id, id) {
       return x;
@@ -157,10 +157,10 @@ void delegateOutlivesMember() {
     dropKeptDelegate();
     EXPECT_EQ(1, tokensDeallocated);
   });
-}
+});
 
 // What runs stays until it has run, even if it makes the component drop the delegate.
-void delegateDroppedByItself() {
+const Cell delegateDroppedByItself("delegate.in.block.dropped_by_itself", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     keepDelegate(bridge, ^HRESULT(int x, id, id) {
       dropKeptDelegate();
@@ -171,9 +171,9 @@ void delegateDroppedByItself() {
     EXPECT_EQ(7, last->Invoke(7, nullptr, nullptr, nullptr));
     EXPECT_EQ(1, tokensDeallocated);
   });
-}
+});
 
-void delegateOnThreads() {
+const Cell delegateOnThreads("delegate.in.block.other_threads", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     auto calls = std::make_shared<std::atomic<int>>(0);
     std::atomic<int> *counter = calls.get();
@@ -196,9 +196,9 @@ void delegateOnThreads() {
     EXPECT_EQ(1000, *calls);
     EXPECT_EQ(1, tokensDeallocated);
   });
-}
+});
 
-void delegateNilBlock() {
+const Cell delegateNilBlock("delegate.in.block.nil", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     script().invocations = 0;
     NSError *error = staleError();
@@ -211,9 +211,9 @@ void delegateNilBlock() {
     EXPECT_EQ(nil, error);
     EXPECT_EQ(Crossings{"InDelegate"}, takeCrossings()) << "or none, if there is no memory";
   });
-}
+});
 
-void delegateReturningString() {
+const Cell delegateReturningString("delegate.in.block_returning_string.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     [bridge
         inDelegateReturnStringWithArg:^HRESULT(NSString **result) {
@@ -238,32 +238,35 @@ void delegateReturningString() {
                          "InDelegateReturnString 80070057 untouched"}),
               takeCrossings());
   });
-}
-
-void delegateReturningInterface() {
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    using Answer = HRESULT (^)(id<WRTTestInterfaceBridge> *);
-    Answer answers[] = {^HRESULT(id<WRTTestInterfaceBridge> *result){
-            *result = bridge;
-    return 1;
-        },
-        ^HRESULT(id<WRTTestInterfaceBridge> *) {
-    return 2; },
-        ^HRESULT(id<WRTTestInterfaceBridge> *result) {
-    *result = bridge;
-    return kFailure;
-        },
-};
-for (Answer answer : answers)
-  [bridge inDelegateReturnInterfaceWithArg:answer error:nullptr];
-EXPECT_EQ((Crossings{"InDelegateReturnInterface 00000001 object",
-                     "InDelegateReturnInterface 00000002 untouched",
-                     "InDelegateReturnInterface 80070057 untouched"}),
-          takeCrossings());
 });
-}
 
-void delegateReturningStranger() {
+const Cell delegateReturningInterface("delegate.in.block_returning_interface.normal", [] {
+  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
+    [bridge
+        inDelegateReturnInterfaceWithArg:^HRESULT(id<WRTTestInterfaceBridge> *result) {
+          *result = bridge;
+          return 1;
+        }
+                                   error:nullptr];
+    [bridge
+        inDelegateReturnInterfaceWithArg:^HRESULT(id<WRTTestInterfaceBridge> *) {
+          return 2;
+        }
+                                   error:nullptr];
+    [bridge
+        inDelegateReturnInterfaceWithArg:^HRESULT(id<WRTTestInterfaceBridge> *result) {
+          *result = bridge;
+          return kFailure;
+        }
+                                   error:nullptr];
+    EXPECT_EQ((Crossings{"InDelegateReturnInterface 00000001 object",
+                         "InDelegateReturnInterface 00000002 untouched",
+                         "InDelegateReturnInterface 80070057 untouched"}),
+              takeCrossings());
+  });
+});
+
+const Cell delegateReturningStranger("delegate.in.block_returning_interface.interface_missing", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     ProbeObject &object = lasting<ProbeObject>();
     object.queryStatus = kNoInterface;
@@ -284,21 +287,7 @@ void delegateReturningStranger() {
               logRecords()[1]);
     clearCrossings();
   });
-}
-
-const Cell cells[] = {
-    {"delegate.in.block.normal", delegateArguments},
-    {"delegate.in.block.null_arguments", delegateNullArguments},
-    {"delegate.in.block.invoked_often", delegateOften},
-    {"delegate.in.block.cleanups", delegateCleanups},
-    {"delegate.in.block.outlives_member", delegateOutlivesMember},
-    {"delegate.in.block.dropped_by_itself", delegateDroppedByItself},
-    {"delegate.in.block.other_threads", delegateOnThreads},
-    {"delegate.in.block.nil", delegateNilBlock},
-    {"delegate.in.block_returning_string.normal", delegateReturningString},
-    {"delegate.in.block_returning_interface.normal", delegateReturningInterface},
-    {"delegate.in.block_returning_interface.interface_missing", delegateReturningStranger},
-};
+});
 
 } // namespace
 

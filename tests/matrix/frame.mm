@@ -29,7 +29,7 @@ namespace wrt::test {
 
 namespace {
 
-void manyThreads() {
+const Cell manyThreads("frame.all.strings.many_threads", [] {
   resetScript();
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
   std::vector<Thread> threads;
@@ -46,9 +46,9 @@ void manyThreads() {
   for (Thread &thread : threads)
     thread.join();
   clearCrossings();
-}
+});
 
-void secondInterface() {
+const Cell secondInterface("frame.all.second_interface.normal", [] {
   resetScript();
   WRTTestClassBridge *bridge = newBridge([WRTTestClassBridge class]);
   takeCrossings();
@@ -56,10 +56,10 @@ void secondInterface() {
   [[WRTTestInterface2Bridge cast:bridge] voidFunctionFromInterface2WithError:nullptr];
   EXPECT_EQ((Crossings{"VoidFunctionFromInterface2", "VoidFunctionFromInterface2"}),
             takeCrossings());
-}
+});
 
 // Arguments are retained before the receiver is asked; only then may anything else let go of them.
-void retainedFirst() {
+const Cell retainedFirst("frame.all.arguments.retained_first", [] {
   resetScript();
   script().invocations = 0;
   id<WRTTestInterfaceBridge> bridge = newBridge([AccessProbe class]);
@@ -95,9 +95,9 @@ void retainedFirst() {
   }
   onAccess = nullptr;
   clearCrossings();
-}
+});
 
-void errorLast() {
+const Cell errorLast("frame.all.error.last", [] {
   resetScript();
   script().status = kFailure;
   id<WRTTestInterfaceBridge> bridge = newBridge([AccessProbe class]);
@@ -126,14 +126,7 @@ void errorLast() {
   EXPECT_EQ("", trace.names());
   EXPECT_EQ(before, error);
   onAccess = nullptr;
-}
-
-const Cell cells[] = {
-    {"frame.all.arguments.retained_first", retainedFirst},
-    {"frame.all.error.last", errorLast},
-    {"frame.all.strings.many_threads", manyThreads},
-    {"frame.all.second_interface.normal", secondInterface},
-};
+});
 
 } // namespace
 

@@ -16,15 +16,15 @@ WRTTestClassBridge *hostileBridge() {
   return [WRTTestClassBridge bridgeTransfer:implement::make<HostileObject>().detach()->identity()];
 }
 
-void otherSuccessCodes() {
+const Cell otherSuccessCodes("hostile.return.any.success_codes", [] {
   WRTTestClassBridge *bridge = hostileBridge();
   NSError *error = staleError();
   [bridge voidFunctionWithError:&error];
   EXPECT_EQ(nil, error);
   EXPECT_EQ(5, [bridge returnPrimitiveWithError:&error]);
-}
+});
 
-void nothingWritten() {
+const Cell nothingWritten("hostile.return.any.nothing_written", [] {
   WRTTestClassBridge *bridge = hostileBridge();
   EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
   EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
@@ -32,9 +32,9 @@ void nothingWritten() {
   NSArray *array = [bridge returnStringArrayWithError:nullptr];
   EXPECT_NE(nil, array);
   EXPECT_EQ(0u, [array count]);
-}
+});
 
-void lyingCounts() {
+const Cell lyingCounts("hostile.out.array.lying_counts", [] {
   WRTTestClassBridge *bridge = hostileBridge();
   NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
   [bridge outInterfaceArrayWithArr:array error:nullptr];
@@ -48,7 +48,7 @@ void lyingCounts() {
   EXPECT_EQ([NSNull null], [array lastObject]) << "a block starts empty";
   EXPECT_EQ(" ", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
   clearCrossings();
-}
+});
 
 using Bridge = id<WRTTestInterfaceBridge>;
 using Error = NSError **;
@@ -91,7 +91,7 @@ void callInEveryWay(Bridge bridge, Error error, Failed failed) {
 }
 
 // Every negative number is a failure, and what stands in the out-values then is nobody's.
-void wildStatuses() {
+const Cell wildStatuses("hostile.all.any.wild_statuses", [] {
   forBothClasses([](Bridge bridge) {
     for (HRESULT status : {INT32_MIN, INT32_MIN + 1, -1, static_cast<int32_t>(0xCCCCCCCC)}) {
       script().status = status;
@@ -105,10 +105,10 @@ void wildStatuses() {
     }
     clearCrossings();
   });
-}
+});
 
 // Every unit arrives, whatever it is, in every place that a string has.
-void oddStrings() {
+const Cell oddStrings("hostile.all.strings.odd", [] {
   const std::u16string odd[] = {{0},           {'a', 0, 'b', 0},     {0xD800}, {0xDFFF, 0xD800},
                                 {0xFEFF, 'a'}, {0xFFFF, 0xD83D, 'x'}};
   expectLeftover({.strings = 2 * static_cast<int>(std::size(odd))}); // of the results
@@ -131,10 +131,10 @@ void oddStrings() {
           takeCrossings());
     }
   });
-}
+});
 
 // A component that calls back, takes the bridge away or changes arrays while it is called.
-void meddling() {
+const Cell meddling("hostile.all.any.meddling", [] {
   auto object = implement::make<HostileObject>();
   resetScript();
   @autoreleasepool {
@@ -177,10 +177,10 @@ void meddling() {
     object->meddle = [] {};
   }
   clearCrossings();
-}
+});
 
 // A delegate that is invoked when nobody wants it any more: twice at once on each of eight threads.
-void lateDelegate() {
+const Cell lateDelegate("hostile.in.delegate.late", [] {
   std::atomic<int> calls = 0;
   std::atomic<int> *const counter = &calls;
   resetScript();
@@ -207,17 +207,7 @@ void lateDelegate() {
     thread.join();
   EXPECT_EQ(16, calls);
   clearCrossings();
-}
-
-const Cell cells[] = {
-    {"hostile.all.any.wild_statuses", wildStatuses},
-    {"hostile.all.strings.odd", oddStrings},
-    {"hostile.all.any.meddling", meddling},
-    {"hostile.in.delegate.late", lateDelegate},
-    {"hostile.return.any.success_codes", otherSuccessCodes},
-    {"hostile.return.any.nothing_written", nothingWritten},
-    {"hostile.out.array.lying_counts", lyingCounts},
-};
+});
 
 } // namespace
 

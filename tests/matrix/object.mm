@@ -14,7 +14,7 @@ struct Stranger {
   Stranger() { object.queryStatus = kNoInterface; }
 };
 
-void objectIn() {
+const Cell objectIn("object.in.single.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     WRTTestInterfaceBridge *interface = newBridge([WRTTestInterfaceBridge class]);
     WRTTestClassBridge *object = newBridge([WRTTestClassBridge class]);
@@ -30,9 +30,9 @@ void objectIn() {
                          "InInterface null", "InRtc null"}),
               takeCrossings());
   });
-}
+});
 
-void objectInStranger() {
+const Cell objectInStranger("object.in.single.interface_missing", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     Stranger stranger;
     NSError *error = nil;
@@ -43,9 +43,9 @@ void objectInStranger() {
     EXPECT_EQ(kNoInterface, [error code]);
     EXPECT_EQ(Crossings{}, takeCrossings()) << "the call is not made";
   });
-}
+});
 
-void objectOut() {
+const Cell objectOut("object.out.single.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     WRTTestInterfaceBridge *interface = nil;
     [bridge outInterfaceWithArg:&interface error:nullptr];
@@ -57,10 +57,10 @@ void objectOut() {
               [static_cast<id>([bridge returnInterfaceWithError:nullptr]) class]);
     EXPECT_EQ([WRTTestClassBridge class], [[bridge returnRtcWithError:nullptr] class]);
   });
-}
+});
 
 // A returned interface alone is tested for null; everything else lets `bridgeTransfer:` complain.
-void objectOutNull() {
+const Cell objectOutNull("object.out.single.null", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     clearLog();
     script().nullObjects = true;
@@ -77,9 +77,9 @@ void objectOutNull() {
     EXPECT_EQ(nil, error) << "null is no failure";
     EXPECT_EQ(3u, logRecords().size());
   });
-}
+});
 
-void objectOutFailing() {
+const Cell objectOutFailing("object.out.single.failing", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     script().status = kFailure;
     script().poisons = true;
@@ -92,9 +92,9 @@ void objectOutFailing() {
     EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
     EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
   });
-}
+});
 
-void objectArrayIn() {
+const Cell objectArrayIn("object.in.array.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSArray *objects = @[ newBridge([WRTTestInterfaceBridge class]), bridge ];
     PlatformTrace trace;
@@ -108,9 +108,9 @@ void objectArrayIn() {
                          "InRtcArray []"}),
               takeCrossings());
   });
-}
+});
 
-void objectArrayInFailingElement() {
+const Cell objectArrayInFailingElement("object.in.array.failing_element", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     Stranger stranger;
     NSArray *objects = @[ bridge, bridge, static_cast<id>(stranger.bridge), bridge ];
@@ -125,9 +125,9 @@ void objectArrayInFailingElement() {
         << "the two before it are released";
     EXPECT_EQ(1u, stranger.object.queries.size());
   });
-}
+});
 
-void objectArrayOut() {
+const Cell objectArrayOut("object.out.array.normal", [] {
   expectLeftover({.taskBlocks = 10}); // element blocks are not freed
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
@@ -145,9 +145,9 @@ void objectArrayOut() {
     EXPECT_EQ(0u, [array count]) << "emptied";
     EXPECT_EQ(0u, [[bridge returnRtcArrayWithError:nullptr] count]);
   });
-}
+});
 
-void objectArrayPreallocated() {
+const Cell objectArrayPreallocated("object.out.array_preallocated.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
     [bridge outInterfaceArrayPreallocatedWithSize:2 arr:array error:nullptr];
@@ -161,10 +161,10 @@ void objectArrayPreallocated() {
     EXPECT_EQ(3u, [array count]) << "a failure leaves the caller's array";
     EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:4 error:nullptr]);
   });
-}
+});
 
 // `NSNull` keeps the place of a null, in both directions.
-void objectArrayNull() {
+const Cell objectArrayNull("object.all.array.null", [] {
   expectLeftover({.taskBlocks = 4}); // element blocks are not freed
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     script().nullObjects = true;
@@ -185,53 +185,36 @@ void objectArrayNull() {
     EXPECT_EQ((Crossings{"InInterfaceArray [object, null, object]", "InRtcArray [null]"}),
               takeCrossings());
   });
-}
+});
 
-void arraysTooLarge() {
+const Cell arraysTooLarge("object.all.array.no_memory", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    using Call = void (^)(int size, NSError **error);
-    const Call calls[] = {^(int size, NSError **error){
-        [bridge inStringArrayWithArr:[[[OddArray alloc] initWithCount:size] autorelease]
-                               error:error];
-        },
-        ^(int size, NSError **error) {
-    [bridge outStringArrayPreallocatedWithSize:size arr:array error:error];
-        },
-        ^(int size, NSError **error) {
-    EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:size error:error]);
-        }
-};
-for (const Call &call : calls) {
-  NSError *error = nil;
-  failNext(Lack::TaskMemory);
-  call(1, &error);
-  EXPECT_EQ(static_cast<HRESULT>(0x8007000E), [error code]);
-  for (const int size : {-1, 0x10000000}) {
-    PlatformTrace trace;
-    call(size, &error);
-    EXPECT_EQ(kFailure, [error code]);
-    EXPECT_EQ("WRTIUnknownRelease", trace.names()) << "nothing was allocated";
-  }
-}
-EXPECT_EQ("before", joined(array));
-EXPECT_EQ(Crossings{}, takeCrossings()) << "no call is made";
+    const auto expectRefused = [&](auto call) {
+      NSError *error = nil;
+      failNext(Lack::TaskMemory);
+      call(1, &error);
+      EXPECT_EQ(static_cast<HRESULT>(0x8007000E), [error code]);
+      for (const int size : {-1, 0x10000000}) {
+        PlatformTrace trace;
+        call(size, &error);
+        EXPECT_EQ(kFailure, [error code]);
+        EXPECT_EQ("WRTIUnknownRelease", trace.names()) << "nothing was allocated";
+      }
+    };
+    expectRefused([&](int size, NSError **error) {
+      [bridge inStringArrayWithArr:[[[OddArray alloc] initWithCount:size] autorelease] error:error];
+    });
+    expectRefused([&](int size, NSError **error) {
+      [bridge outStringArrayPreallocatedWithSize:size arr:array error:error];
+    });
+    expectRefused([&](int size, NSError **error) {
+      EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:size error:error]);
+    });
+    EXPECT_EQ("before", joined(array));
+    EXPECT_EQ(Crossings{}, takeCrossings()) << "no call is made";
+  });
 });
-}
-
-const Cell cells[] = {
-    {"object.in.single.normal", objectIn},
-    {"object.in.single.interface_missing", objectInStranger},
-    {"object.out.single.normal", objectOut},
-    {"object.out.single.null", objectOutNull},
-    {"object.out.single.failing", objectOutFailing},
-    {"object.in.array.normal", objectArrayIn},
-    {"object.in.array.failing_element", objectArrayInFailingElement},
-    {"object.out.array.normal", objectArrayOut},
-    {"object.out.array_preallocated.normal", objectArrayPreallocated},
-    {"object.all.array.null", objectArrayNull},
-    {"object.all.array.no_memory", arraysTooLarge},
-};
 
 } // namespace
 

@@ -18,7 +18,7 @@ std::string raised(Body body) {
   return "nothing";
 }
 
-void throughMember() {
+const Cell throughMember("frame.all.arguments.raising", [] {
   expectLeftover({.taskBlocks = 4}); // element blocks are not freed
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     NSError *const before = staleError();
@@ -42,9 +42,9 @@ void throughMember() {
     EXPECT_EQ(before, error);
     clearCrossings();
   });
-}
+});
 
-void throughDelegate() {
+const Cell throughDelegate("delegate.in.block.raising", [] {
   expectLeftover({}); // Foundation keeps what it forwards with when that raises
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     clearLog();
@@ -83,12 +83,7 @@ void throughDelegate() {
                   type + " inDelegateReturnInterfaceWithArg:error:]_block_invoke\n",
               functions);
   });
-}
-
-const Cell cells[] = {
-    {"frame.all.arguments.raising", throughMember},
-    {"delegate.in.block.raising", throughDelegate},
-};
+});
 
 } // namespace
 

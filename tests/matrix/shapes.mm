@@ -99,7 +99,7 @@ void roundTripLimits() {
   roundTrip<T>({0, 1, Limits::lowest(), Limits::max()});
 }
 
-void widths() {
+const Cell widths("scalar.all.every_width.normal", [] {
   roundTripLimits<uint8_t>();
   roundTripLimits<int16_t>();
   roundTripLimits<uint16_t>();
@@ -108,9 +108,9 @@ void widths() {
   roundTripLimits<unsigned long long>();
   roundTrip<float>({-0.0f, NAN, INFINITY, 1e-45f});
   roundTrip<double>({-0.0, NAN, -INFINITY, 5e-324});
-}
+});
 
-void booleans() {
+const Cell booleans("boolean.all.any_byte.normal", [] {
   static unsigned char answer;
   static bool received;
   static constexpr Member<Boolean(Boolean)> member{OneFunction::interface, 6};
@@ -127,14 +127,14 @@ void booleans() {
     EXPECT_EQ(byte ? 1 : 0, stored) << "exactly 1 for any byte but 0";
     EXPECT_TRUE(received);
   }
-}
+});
 
 struct Pair {
   float x;
   float y;
 };
 
-void spills() {
+const Cell spills("scalar.in.spilled.normal", [] {
   static std::string received;
   static constexpr Member<Value<double>(Value<int>, Value<long long>, Value<float>, Boolean,
                                         Value<GUID>, Value<Pair>, Value<double>, Value<short>,
@@ -153,10 +153,10 @@ void spills() {
   EXPECT_EQ(0.5, call(nil, member, -1, 1ll << 40, 1.5f, true, guid, Pair{2.5f, 3.5f}, -4.25,
                       static_cast<short>(-7), -1ll, nullptr));
   EXPECT_EQ("-1 1099511627776 1.5 1 9 8 2.5 3.5 -4.25 -7 -1", received);
-}
+});
 
 // A bulk read leaves the strings that it converts to WinRT's side.
-void bulkRead() {
+const Cell bulkRead("string.return.bulk_read.normal", [] {
   static uint32_t delivered;
   static constexpr Member<BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>)> member{
       OneFunction::interface, 6};
@@ -180,10 +180,10 @@ void bulkRead() {
   NSError *error = nil;
   EXPECT_EQ(nil, call(nil, member, 9u, 1u, &error));
   EXPECT_EQ(kFailure, [error code]);
-}
+});
 
 // The other strings whose handles stay on WinRT's side.
-void stringsHandedOut() {
+const Cell stringsHandedOut("string.out.any.handles", [] {
   static constexpr Member<String()> returning{OneFunction::interface, 6};
   static constexpr Member<Void(Out<String>)> handing{OneFunction::interface, 6};
   const auto answer =
@@ -202,7 +202,7 @@ void stringsHandedOut() {
   EXPECT_TRUE([string isEqual:@"text"]);
   OneFunction filler(fill);
   EXPECT_EQ("text", joined(call(nil, filling, 1, nullptr)));
-}
+});
 
 /// An accessor that gives nothing and says nothing.
 void *noInterface(id, NSError **) { return nullptr; }
@@ -214,7 +214,7 @@ void *failingInterface(id, NSError **error) {
 void *noDelegate(id, Retained<> &) { return nullptr; }
 
 // A platform that succeeds with null.
-void nulls() {
+const Cell nulls("frame.all.any.success_with_null", [] {
   static int calls;
   OneFunction object(+[](void *, void *) WRT_ABI -> HRESULT {
     ++calls;
@@ -241,10 +241,10 @@ void nulls() {
   call(nil, delegating, nil, &error);
   EXPECT_EQ(nil, error) << "a null delegate is passed on";
   EXPECT_EQ(1, calls);
-}
+});
 
 // Elements are asked for one by one, and let go last to first, each as its cell stands then.
-void elementOrder() {
+const Cell elementOrder("string.in.array.order", [] {
   static void *block;
   static std::vector<const void *> handles;
   static constexpr Member<Void(Array<StringElements>)> member{OneFunction::interface, 6};
@@ -268,14 +268,7 @@ void elementOrder() {
   EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", ofNil.names());
   EXPECT_EQ(0u, ofNil.calls()[0].size);
   EXPECT_EQ(ofNil.calls()[0].argument, block) << "a block of no bytes, not null";
-}
-
-const Cell cells[] = {
-    {"string.in.array.order", elementOrder},      {"scalar.all.every_width.normal", widths},
-    {"boolean.all.any_byte.normal", booleans},    {"scalar.in.spilled.normal", spills},
-    {"string.return.bulk_read.normal", bulkRead}, {"string.out.any.handles", stringsHandedOut},
-    {"frame.all.any.success_with_null", nulls},
-};
+});
 
 } // namespace
 

@@ -9,7 +9,7 @@ namespace wrt::test {
 
 namespace {
 
-void stringIn() {
+const Cell stringIn("string.in.single.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     const implement::StringHolder lone(u"a\xD800");
     NSString *odd = WRTCreateNSStringFromHSTRING(lone.get());
@@ -23,9 +23,9 @@ void stringIn() {
                          "InString \"mutable\"", "InString null", "InString null"}),
               takeCrossings());
   });
-}
+});
 
-void stringInCleanups() {
+const Cell stringInCleanups("string.in.single.cleanups", [] {
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
   for (HRESULT status : {HRESULT{0}, kFailure}) {
     script().status = status;
@@ -38,9 +38,9 @@ void stringInCleanups() {
   [bridge inStringWithArg:nil error:nullptr];
   [bridge inStringWithArg:@"" error:nullptr];
   EXPECT_EQ("WRTIUnknownRelease WRTIUnknownRelease", trace.names()) << "null registers nothing";
-}
+});
 
-void stringOut() {
+const Cell stringOut("string.out.single.normal", [] {
   // Four strings in all whose handles the bridge does not release.
   expectLeftover({.strings = 4});
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
@@ -51,9 +51,9 @@ void stringOut() {
     script().string = u"";
     EXPECT_EQ(0u, [[bridge returnStringWithError:nullptr] length]);
   });
-}
+});
 
-void stringArrayIn() {
+const Cell stringArrayIn("string.in.array.normal", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     [bridge inStringArrayWithArr:@[ @"a", @"", @"c" ] error:nullptr];
     [bridge inStringArrayWithArr:@[] error:nullptr];
@@ -62,10 +62,10 @@ void stringArrayIn() {
         (Crossings{"InStringArray [\"a\", null, \"c\"]", "InStringArray []", "InStringArray []"}),
         takeCrossings());
   });
-}
+});
 
 // More than one batch of clean-ups, last registered first, the block after its elements.
-void stringArrayInCleanups() {
+const Cell stringArrayInCleanups("string.in.array.cleanups", [] {
   id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
   for (NSUInteger count : {0u, 1u, 15u, 16u, 17u, 33u, 1000u}) {
     SCOPED_TRACE(count);
@@ -84,9 +84,9 @@ void stringArrayInCleanups() {
     EXPECT_EQ(calls[0].argument, calls[count + 1].argument);
     EXPECT_EQ("WRTIUnknownRelease", calls[count + 2].function);
   }
-}
+});
 
-void stringArrayOut() {
+const Cell stringArrayOut("string.out.array.normal", [] {
   // The element blocks are WinRT's and not freed: one a call, four calls a class.
   expectLeftover({.taskBlocks = 8});
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
@@ -103,9 +103,9 @@ void stringArrayOut() {
     [bridge outStringArrayWithArr:array error:nullptr];
     EXPECT_EQ(0u, [array count]);
   });
-}
+});
 
-void stringArrayPreallocated() {
+const Cell stringArrayPreallocated("string.out.array_preallocated.normal", [] {
   // The returned form alone leaves its elements' handles: two for each class.
   expectLeftover({.strings = 4});
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
@@ -116,9 +116,9 @@ void stringArrayPreallocated() {
     EXPECT_EQ(0u, [array count]);
     EXPECT_EQ("0 1", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
   });
-}
+});
 
-void stringsFailing() {
+const Cell stringsFailing("string.all.any.failing", [] {
   forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
     script().status = kFailure;
     script().poisons = true;
@@ -137,18 +137,7 @@ void stringsFailing() {
     [bridge inStringArrayWithArr:@[ @"a", @"b" ] error:&error];
     EXPECT_EQ(kFailure, [error code]);
   });
-}
-
-const Cell cells[] = {
-    {"string.in.single.normal", stringIn},
-    {"string.in.single.cleanups", stringInCleanups},
-    {"string.out.single.normal", stringOut},
-    {"string.all.any.failing", stringsFailing},
-    {"string.in.array.normal", stringArrayIn},
-    {"string.in.array.cleanups", stringArrayInCleanups},
-    {"string.out.array.normal", stringArrayOut},
-    {"string.out.array_preallocated.normal", stringArrayPreallocated},
-};
+});
 
 } // namespace
 

@@ -90,7 +90,7 @@ private:
   std::vector<std::pair<Method, IMP>> replaced_;
 };
 
-void roundTrip() {
+const Cell roundTrip("conversion.data.stream.round_trip", [] {
   settleAfterwards();
   const HandlerWatch watch;
   for (size_t length : {0u, 1u, 4095u, 4096u, 4097u, 99999u, runsForItsEnd() ? 2u : 64u << 20}) {
@@ -113,9 +113,9 @@ void roundTrip() {
                                 "IAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32_Bridge"})
     expected.insert(std::string("0 i20@?0@\"<WRT") + operation + ">\"8i16");
   EXPECT_EQ(expected, HandlerWatch::seen);
-}
+});
 
-void buffer() {
+const Cell buffer("conversion.data.buffer.normal", [] {
   const auto buffer = wrt::components::makeBuffer(16);
   std::span<uint8_t> room;
   wrt::components::roomOf(buffer.get(), &room);
@@ -136,9 +136,9 @@ void buffer() {
   const void *context = lastLogContext();
   [WRTBufferBridge bridge:nullptr];
   EXPECT_NE(context, lastLogContext()) << "the conversions have one of their own";
-}
+});
 
-void bufferWithoutBytes() {
+const Cell bufferWithoutBytes("conversion.data.buffer.without_bytes_aborts", [] {
   EXPECT_DEATH(
       {
         printLogWhenAborted();
@@ -146,7 +146,7 @@ void bufferWithoutBytes() {
       },
       "2 WRTCreateNSDataFromIBuffer Failed to get BufferByteAccess interface on IBuffer object: "
       "0x80004002");
-}
+});
 
 /// Reads a scripted reference; what was logged, as "function: text".
 std::string readScripted(StreamScript &script, NSData **data) {
@@ -169,7 +169,7 @@ std::string readScripted(StreamScript &script, NSData **data) {
   return log;
 }
 
-void readFailures() {
+const Cell readFailures("conversion.data.from_stream.failing_steps", [] {
   settleAfterwards();
   const std::string block = std::string(kToData) + "_block_invoke";
   const struct {
@@ -205,10 +205,10 @@ void readFailures() {
   clearLog();
   EXPECT_EQ(nil, WRTCreateNSDataFromRandomAccessStreamReference(nil));
   EXPECT_EQ(1u, logRecords().size());
-}
+});
 
 // As long as the stream said, whatever was delivered; of sizes beyond 4 GiB the low 32 bits count.
-void shortRead() {
+const Cell shortRead("conversion.data.from_stream.short_read", [] {
   settleAfterwards();
   for (uint64_t size : {uint64_t{100}, (uint64_t{5} << 32) + 12}) {
     const auto low = static_cast<uint32_t>(size);
@@ -232,9 +232,9 @@ void shortRead() {
   EXPECT_EQ("WRTCreateNSDataFromIBuffer: Failed buffer byte access", readScripted(script, &data));
   EXPECT_EQ(nil, data);
   wrt::implement::waitForPool();
-}
+});
 
-void writeFailures() {
+const Cell writeFailures("conversion.data.to_stream.failing_steps", [] {
   expectLeftover({}); // bytes of writes that may still run; the ledger does not count them
   settleAfterwards();
   const struct {
@@ -277,15 +277,6 @@ void writeFailures() {
         EXPECT_EQ(31, script.written[1]) << "a write that may still run can read its bytes";
     }
   }
-}
-
-const Cell cells[] = {
-    {"conversion.data.stream.round_trip", roundTrip},
-    {"conversion.data.buffer.normal", buffer},
-    {"conversion.data.buffer.without_bytes_aborts", bufferWithoutBytes},
-    {"conversion.data.from_stream.failing_steps", readFailures},
-    {"conversion.data.from_stream.short_read", shortRead},
-    {"conversion.data.to_stream.failing_steps", writeFailures},
-};
+});
 
 } // namespace

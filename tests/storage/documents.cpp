@@ -66,7 +66,7 @@ HRESULT append(abi::IUnknown *parent, abi::IUnknown *child) {
                                                          added.put());
 }
 
-void selecting() {
+const Cell selecting("xml.document.select.normal", [] {
   Document doc;
   ASSERT_EQ(0, doc.load("<a><b id='1'>x</b><b id='2'>y<!--c--></b></a>"));
   EXPECT_EQ("<b id=\"2\">y<!--c--></b>", doc.first("/a/b[@id > 1]"));
@@ -94,10 +94,10 @@ void selecting() {
   doc.document->CreateAttribute(text("k").get(), lone.put());
   EXPECT_EQ(0, lone.as<abi::IXmlNodeSelector>()->SelectNodes(text("preceding::node()").get(),
                                                              before.put()));
-}
+});
 
 // Where nodes may go is what the fuzzer's model of a tree knows.
-void editing() {
+const Cell editing("xml.document.edit.normal", [] {
   Document doc;
   ASSERT_EQ(0, doc.load("<a k='old'>one</a>"));
   ComPtr<abi::IXmlElement> root;
@@ -134,10 +134,10 @@ void editing() {
   rest.as<abi::IXmlCharacterData>()->get_Length(&length);
   EXPECT_EQ(3u, length) << "in UTF-16 units";
   EXPECT_EQ(kInvalid, split->SplitText(3, rest.put()));
-}
+});
 
 // What could not be written is refused, and leaves everything as it was.
-void unwritable() {
+const Cell unwritable("xml.document.edit.unwritable", [] {
   Document doc;
   ASSERT_EQ(0, doc.load("<a k='v'><!--c--><?p d?><![CDATA[t]]>x</a>"));
   const std::string before = doc.xml();
@@ -171,9 +171,9 @@ void unwritable() {
   EXPECT_NE(std::string::npos, doc.xml().find("<a xmlns:n=\"a&#38;b\" k="));
   EXPECT_EQ(0, doc.load(doc.xml()));
   EXPECT_EQ(kInvalid, root->SetAttribute(text("xmlns:n").get(), text("other").get()));
-}
+});
 
-void identifiers() {
+const Cell identifiers("xml.document.identifiers.changing", [] {
   Document doc;
   ASSERT_EQ(0, doc.load("<!DOCTYPE a [<!ATTLIST b i ID #IMPLIED>]><a><b i='1'/></a>"));
   const auto found = [&](const char *id) {
@@ -192,10 +192,10 @@ void identifiers() {
   doc.document->get_DocumentElement(root.put());
   root.as<abi::IXmlNode>()->RemoveChild(b.as<abi::IXmlNode>().get(), removed.put());
   EXPECT_FALSE(found("2"));
-}
+});
 
 // Two threads that import from each other's document.
-void importing() {
+const Cell importing("xml.document.import.other_threads", [] {
   Document documents[2];
   for (Document &document : documents)
     ASSERT_EQ(0, document.load("<a><b/></a>"));
@@ -211,9 +211,9 @@ void importing() {
   std::thread other(import, 0);
   import(1);
   other.join();
-}
+});
 
-void loading() {
+const Cell loading("xml.document.load.failing", [] {
   Document doc;
   EXPECT_EQ(static_cast<HRESULT>(0xC00CE558), doc.load(""));
   EXPECT_EQ(static_cast<HRESULT>(0xC00CE56D), doc.load("<a><b></a>"));
@@ -248,10 +248,10 @@ void loading() {
   StringHolder inner;
   doc.document.as<abi::IXmlNodeSerializer>()->get_InnerText(inner.put());
   EXPECT_EQ("\xC3\xBC", utf8(inner));
-}
+});
 
 // Nothing outside of the text is read, and entities do not grow without end.
-void entities() {
+const Cell entities("xml.document.load.entities", [] {
   const TemporaryFolder made;
   const auto secret = made.add("secret.txt", "SECRET");
   Document doc;
@@ -271,7 +271,7 @@ void entities() {
   }
   for (const char *use : {"]><a>&e11;</a>", "]><a k='&e11;'/>"})
     EXPECT_EQ(static_cast<HRESULT>(0xC00CEE82), doc.load(bomb + use));
-}
+});
 
 struct UriHolder {
   ComPtr<abi::IUriRuntimeClass> uri;
@@ -286,7 +286,7 @@ struct UriHolder {
   }
 };
 
-void uris() {
+const Cell uris("foundation.uri.parts.normal", [] {
   using U = abi::IUriRuntimeClass;
   const UriHolder uri("HTTP://me:pw@Example.COM:8080/a/./b/../c d.tar.gz?q=1&r#frag");
   ASSERT_EQ(0, uri.status);
@@ -326,9 +326,9 @@ void uris() {
   escapes->UnescapeComponent(escaped.get(), unescaped.put());
   EXPECT_EQ("a b/\xC3\xBC", utf8(unescaped));
   EXPECT_EQ(static_cast<HRESULT>(0x80004001), uri.uri->get_Domain(escaped.put()));
-}
+});
 
-void resourceMap() {
+const Cell resourceMap("foundation.resource_map.keys.normal", [] {
   using Map = abi::IMap__2_WRTIInspectable_P_WRTIInspectable_P;
   const auto map = activate<Map>(u"Windows.UI.Xaml.ResourceDictionary");
   ASSERT_TRUE(map);
@@ -354,9 +354,9 @@ void resourceMap() {
   EXPECT_EQ("2", utf8(content));
   EXPECT_EQ(static_cast<HRESULT>(0x8000000B), map->Lookup(boxed("none").get(), value.put()));
   EXPECT_EQ(0, map->Remove(map.get())) << "which holds itself";
-}
+});
 
-void apiInformation() {
+const Cell apiInformation("foundation.api_information.present.normal", [] {
   const auto api =
       statics<abi::IApiInformationStatics>(u"Windows.Foundation.Metadata.ApiInformation");
   using Api = abi::IApiInformationStatics;
@@ -384,9 +384,9 @@ void apiInformation() {
   for (unsigned short major : {1, 5, 6})
     EXPECT_EQ(major <= 5, is(&Api::IsApiContractPresentByMajor,
                              "Windows.Foundation.UniversalApiContract", major));
-}
+});
 
-void preferences() {
+const Cell preferences("system.preferences.environment.normal", [] {
   setenv("LC_ALL", "de_AT.UTF-8", 1);
   const auto globalization = statics<abi::IGlobalizationPreferencesStatics>(
       u"Windows.System.UserProfile.GlobalizationPreferences");
@@ -403,21 +403,7 @@ void preferences() {
                    ->get_VersionInfo(info.put()));
   ASSERT_EQ(0, info->get_DeviceFamilyVersion(version.put()));
   EXPECT_GT(std::stoull(utf8(version)) >> 48, 2u) << "the kernel's major number";
-}
-
-const Cell cells[] = {
-    {"xml.document.select.normal", selecting},
-    {"xml.document.edit.normal", editing},
-    {"xml.document.edit.unwritable", unwritable},
-    {"xml.document.identifiers.changing", identifiers},
-    {"xml.document.import.other_threads", importing},
-    {"xml.document.load.failing", loading},
-    {"xml.document.load.entities", entities},
-    {"foundation.uri.parts.normal", uris},
-    {"foundation.resource_map.keys.normal", resourceMap},
-    {"foundation.api_information.present.normal", apiInformation},
-    {"system.preferences.environment.normal", preferences},
-};
+});
 
 } // namespace
 } // namespace wrt::test

@@ -88,7 +88,7 @@ HRESULT readStatus(const ComPtr<File> &file, std::string *content = nullptr) {
   return status;
 }
 
-void lookup() {
+const Cell lookup("storage.item.lookup.statuses", [] {
   settleAfterwards();
   const TemporaryFolder folder;
   folder.add("a.txt", "a");
@@ -122,9 +122,9 @@ void lookup() {
   EXPECT_EQ(kInvalid, fileStatus("a.txt")) << "relative";
   EXPECT_EQ(kInvalid, fileStatus(""));
   EXPECT_EQ(kDenied, fileStatus(folder.path() / "pipe")) << "nothing may wait for a pipe";
-}
+});
 
-void strangeNames() {
+const Cell strangeNames("storage.item.names.strange", [] {
   settleAfterwards();
   const TemporaryFolder made;
   const std::string all[] = {"a b.txt", "broken \xFF\xC3.txt", "tab\there",
@@ -139,9 +139,9 @@ void strangeNames() {
     ASSERT_EQ(0, findFile(made.path() / name, file)) << name;
     EXPECT_EQ(name, nameOf(file.get()));
   }
-}
+});
 
-void permissions() {
+const Cell permissions("storage.item.permissions.denied", [] {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path secret = made.add("secret.txt", "s");
@@ -174,9 +174,9 @@ void permissions() {
                                text("new").get(), file.put()));
   }
   fs::permissions(made.path() / "closed", fs::perms(0700));
-}
+});
 
-void vanishing() {
+const Cell vanishing("storage.item.lifetime.vanishing", [] {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path path = made.add("short-lived.txt", "x");
@@ -190,7 +190,7 @@ void vanishing() {
   EXPECT_EQ(kNotFound, file.as<Item>()->get_Attributes(&attributes));
   ComPtr<abi::IRandomAccessStream> stream;
   EXPECT_EQ(kNotFound, outcome(file, &File::OpenAsync, 0, stream.put()));
-}
+});
 
 HRESULT createFile(const ComPtr<Folder> &folder, const char *name, int option, std::string *made) {
   ComPtr<File> file;
@@ -200,7 +200,7 @@ HRESULT createFile(const ComPtr<Folder> &folder, const char *name, int option, s
   return status;
 }
 
-void creating() {
+const Cell creating("storage.item.create.collisions", [] {
   settleAfterwards();
   const TemporaryFolder made;
   made.add("f.txt", "old");
@@ -219,9 +219,9 @@ void creating() {
   for (const char *bad : {"", "../out", "/tmp/out", "sub/.."})
     EXPECT_EQ(kInvalid, createFile(folder, bad, 1, &name)) << bad;
   EXPECT_EQ(kNotFound, createFile(folder, "none/f", 1, &name));
-}
+});
 
-void changing() {
+const Cell changing("storage.item.change.statuses", [] {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path path = made.add("one.txt", "1");
@@ -246,9 +246,9 @@ void changing() {
   EXPECT_EQ(0, outcome(sub, &Item::DeleteAsync, 0));
   EXPECT_FALSE(fs::exists(made.path() / "sub"));
   EXPECT_EQ(kNotFound, outcome(file, &Item::DeleteAsync, 0));
-}
+});
 
-void querying() {
+const Cell querying("storage.folder.query.normal", [] {
   settleAfterwards();
   const TemporaryFolder made;
   fs::last_write_time(made.add("b.TXT", "b"),
@@ -282,9 +282,9 @@ void querying() {
   EXPECT_EQ(3u, count) << "a query asks the folder anew";
   options->put_UserSearchFilter(text("words").get());
   EXPECT_EQ(kInvalid, operations->CreateFileQueryWithOptions(options.get(), result.put()));
-}
+});
 
-void properties() {
+const Cell properties("storage.file.properties.normal", [] {
   settleAfterwards();
   const TemporaryFolder made;
   made.add("page.HTML", "1");
@@ -306,9 +306,9 @@ void properties() {
   file->get_FileType(type.put());
   file->get_ContentType(content.put());
   EXPECT_EQ(".HTML text/html", utf8(type) + " " + utf8(content));
-}
+});
 
-void texts() {
+const Cell texts("storage.file.text.encodings", [] {
   settleAfterwards();
   const TemporaryFolder made;
   const auto io = statics<abi::IFileIOStatics>(u"Windows.Storage.FileIO");
@@ -340,9 +340,9 @@ void texts() {
   EXPECT_EQ(std::string("\xFE\xFF\0\xFC\0!", 6), contentOf(made.path() / "g"));
   EXPECT_EQ(kInvalid, outcome(io, &IO::WriteTextWithEncodingAsync, file.get(), words.get(), 3));
   EXPECT_EQ(kInvalid, outcome(io, &IO::WriteTextAsync, nullptr, nullptr));
-}
+});
 
-void streams() {
+const Cell streams("storage.file.stream.statuses", [] {
   settleAfterwards();
   const TemporaryFolder made;
   const fs::path path = made.add("f", "0123456789");
@@ -391,20 +391,7 @@ void streams() {
   EXPECT_EQ("012", contentOf(path));
   EXPECT_EQ(kInvalid, open(7));
   EXPECT_EQ(kInvalid, buffer->put_Length(5));
-}
-
-const Cell cells[] = {
-    {"storage.item.lookup.statuses", lookup},
-    {"storage.item.names.strange", strangeNames},
-    {"storage.item.permissions.denied", permissions},
-    {"storage.item.lifetime.vanishing", vanishing},
-    {"storage.item.create.collisions", creating},
-    {"storage.item.change.statuses", changing},
-    {"storage.folder.query.normal", querying},
-    {"storage.file.properties.normal", properties},
-    {"storage.file.text.encodings", texts},
-    {"storage.file.stream.statuses", streams},
-};
+});
 
 } // namespace
 } // namespace wrt::test

@@ -41,7 +41,7 @@ bool contains(const Run &run, const std::string &text) {
 
 std::string inQuotes(const std::filesystem::path &path) { return "'" + path.string() + "'"; }
 
-void manyFiles() {
+const Cell manyFiles("tour.program.many_files.normal", [] {
   const TemporaryFolder made;
   std::uintmax_t bytes = 0, words = 0;
   for (int i = 0; i < 2000; ++i) {
@@ -95,9 +95,9 @@ void manyFiles() {
   EXPECT_TRUE(contains(run, "tour: cannot read \"broken.txt\": not a text in UTF-8 or UTF-16 "
                             "(ERROR_NO_UNICODE_TRANSLATION, 0x80070459)"));
   EXPECT_TRUE(contains(run, "tour: 2 problems"));
-}
+});
 
-void refused() {
+const Cell refused("tour.program.folder.refused", [] {
   const TemporaryFolder made;
   Run run = runTour(inQuotes(made.path() / "none"));
   EXPECT_EQ(1, run.status);
@@ -126,11 +126,6 @@ void refused() {
   run = runTour("--help");
   EXPECT_EQ(0, run.status);
   EXPECT_TRUE(contains(run, "Usage: tour"));
-}
-
-const Cell cells[] = {
-    {"tour.program.many_files.normal", manyFiles},
-    {"tour.program.folder.refused", refused},
-};
+});
 
 } // namespace

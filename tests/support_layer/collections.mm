@@ -35,7 +35,7 @@ ComPtr<Interface> askFor(id bridge) {
       .template as<Interface>();
 }
 
-void vectorHandedIn() {
+const Cell vectorHandedIn("support.collections.vector.normal", [] {
   expectLeftover({.strings = 1, .extraHandles = 1}); // of GetAt and GetMany
   NSError *error = staleErrorOfCaller();
   Strings vector = WRTVectorOf((@[ @"a", @"", @"ü𝄞" ]), WRTIVector__1_WRTHSTRING_Bridge, &error);
@@ -99,13 +99,12 @@ void vectorHandedIn() {
   EXPECT_EQ(static_cast<void *>(folder->interface()), [[back objectAtIndex:0] inner]);
   EXPECT_EQ([NSNull null], [back objectAtIndex:1]);
   EXPECT_TRUE(askFor<implement::IVectorView<Ref<abi::IStorageItem>>>(iterable));
-}
+});
 
-void mapHandedIn() {
+const Cell mapHandedIn("support.collections.map.normal", [] {
   NSError *error = staleErrorOfCaller();
   id<WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge> map =
-      WRTMapOf((
-                   @{@"text" : @[ @".txt", @".md" ]}),
+      WRTMapOf((@{@"text" : @[ @".txt", @".md" ]}),
                WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge, &error);
   EXPECT_EQ(nil, error);
   EXPECT_EQ(".txt .md", joinedStrings([map lookupWithKey:@"text" error:&error]));
@@ -135,9 +134,9 @@ void mapHandedIn() {
   id objects = WRTMapOf((@{@"n" : @17}), WRTIMap__2_WRTHSTRING_WRTIInspectable_P_Bridge, &error);
   EXPECT_TRUE((askFor<implement::IMap<String, Inspectable>>(objects)));
   EXPECT_TRUE([WRTUnbox([WRTDictionary(objects, &error) objectForKey:@"n"]) isEqual:@17]);
-}
+});
 
-void handedInHostile() {
+const Cell handedInHostile("support.collections.hostile.refused", [] {
   NSError *error = nil;
   const auto codeOf = [&error](id result) -> int {
     EXPECT_EQ(nil, result);
@@ -161,13 +160,7 @@ void handedInHostile() {
                             &error)));
   EXPECT_EQ(status::kNotImplemented,
             codeOf(WRTVectorOf(@[ @1 ], WRTIVectorView__1_WRTFocusMode_Bridge, &error)));
-}
-
-const Cell cells[] = {
-    {"support.collections.vector.normal", vectorHandedIn},
-    {"support.collections.map.normal", mapHandedIn},
-    {"support.collections.hostile.refused", handedInHostile},
-};
+});
 
 } // namespace
 

@@ -38,7 +38,7 @@ NSArray *numbered(int count) {
 }
 
 // In one block and in several; nothing is left behind, the strings' handles included.
-void eachFamily() {
+const Cell eachFamily("support.each.all_families.normal", [] {
   NSError *error = staleErrorOfCaller();
   for (int count : {0, 1, 63, 64, 65, 200}) {
     SCOPED_TRACE(count);
@@ -94,9 +94,9 @@ void eachFamily() {
   [resources insertWithKey:WRTBox(@"two") value:WRTBox(@2) replaced:&replaced error:&error];
   EXPECT_TRUE([WRTUnbox([WRTDictionary(resources, &error) objectForKey:@"two"]) isEqual:@2]);
   EXPECT_EQ(nil, error);
-}
+});
 
-void eachChanging() {
+const Cell eachChanging("support.each.changing.raises", [] {
   NSError *error = nil;
   for (bool asIterable : {false, true}) {
     Strings *vector = stringsOf(numbered(100));
@@ -116,7 +116,7 @@ void eachChanging() {
     EXPECT_TRUE(raised);
     EXPECT_EQ(64, seen) << "what was read in one block";
   }
-}
+});
 
 /// A view that says it has three elements, and delivers as it was told.
 class OddView final : public Implements<implement::IVectorView<FileType>> {
@@ -144,7 +144,7 @@ private:
   const uint32_t claimed_;
 };
 
-void eachHostile() {
+const Cell eachHostile("support.each.hostile.refused", [] {
   NSError *error = nil;
   EXPECT_EQ(nil, WRTEach(nil, &error));
   EXPECT_EQ(status::kPointer, [error code]);
@@ -165,13 +165,7 @@ void eachHostile() {
   EXPECT_EQ(status::kUnexpected, [error code]);
   EXPECT_EQ(64u, [read(status::kOk, 1'000'000) count]) << "no more than there was room for";
   EXPECT_EQ(3u, [read(status::kNotImplemented, 0) count]) << "one by one";
-}
-
-const Cell cells[] = {
-    {"support.each.all_families.normal", eachFamily},
-    {"support.each.changing.raises", eachChanging},
-    {"support.each.hostile.refused", eachHostile},
-};
+});
 
 } // namespace
 

@@ -42,7 +42,7 @@ struct Captive {
 };
 
 // Called while somebody holds the subscription; then the handler and what it captures are gone.
-void subscription() {
+const Cell subscription("support.subscription.all.normal", [] {
   __block int calls = 0;
   NSError *error = staleErrorOfCaller();
   ObservableFolders *folders = newFolders();
@@ -88,9 +88,9 @@ void subscription() {
             WRTSubscribe(static_cast<ObservableFolders *>(strangerOf([ObservableFolders class])),
                          VectorChanged, Handler, &error, nothing));
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
-void cancelInHandler() {
+const Cell cancelInHandler("support.subscription.handler.cancels", [] {
   __block WRTSubscription *held = nil;
   __block int calls = 0;
   ObservableFolders *folders = newFolders();
@@ -104,10 +104,10 @@ void cancelInHandler() {
   change(folders);
   change(folders);
   EXPECT_EQ(1, calls);
-}
+});
 
 // Cancelled on one thread while it is called on another.
-void cancelElsewhere() {
+const Cell cancelElsewhere("support.subscription.other_threads.normal", [] {
   for (int round = 0; round < 50; ++round) {
     @autoreleasepool {
       ObservableFolders *folders = newFolders();
@@ -129,7 +129,7 @@ void cancelElsewhere() {
       EXPECT_EQ(before, calls);
     }
   }
-}
+});
 
 /// A window's thread: what it is given, one after the other.
 class Dispatcher final : public Implements<abi::ICoreDispatcher> {
@@ -189,7 +189,7 @@ private:
   const std::thread::id id_ = thread_.get_id();
 };
 
-void dispatched() {
+const Cell dispatched("support.dispatcher.all.normal", [] {
   PoolDrained drained;
   using Number = WRTIAsyncOperation__1_WRTUINT32_Bridge;
   auto window = make<Dispatcher>();
@@ -250,14 +250,7 @@ void dispatched() {
     });
   }
   EXPECT_EQ(2, calls) << "told here when it cannot be told there";
-}
-
-const Cell cells[] = {
-    {"support.subscription.all.normal", subscription},
-    {"support.subscription.handler.cancels", cancelInHandler},
-    {"support.subscription.other_threads.normal", cancelElsewhere},
-    {"support.dispatcher.all.normal", dispatched},
-};
+});
 
 } // namespace
 

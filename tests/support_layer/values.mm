@@ -9,7 +9,7 @@ namespace wrt::test {
 
 namespace {
 
-void valuesBothWays() {
+const Cell valuesBothWays("support.values.both_ways.normal", [] {
   NSError *error = staleErrorOfCaller();
   // 2020-02-29 12:00 is 132274512000000000 * 100 ns after 1601.
   NSDate *date = [NSDate dateWithTimeIntervalSince1970:1582977600.25];
@@ -48,9 +48,9 @@ void valuesBothWays() {
   EXPECT_EQ(status::kInvalidArgument, [error code]);
   EXPECT_TRUE(NSEqualRects(NSMakeRect(1, 2, 3.5, 4),
                            WRTNSRectFromRect(WRTRectFromNSRect(NSMakeRect(1, 2, 3.5, 4)))));
-}
+});
 
-void boxBothWays() {
+const Cell boxBothWays("support.box.both_ways.normal", [] {
   expectLeftover({.strings = 1, .taskBlocks = 1}); // a string, and the block of an array of objects
   NSUUID *uuid = [NSUUID UUID];
   NSDate *date = [NSDate dateWithTimeIntervalSince1970:1582977600.25];
@@ -82,9 +82,9 @@ void boxBothWays() {
   EXPECT_EQ(90.5,
             [WRTUnbox([WRTPropertyValueBridge createTimeSpanWithValue:WRTTimeSpanFromInterval(90.5)
                                                                 error:nullptr]) doubleValue]);
-}
+});
 
-void boxHostile() {
+const Cell boxHostile("support.box.hostile.refused", [] {
   NSError *error = nil;
   EXPECT_EQ(nil, WRTBox(nil, &error));
   EXPECT_EQ(status::kPointer, [error code]);
@@ -101,9 +101,9 @@ void boxHostile() {
   EXPECT_EQ(status::kPointer, [error code]);
   EXPECT_EQ(nil, WRTUnbox(strangerOf([WRTIPropertyValueBridge class]), &error));
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
-void referenceBothWays() {
+const Cell referenceBothWays("support.reference.both_ways.normal", [] {
   NSError *error = staleErrorOfCaller();
   id<WRTIReference__1_WRTTimeSpan_Bridge> span =
       WRTReferenceOf(@90, WRTIReference__1_WRTTimeSpan_Bridge, &error);
@@ -119,9 +119,9 @@ void referenceBothWays() {
   EXPECT_EQ(status::kInvalidArgument, [error code]);
   EXPECT_EQ(nil, WRTReferenceOf(@5, WRTIReference__1_WRTColor_Bridge, &error));
   EXPECT_EQ(status::kNotImplemented, [error code]);
-}
+});
 
-void bufferBothWays() {
+const Cell bufferBothWays("support.buffer.both_ways.normal", [] {
   NSError *error = staleErrorOfCaller();
   for (NSUInteger length : {0u, 1u, 4096u}) {
     NSMutableData *data = [NSMutableData dataWithLength:length];
@@ -134,15 +134,7 @@ void bufferBothWays() {
   EXPECT_EQ(status::kPointer, [error code]);
   EXPECT_EQ(nil, WRTDataFromBuffer(strangerOf([WRTIBufferBridge class]), &error));
   EXPECT_EQ(kNoInterface, [error code]);
-}
-
-const Cell cells[] = {
-    {"support.values.both_ways.normal", valuesBothWays},
-    {"support.box.both_ways.normal", boxBothWays},
-    {"support.box.hostile.refused", boxHostile},
-    {"support.reference.both_ways.normal", referenceBothWays},
-    {"support.buffer.both_ways.normal", bufferBothWays},
-};
+});
 
 } // namespace
 

@@ -24,7 +24,7 @@ WRTIAsyncActionBridge *action(HRESULT outcome) {
 }
 
 // Ended before, ending elsewhere, failing; each gives the operation's own type and error.
-void awaitEachKind() {
+const Cell awaitEachKind("support.await.each_kind.normal", [] {
   PoolDrained drained;
   expectLeftover({.strings = 1}); // a string result is not released
   NSError *error = staleErrorOfCaller();
@@ -49,10 +49,10 @@ void awaitEachKind() {
   EXPECT_TRUE(WRTAwait(action(status::kOk), nullptr));
   EXPECT_FALSE(WRTAwait(action(status::kFail), &error));
   EXPECT_EQ(status::kFail, [error code]);
-}
+});
 
 // The wait ends at the limit, the work is told to stop, and its end later harms nobody.
-void awaitLimit() {
+const Cell awaitLimit("support.await.limit.cancels", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   auto stopped = std::make_shared<std::atomic<bool>>(false);
@@ -72,9 +72,9 @@ void awaitLimit() {
   EXPECT_TRUE(*stopped);
   EXPECT_EQ(17u, WRTAwaitUntil(endedNumber(status::kOk), [NSDate distantPast], &error));
   EXPECT_EQ(nil, error);
-}
+});
 
-void awaitHostile() {
+const Cell awaitHostile("support.await.hostile.refused", [] {
   NSError *error = nil;
   EXPECT_EQ(0u, WRTAwait(static_cast<Number *>(nil), &error));
   EXPECT_EQ(status::kPointer, [error code]);
@@ -91,9 +91,9 @@ void awaitHostile() {
   // An action's bridge over an operation with a result has IAsyncInfo but not its interface.
   EXPECT_FALSE(WRTAwait([WRTIAsyncActionBridge cast:endedNumber(status::kOk)], &error));
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
-void thenEachKind() {
+const Cell thenEachKind("support.then.each_kind.normal", [] {
   PoolDrained drained;
   __block int calls = 0;
   WRTThen(endedNumber(status::kOk), ^(unsigned result, NSError *failure) {
@@ -132,9 +132,9 @@ void thenEachKind() {
     actedGate->open();
   });
   acted.wait();
-}
+});
 
-void progressReports() {
+const Cell progressReports("support.progress.reports.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   Progressing *operation = startedOperation<UInt32, UInt32>(
@@ -161,10 +161,10 @@ void progressReports() {
                              },
                              &error));
   EXPECT_EQ(kNoInterface, [error code]);
-}
+});
 
 // What is silent otherwise is an error; what is no failure leaves none.
-void tryMembers() {
+const Cell tryMembers("support.try.silent_members.normal", [] {
   WRTStorageFolderBridge *stranger = strangerOf([WRTStorageFolderBridge class]);
   NSError *error = nil;
   EXPECT_EQ(nil, [stranger getNameWithError:&error]);
@@ -189,9 +189,9 @@ void tryMembers() {
   EXPECT_FALSE(WRTSupports(operation, @protocol(NSObject)));
   EXPECT_FALSE(WRTSupports(nil, @protocol(WRTIAsyncInfoBridge)));
   EXPECT_EQ(0u, logRecords().size()) << "asking is no failure";
-}
+});
 
-void errorTexts() {
+const Cell errorTexts("support.errors.texts.normal", [] {
   const auto text = [](uint32_t status) {
     NSError *error = [NSError errorWithDomain:@"WRT"
                                          code:static_cast<HRESULT>(status)
@@ -204,10 +204,10 @@ void errorTexts() {
   EXPECT_TRUE([WRTErrorDescription(nil) isEqual:@"no error"]);
   EXPECT_TRUE(
       [WRTErrorDescription(staleErrorOfCaller()) isEqual:[staleErrorOfCaller() description]]);
-}
+});
 
 // Class, runtime class and identity, of which the last is the same for all bridges of an object.
-void descriptions() {
+const Cell descriptions("support.descriptions.all.normal", [] {
   WRTUriBridge *uri = [WRTUriBridge createUriWithUri:@"https://example.org" error:nullptr];
   void *identity = [uri _WRTIUnknownWithError:nullptr];
   static_cast<abi::IUnknown *>(identity)->Release();
@@ -222,18 +222,7 @@ void descriptions() {
   id stranger = strangerOf([WRTIStringableBridge class]);
   EXPECT_TRUE([[stranger description] hasPrefix:@"<WRTIStringableBridge 0x"]);
   EXPECT_TRUE([[[WRTKeyValuePair pairWithKey:@"a" value:@1] description] isEqual:@"a = 1"]);
-}
-
-const Cell cells[] = {
-    {"support.descriptions.all.normal", descriptions},
-    {"support.await.each_kind.normal", awaitEachKind},
-    {"support.await.limit.cancels", awaitLimit},
-    {"support.await.hostile.refused", awaitHostile},
-    {"support.then.each_kind.normal", thenEachKind},
-    {"support.progress.reports.normal", progressReports},
-    {"support.try.silent_members.normal", tryMembers},
-    {"support.errors.texts.normal", errorTexts},
-};
+});
 
 } // namespace
 
