@@ -184,50 +184,6 @@ const Cell closed("async.close.all.normal", [] {
   EXPECT_EQ(0, calls);
 });
 
-const Cell progress("async.progress.reports.normal", [] {
-  PoolDrained drained;
-  auto gate = std::make_shared<Gate>();
-  Gate called;
-  Gate *const calledGate = &called;
-  std::vector<unsigned> reports;
-  std::vector<unsigned> *const seen = &reports;
-  ProgressOperation operation = startedOperation<UInt32, UInt32>(
-      [ProgressBridge class], [gate](const Work<UInt32> &work, uint32_t &result) {
-        gate->wait();
-        for (uint32_t done : {0u, 50u, 0xFFFFFFFFu})
-          work.report(done);
-        result = 9;
-        return status::kOk;
-      });
-  void *const object = [static_cast<id>(operation) inner];
-  NSError *error = staleErrorOfCaller();
-  [operation
-      setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
-        ADD_FAILURE() << "this handler is replaced";
-        return 0;
-      }
-                       error:&error];
-  EXPECT_EQ(nil, error);
-  [operation
-      setProgressWithHandler:^HRESULT(ProgressOperation running, unsigned int done) {
-        EXPECT_EQ([ProgressBridge class], [static_cast<id>(running) class]);
-        EXPECT_EQ(object, [static_cast<id>(running) inner]);
-        seen->push_back(done);
-        return 0;
-      }
-                       error:&error];
-  [operation
-      setCompletedWithHandler:^HRESULT(ProgressOperation done, int) {
-        EXPECT_EQ(9u, [done getResultsWithError:nullptr]);
-        calledGate->open();
-        return 0;
-      }
-                        error:&error];
-  gate->open();
-  called.wait();
-  EXPECT_EQ((std::vector<unsigned>{0, 50, 0xFFFFFFFF}), reports);
-});
-
 // A progress handler that is set when there is nothing to report any more is not kept: here it
 // would keep its own operation.
 const Cell progressAfterEnd("async.progress.after_end.normal", [] {

@@ -88,17 +88,6 @@ const Cell values("boxing.scalar.values.normal", [] {
   roundTrip<WRTRect>(19, "Rect", {{1, 2, 3, 4}});
 });
 
-const Cell strings("boxing.scalar.strings.normal", [] {
-  expectLeftover({.strings = 1}); // a string result is not released
-  NSError *error = staleErrorOfCaller();
-  Boxed text = [Values createStringWithValue:@"Grüße" error:&error];
-  EXPECT_EQ(12, [valueOf(text) getTypeWithError:&error]);
-  EXPECT_TRUE([[valueOf(text) getStringWithError:&error] isEqual:@"Grüße"]);
-  Boxed nothing = [Values createStringWithValue:nil error:&error];
-  EXPECT_TRUE([[valueOf(nothing) getStringWithError:&error] isEqual:@""]);
-  EXPECT_EQ(nil, error);
-});
-
 const Cell objects("boxing.scalar.objects.normal", [] {
   NSError *error = staleErrorOfCaller();
   Boxed inner = [Values createEmptyWithError:&error];
@@ -177,40 +166,6 @@ const Cell conversions("boxing.scalar.numbers.converted", [] {
   EXPECT_EQ(0x1p64f, as<float>("Single", most));
 });
 
-/// Boxes arrays of 0 and of `values.size()` elements and reads them again.
-template <class T>
-void arrayRoundTrip(int type, const std::string &name, std::vector<T> values) {
-  SCOPED_TRACE(name);
-  for (unsigned int size : {0u, static_cast<unsigned int>(values.size())}) {
-    NSError *error = staleErrorOfCaller();
-    id boxed = send<id>([Values class], "create" + name + "ArrayWithValueSize:value:error:", size,
-                        values.data(), &error);
-    ASSERT_NE(nil, boxed);
-    EXPECT_EQ(type, [valueOf(boxed) getTypeWithError:&error]);
-    EXPECT_FALSE([valueOf(boxed) getIsNumericScalarWithError:&error]);
-    unsigned int count = 99;
-    T *read = nullptr;
-    send<void>(valueOf(boxed), "get" + name + "ArrayWithValueSize:value:error:", &count, &read,
-               &error);
-    EXPECT_EQ(nil, error);
-    ASSERT_EQ(size, count);
-    for (unsigned int i = 0; i < size; ++i)
-      EXPECT_TRUE(same(values[i], read[i]));
-    WRTTaskMemFree(read);
-  }
-}
-
-const Cell arrays("boxing.array.values.normal", [] {
-  arrayRoundTrip<unsigned char>(1025, "UInt8", {1, 2, 0xFF});
-  arrayRoundTrip<short>(1026, "Int16", {-1, 2});
-  arrayRoundTrip<int>(1028, "Int32", std::vector<int>(1000, -7));
-  arrayRoundTrip<unsigned long long>(1031, "UInt64", {UINT64_MAX});
-  arrayRoundTrip<double>(1033, "Double", {1.5, -0.0});
-  arrayRoundTrip<unsigned char>(1035, "Boolean", {0, 1});
-  arrayRoundTrip<GUID>(1040, "Guid", {abi::IUnknown::kIid, abi::IInspectable::kIid});
-  arrayRoundTrip<WRTRect>(1043, "Rect", {{1, 2, 3, 4}, {5, 6, 7, 8}});
-});
-
 // The caller's array is emptied first; the block that came is not freed. A failure leaves it alone.
 const Cell stringArrays("boxing.array.strings.normal", [] {
   expectLeftover({.taskBlocks = 1}); // that of the array with elements; an empty one has none
@@ -237,24 +192,6 @@ const Cell stringArrays("boxing.array.strings.normal", [] {
   [valueOf(boxed) getStringArrayWithValue:filled error:&error];
   EXPECT_EQ(status::kOutOfMemory, [error code]);
   EXPECT_TRUE([filled isEqual:@[ @"stays" ]]);
-});
-
-const Cell objectArrays("boxing.array.objects.normal", [] {
-  expectLeftover({.taskBlocks = 1}); // element blocks are not freed
-  Boxed one = [Values createInt32WithValue:1 error:nullptr];
-  Boxed two = [Values createStringWithValue:@"two" error:nullptr];
-  NSError *error = staleErrorOfCaller();
-  Boxed boxed = [Values createInspectableArrayWithValue:@[ one, two ] error:&error];
-  EXPECT_EQ(1037, [valueOf(boxed) getTypeWithError:&error]);
-  NSMutableArray *filled = [NSMutableArray array];
-  [valueOf(boxed) getInspectableArrayWithValue:filled error:&error];
-  ASSERT_EQ(2u, [filled count]);
-  EXPECT_EQ([WRTIInspectableBridge class], [[filled objectAtIndex:0] class]);
-  EXPECT_EQ([static_cast<id>(two) inner], [[filled objectAtIndex:1] inner]);
-  EXPECT_EQ(nil, error);
-  NSArray *bad = @[ one, strangerOf([WRTIInspectableBridge class]), two ];
-  EXPECT_EQ(nil, [Values createInspectableArrayWithValue:bad error:&error]);
-  EXPECT_EQ(kNoInterface, [error code]);
 });
 
 // Of a scalar and of a structure; every instance has its own identifier in exhaustive_tests.

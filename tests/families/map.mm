@@ -36,53 +36,10 @@ Objects newObjects() {
       [WRTIMap__2_WRTIInspectable_P_WRTIInspectable_P_Bridge bridgeTransfer:map]);
 }
 
-id<WRTIVector__1_WRTHSTRING_Bridge> newList() {
-  return
-      [WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:make<Vector<String>>().detach()->identity()];
-}
-
 id<WRTIInspectableBridge> newObject() {
   return [WRTIInspectableBridge
       bridgeTransfer:make<StandIn<abi::IInspectable>>().detach()->identity()];
 }
-
-const Cell lists("map.strings.all.normal", [] {
-  Lists map = newLists();
-  id<WRTIVector__1_WRTHSTRING_Bridge> one = newList();
-  id<WRTIVector__1_WRTHSTRING_Bridge> two = newList();
-  NSError *error = staleErrorOfCaller();
-  bool replaced = true;
-  [map insertWithKey:@"key" value:one replaced:&replaced error:&error];
-  EXPECT_EQ(nil, error);
-  EXPECT_FALSE(replaced);
-  [map insertWithKey:@"key" value:two replaced:&replaced error:&error];
-  EXPECT_TRUE(replaced);
-  [map insertWithKey:@"other" value:one replaced:&replaced error:&error];
-  EXPECT_FALSE(replaced);
-  EXPECT_EQ(2u, [map getSizeWithError:&error]);
-  id<WRTIVector__1_WRTHSTRING_Bridge> found = [map lookupWithKey:@"key" error:&error];
-  EXPECT_EQ([WRTIVector__1_WRTHSTRING_Bridge class], [static_cast<id>(found) class]);
-  EXPECT_EQ([static_cast<id>(two) inner], [static_cast<id>(found) inner]);
-  EXPECT_TRUE([map hasKeyWithKey:@"other" error:&error]);
-  EXPECT_FALSE([map hasKeyWithKey:@"Key" error:&error]);
-  EXPECT_EQ([WRTIMapView__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge class],
-            [static_cast<id>([map getViewWithError:&error]) class]);
-  [map removeWithKey:@"key" error:&error];
-  EXPECT_FALSE([map hasKeyWithKey:@"key" error:&error]);
-  [map clearWithError:&error];
-  EXPECT_EQ(0u, [map getSizeWithError:&error]);
-  EXPECT_EQ(nil, error);
-});
-
-const Cell absentKey("map.strings.key.absent", [] {
-  Lists map = newLists();
-  NSError *error = nil;
-  EXPECT_EQ(nil, [map lookupWithKey:@"absent" error:&error]);
-  EXPECT_EQ(status::kBounds, [error code]);
-  error = nil;
-  [map removeWithKey:@"absent" error:&error];
-  EXPECT_EQ(status::kBounds, [error code]);
-});
 
 // Nil is the empty string, and costs no clean-up.
 const Cell nilKey("map.strings.key.nil", [] {
@@ -124,6 +81,15 @@ const Cell objectKeys("map.objects.all.normal", [] {
   EXPECT_EQ(nil, [map lookupWithKey:key error:&error]);
   EXPECT_EQ(nil, error);
   EXPECT_EQ(2u, [map getSizeWithError:&error]);
+  [map removeWithKey:nil error:&error];
+  EXPECT_FALSE([map hasKeyWithKey:nil error:&error]);
+  EXPECT_EQ(nil, error);
+  [map removeWithKey:nil error:&error];
+  EXPECT_EQ(status::kBounds, [error code]);
+  EXPECT_EQ(nil, [map lookupWithKey:nil error:&error]);
+  EXPECT_EQ(status::kBounds, [error code]);
+  [map clearWithError:&error];
+  EXPECT_EQ(0u, [map getSizeWithError:&error]);
 });
 
 // The key is converted first and released although the value cannot be.
