@@ -6,7 +6,6 @@
 #include "platform/linux/tests/Threads.h"
 
 #include <atomic>
-#include <set>
 #include <string>
 
 namespace wrt::test {
@@ -46,20 +45,6 @@ protected:
   std::unique_ptr<EventSource<Handler>> source = std::make_unique<EventSource<Handler>>();
   std::string calls_;
 };
-
-TEST_F(Events, TokensNeverRepeatAndDoNotFitThirtyTwoBits) {
-  std::set<int64_t> tokens;
-  EventSource<Handler> other;
-  for (int round = 0; round < 100; ++round) {
-    const auto token = addLetter('a');
-    EXPECT_GT(token.value, INT64_C(0xFFFFFFFF));
-    EXPECT_TRUE(tokens.insert(token.value).second);
-    EXPECT_EQ(other.remove(token), status::kOk);
-    if (round % 2 == 0)
-      source->remove(token);
-  }
-  EXPECT_EQ(source->count(), 50u);
-}
 
 TEST_F(Events, DisconnectedHandlerIsRemoved) {
   addLetter('a', status::kDisconnected);

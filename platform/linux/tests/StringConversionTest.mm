@@ -51,17 +51,5 @@ TEST_F(StringConversion, UnpairedSurrogatesMakeAFullString) {
   EXPECT_TRUE([raised isEqual:NSRangeException]);
 }
 
-// Quadratic conversion of a million units would take minutes.
-TEST_F(StringConversion, AMillionUnits) {
-  for (const char16_t unit : {u'x', u'\u4E2D', char16_t{0xD800}}) {
-    const std::u16string units(1'000'000, unit);
-    const StringHolder string(units);
-    NSString *converted = WRTHSTRINGToCFString(string.get());
-    const StringHolder back = StringHolder::adopt(WRTHSTRINGFromCFString(converted));
-    EXPECT_TRUE(back.view() == units);
-    [converted release];
-  }
-}
-
 } // namespace
 } // namespace wrt::test
