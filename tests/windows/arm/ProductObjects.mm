@@ -1,4 +1,4 @@
-// Objects in and out, classes and their factories, failures.
+// Objects in and out, and failures.
 #include "arm/FakeObject.h"
 
 #import <WRTObjcBridge/test.h>
@@ -125,37 +125,6 @@ void testObjectsOut(TestObject &object, WRTTestInterfaceBridge *bridge) {
   CHECK(child->references == 1);
 }
 
-void testClasses() {
-  NSError *error = nil;
-  CHECK([WRTTestClassBridge testFactoryFunctionWithError:&error] == nil && error == nil);
-
-  FakeObject<WRTTestInterfaceFactoryVtbl> factory(kWRTTestInterfaceFactoryIID);
-  factory.table.TestFactoryFunction = [](WRTTestInterfaceFactory *,
-                                         WRTTestInterface **result) -> HRESULT {
-    handOut(result);
-    return 0;
-  };
-  testSetFactory(u"TestClass", &factory);
-  CHECK([[WRTTestClassBridge testFactoryFunctionWithError:&error] inner] == child);
-  // Its first slot is where an activation factory makes default instances.
-  WRTTestClassBridge *made = [[WRTTestClassBridge alloc] init];
-  CHECK([made inner] == child);
-  // The second interface is asked for by itself, and this object has none.
-  [made voidFunctionFromInterface2WithError:&error];
-  CHECK(error == nil);
-  [made release];
-
-  FakeObject<WRTTestInterfaceStaticsVtbl> statics(kWRTTestInterfaceStaticsIID);
-  statics.table.TestStaticFunction = [](WRTTestInterfaceStatics *) -> HRESULT { return kFail; };
-  testSetFactory(u"TestClass", &statics);
-  [WRTTestClassBridge testStaticFunctionWithError:&error];
-  CHECK([error code] == kFail);
-
-  testSetFactory(u"", nullptr);
-  testPoolPop(0);
-  CHECK(child->references == 1 && factory.references == 1);
-}
-
 } // namespace
 
 void testObjects() {
@@ -165,7 +134,6 @@ void testObjects() {
   WRTTestInterfaceBridge *bridge = [[WRTTestInterfaceBridge alloc] initWithInner:&object];
   testObjectsIn(object, bridge);
   testObjectsOut(object, bridge);
-  testClasses();
   CHECK(object.references == 1);
   [bridge release];
 }

@@ -232,17 +232,6 @@ TEST_F(StartUp, UnregistersThroughTheMainProgram) {
   EXPECT_EQ(told, std::vector<std::uint32_t>{module->address(section("objcinfo"))});
 }
 
-TEST_F(StartUp, LooksForTheRuntimesInOrder) {
-  process.hiddenModules = {"zorvex.dll"};
-  const int images = registeredImages();
-  ASSERT_TRUE(process.attach(*module));
-  EXPECT_EQ(registeredImages(), images);
-  const std::vector<std::string> end(process.calls.end() - 3, process.calls.end());
-  EXPECT_EQ(end, (std::vector<std::string>{"GetModuleHandleW zorvex.dll",
-                                           "GetModuleHandleW objc_zorvex.dll",
-                                           "GetModuleHandleW objc4_noncompact.dll"}));
-}
-
 /// What the process lacks, and whether the image is patched all the same. Without patches there are
 /// no classes that a runtime could take.
 class Lacking : public StartUp,
