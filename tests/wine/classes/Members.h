@@ -1,8 +1,6 @@
 #ifndef WRT_TESTS_WINE_MEMBERS_H
 #define WRT_TESTS_WINE_MEMBERS_H
 
-#include "tests/wine/classes/Answer.h"
-
 #import <Foundation/Foundation.h>
 
 #include <gtest/gtest.h>
@@ -10,6 +8,17 @@
 #include <string>
 
 namespace wrt::test {
+
+/// What a version of Wine answers when a member is called.
+enum class Answer {
+  Works,
+  /// Succeeds and does not do its work: a handler is not kept, an element not found.
+  Stub,
+  /// Fails with `E_NOTIMPL`.
+  NotImplemented,
+  /// The object lacks the member's interface, so that the bridge does not call at all.
+  NoInterface,
+};
 
 /// One member of a class: a test under the name `Class.Member`. `body` calls the member with
 /// `error`, and when `*error` is nil then, compares what it did with what is known independently.
@@ -19,9 +28,11 @@ struct Member {
   Member(const char *name, void (*body)(NSError **error));
 };
 
-/// Makes a test of every other member in the list of expectations, which calls it through the
-/// runtime with plain arguments: a type's name for a string, a block, nothing for anything else.
-void addPlainMembers();
+/// Reads the list of expectations: `Class.Member answer` a line, where the answer is `works`,
+/// `stub`, `not_implemented` or `no_interface`; `#` begins a comment. Ends the process when it
+/// cannot. Makes a test of every member that has none, which calls it through the runtime with
+/// plain arguments: a type's name for a string, a block, nothing for anything else.
+void readExpectations(const char *path);
 
 /// A new instance of a class that such members are of, autoreleased; nil for one that has statics.
 id newInstance(const std::string &className);

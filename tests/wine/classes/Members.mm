@@ -1,21 +1,25 @@
 #include "tests/wine/classes/Members.h"
 
-#include "tests/wine/classes/Expectations.h"
-
 #include "platform/linux/ledger/WRTLedger.h"
 #include "tests/catalogue/CatalogueTable.h"
 #include "tests/exhaustive/Encoding.h"
 
 #include <WRTStatus.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <functional>
+#include <map>
 #include <set>
+#include <sstream>
 #include <string>
 
 namespace wrt::test {
 
 namespace {
 
+/// By `Class.Member`.
+std::map<std::string, Answer> expectations;
 Answer expected;
 int handedOver = 0;
 
@@ -47,8 +51,8 @@ public:
       : name_(std::move(name)), body_(std::move(body)) {}
 
   void TestBody() override {
-    const auto answer = expectations().find(name_);
-    if (answer == expectations().end())
+    const auto answer = expectations.find(name_);
+    if (answer == expectations.end())
       GTEST_FAIL() << "not in the list of expectations";
     expected = answer->second;
     handedOver = 0;
@@ -144,10 +148,26 @@ void callPlainly(const std::string &whole, NSError **error) {
 
 Member::Member(const char *name, void (*body)(NSError **)) { add(name, body); }
 
-void addPlainMembers() {
-  for (const auto &[name, answer] : expectations())
+void readExpectations(const char *path) {
+  static const std::map<std::string, Answer> words = {{"works", Answer::Works},
+                                                      {"stub", Answer::Stub},
+                                                      {"not_implemented", Answer::NotImplemented},
+                                                      {"no_interface", Answer::NoInterface}};
+  for (std::string line : readLines(path)) {
+    line.erase(std::min(line.find('#'), line.size()));
+    std::istringstream parts(line);
+    std::string name, word;
+    if (!(parts >> name))
+      continue;
+    parts >> word;
+    if (!words.contains(word) || !expectations.emplace(name, words.at(word)).second) {
+      std::fprintf(stderr, "%s: \"%s\" is no answer of %s, or the second one\n", path, word.c_str(),
+                   name.c_str());
+      std::exit(2);
+    }
     if (!tested().contains(name))
-      add(name, [name = name](NSError **error) { callPlainly(name, error); });
+      add(name, [name](NSError **error) { callPlainly(name, error); });
+  }
 }
 
 Answer expectedAnswer() { return expected; }
