@@ -39,13 +39,13 @@ abi::TestInterface *makeElement(int32_t, abi::TestInterface **) {
   return script().nullObjects ? nullptr : implement::make<TestObject>().detach();
 }
 
-HRESULT handOutObject(const char *member, abi::TestInterface **place) {
+HRESULT answer(const char *member, abi::TestInterface **place) {
   if (handsOut(member, place))
     *place = makeElement(0, place);
   return script().status;
 }
 
-HRESULT handOutString(const char *member, HSTRING *place) {
+HRESULT answer(const char *member, HSTRING *place) {
   if (handsOut(member, place))
     makeString(script().string, place);
   return script().status;

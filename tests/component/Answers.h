@@ -30,8 +30,16 @@ inline HRESULT receive(std::string text) {
   return script().status;
 }
 
+// What a member does, by its parameters.
+inline HRESULT answer(const char *member) { return receive(member); }
+
 template <class T>
-HRESULT receiveArray(const char *member, int32_t count, T *block) {
+HRESULT answer(const char *member, T value) {
+  return receive(std::string(member) + " " + describe(value));
+}
+
+template <class T>
+HRESULT answer(const char *member, int32_t count, T *block) {
   std::string text = std::string(member) + " [";
   for (int32_t i = 0; i < count; ++i)
     text += (i ? ", " : "") + describe(block[i]);
@@ -53,12 +61,18 @@ HRESULT handOut(const char *member, T *place, T value) {
     *place = value;
   return script().status;
 }
-HRESULT handOutObject(const char *member, abi::TestInterface **place);
-HRESULT handOutString(const char *member, HSTRING *place);
+inline HRESULT answer(const char *member, int32_t *place) {
+  return handOut(member, place, script().integer);
+}
+inline HRESULT answer(const char *member, WRTTestStruct *place) {
+  return handOut(member, place, script().structure);
+}
+HRESULT answer(const char *member, abi::TestInterface **place);
+HRESULT answer(const char *member, HSTRING *place);
 
 /// An array that the component allocates and the caller owns.
 template <class T>
-HRESULT handOutArray(const char *member, int32_t *count, T **block) {
+HRESULT answer(const char *member, int32_t *count, T **block) {
   if (handsOut(member, count, block)) {
     *count = script().count;
     *block = static_cast<T *>(WRTTaskMemAlloc(static_cast<size_t>(*count) * sizeof(T)));
@@ -70,7 +84,7 @@ HRESULT handOutArray(const char *member, int32_t *count, T **block) {
 
 /// An array of the caller's that the component fills.
 template <class T>
-HRESULT fillArray(const char *member, int32_t size, int32_t *count, T *block) {
+HRESULT answer(const char *member, int32_t size, int32_t *count, T *block) {
   if (handsOut(std::string(member) + " " + std::to_string(size), count)) {
     *count = std::min(size, script().count);
     for (int32_t i = 0; i < *count; ++i)

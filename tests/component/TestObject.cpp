@@ -58,10 +58,10 @@ HRESULT TestObject::InDelegateReturnInterface(abi::TestDelegateWithReturnInterfa
                     WRTIUnknownSafeRelease);
 }
 
-HRESULT TestFactory::TestStaticFunction() { return receive("TestStaticFunction"); }
+HRESULT TestFactory::TestStaticFunction() { return answer("TestStaticFunction"); }
 
 HRESULT TestFactory::TestFactoryFunction(abi::TestInterface **result) {
-  return handOutObject("TestFactoryFunction", result);
+  return answer("TestFactoryFunction", result);
 }
 
 ComPtr<abi::TestDelegate> keptDelegate() { return kept; }
