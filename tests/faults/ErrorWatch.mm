@@ -1,4 +1,4 @@
-#include "tests/exhaustive/Encoding.h"
+#include "debug/Encoding.h"
 #include "tests/faults/Fault.h"
 
 #import <WRTObjcBridge/WRTUnknownBridge.h>
@@ -22,7 +22,7 @@ struct Watched {
   bool isAccessor = false;
   IMP original = nullptr;
   ffi_cif cif{};
-  std::vector<EncodedType> types;
+  std::vector<debug::EncodedType> types;
   std::vector<ffi_type *> parameters;
 };
 
@@ -53,7 +53,7 @@ const char *wrongError(const Running &call, NSError *before, NSError *after) {
   return !after || after == before || isOurs ? nullptr : "the error is none of the library's";
 }
 
-bool isEmpty(const EncodedType &type, const void *result) {
+bool isEmpty(const debug::EncodedType &type, const void *result) {
   static constexpr unsigned char kZeros[64] = {};
   return type.kind == 'v' || std::memcmp(result, kZeros, type.ffi()->size) == 0;
 }
@@ -123,7 +123,7 @@ void watch(Class type, Method method, const char *mark) {
   auto *watched = new Watched;
   watched->name = mark + std::string("[") + class_getName(type) + " " + selector + "]";
   watched->isAccessor = isAccessor;
-  watched->types = parseEncoding(method_getTypeEncoding(method));
+  watched->types = debug::parseEncoding(method_getTypeEncoding(method));
   for (size_t i = 1; i < watched->types.size(); ++i)
     watched->parameters.push_back(watched->types[i].ffi());
   void *code = nullptr;

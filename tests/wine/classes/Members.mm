@@ -1,8 +1,8 @@
 #include "tests/wine/classes/Members.h"
 
+#include "debug/Encoding.h"
 #include "platform/linux/ledger/WRTLedger.h"
 #include "tests/catalogue/CatalogueTable.h"
-#include "tests/exhaustive/Encoding.h"
 
 #include <WRTStatus.h>
 
@@ -124,7 +124,7 @@ void callPlainly(const std::string &whole, NSError **error) {
   ASSERT_NE(nil, receiver);
   SEL selector = NSSelectorFromString([NSString stringWithUTF8String:method->selector.c_str()]);
   // The error follows the last argument; what stands behind it nobody takes.
-  const auto types = parseEncoding(method->protocolEncoding);
+  const auto types = debug::parseEncoding(method->protocolEncoding);
   void *arguments[6] = {};
   ASSERT_GE(std::size(arguments), types.size() - 3);
   for (size_t i = 3; i + 1 < types.size(); ++i) {
