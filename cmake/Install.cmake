@@ -64,16 +64,21 @@ install(FILES ${CMAKE_CURRENT_LIST_DIR}/package/support.modulemap
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/linux/objc/include/objc
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/WRTObjcBridge/gnustep)
 
+include(InstallAddOns)
+
 set(package ${PROJECT_BINARY_DIR}/package)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/WRTObjcBridge)
 install(EXPORT WRTObjcBridge NAMESPACE WRTObjcBridge:: DESTINATION ${package_folder}
   FILE WRTObjcBridgeTargets.cmake)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/package/WRTObjcBridgeConfig.cmake.in
   ${package}/WRTObjcBridgeConfig.cmake INSTALL_DESTINATION ${package_folder}
+  PATH_VARS CMAKE_INSTALL_BINDIR CMAKE_INSTALL_DATADIR CMAKE_INSTALL_LIBDIR
   NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/package/WRTAddBridges.cmake.in ${package}/WRTAddBridges.cmake @ONLY)
 write_basic_package_version_file(${package}/WRTObjcBridgeConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${package}/WRTObjcBridgeConfig.cmake ${package}/WRTObjcBridgeConfigVersion.cmake
+  ${package}/WRTAddBridges.cmake
   DESTINATION ${package_folder})
 
 list(APPEND flags --start-no-unused-arguments -fobjc-exceptions --end-no-unused-arguments)

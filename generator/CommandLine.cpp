@@ -2,9 +2,23 @@
 
 #include "generator/emit/Outputs.h"
 
+#include <algorithm>
+#include <cctype>
 #include <sstream>
 
 namespace bridgegen {
+
+namespace {
+
+/// Letters, digits and some of `more`, with a letter in front.
+bool isName(const std::string &text, std::string_view more) {
+  const auto is = [](int (*kind)(int), char c) { return kind(static_cast<unsigned char>(c)) != 0; };
+  return !text.empty() && is(std::isalpha, text[0]) &&
+         std::all_of(text.begin(), text.end(),
+                     [&](char c) { return is(std::isalnum, c) || more.find(c) != more.npos; });
+}
+
+} // namespace
 
 std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &arguments,
                                             std::string &problem) {
@@ -45,6 +59,24 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
         return std::nullopt;
       }
       commandLine.platform = arguments[i];
+    } else if (argument == "--known") {
+      if (++i == arguments.size()) {
+        problem = "'--known' needs a file or folder";
+        return std::nullopt;
+      }
+      commandLine.known.push_back(arguments[i]);
+    } else if (argument == "--library") {
+      if (++i == arguments.size() || !isName(arguments[i], "_.-")) {
+        problem = "'--library' needs a name of letters, digits, '_', '.' and '-'";
+        return std::nullopt;
+      }
+      commandLine.target.name = arguments[i];
+    } else if (argument == "--prefix") {
+      if (++i == arguments.size() || !isName(arguments[i], "_")) {
+        problem = "'--prefix' needs a name of letters, digits and '_'";
+        return std::nullopt;
+      }
+      commandLine.target.prefix = arguments[i];
     } else if (argument.starts_with("-")) {
       problem = "unknown option '" + argument + "'";
       return std::nullopt;
@@ -54,7 +86,10 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
   }
   if (commandLine.help)
     return commandLine;
-  if (commandLine.files.empty())
+  if (!commandLine.target.isAddOn() &&
+      (!commandLine.known.empty() || !commandLine.target.prefix.empty()))
+    problem = "'--known' and '--prefix' are for add-ons; '--library' names one";
+  else if (commandLine.files.empty())
     problem = "no declarations files";
   else if (!commandLine.output.empty() && !commandLine.reference.empty())
     problem = "'--output' and '--reference' are two runs";
@@ -69,7 +104,9 @@ constexpr const char *kUsage =
     R"(Usage: bridgegen --output FOLDER [--hand-written FILE] [--delegate-header HEADER]
                  FILE.idl...
        bridgegen --reference FOLDER [--hand-written FILE] [--platform FILE] FILE.idl...
-       bridgegen --list-outputs FILE.idl...
+       bridgegen --library NAME [--prefix PREFIX] --known CATALOGUE --output FOLDER
+                 [--delegate-header HEADER] FILE.idl...
+       bridgegen --list-outputs [--library NAME] FILE.idl...
        bridgegen import --help
 
 Makes the Objective-C bridges of the WinRT types that the files declare. All files are
@@ -93,6 +130,12 @@ Options:
   --platform FILE   What the embedded platform has written, for the reference: on
                     each line an interface, or an interface, a tab and a function
                     that is not implemented.
+  --library NAME    Make the bridges of an add-on beside the product; its headers are
+                    included as <NAME/FILE.h>.
+  --known CATALOGUE A file, or a folder of '.idl' files, with what the product has:
+                    the add-on's declarations may name it, and it is not made again.
+  --prefix PREFIX   Stands before the names of the add-on's C structures and
+                    Objective-C classes, those of instances that it makes included.
   --list-outputs    Print the paths of the outputs, relative to the output folder,
                     one a line, and write nothing. The files need not exist.
   --help            Print this.
@@ -110,8 +153,8 @@ Exit status:
 
 void writeOutputs(std::ostream &out, bool areOfUnits) {
   for (const Output &output : allOutputs()) {
-    if (output.isOfUnit() == areOfUnits)
-      out << "  " << output.pathOf("U") << "\n      " << output.description << '\n';
+    if (output.isOfUnit() == areOfUnits && output.madeFor != For::AddOn)
+      out << "  " << output.pathOf({}, "U") << "\n      " << output.description << '\n';
   }
 }
 

@@ -1,6 +1,8 @@
 #ifndef WRT_GENERATOR_COMMAND_LINE_H
 #define WRT_GENERATOR_COMMAND_LINE_H
 
+#include "generator/model/Target.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +18,8 @@ struct CommandLine {
   std::string platform;       ///< a file; empty for none
   std::string handWritten;    ///< a file; empty for none
   std::string delegateHeader; ///< empty for none
+  Target target;
+  std::vector<std::string> known; ///< declarations files and folders of them
   std::vector<std::string> files;
 };
 

@@ -25,7 +25,7 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extra
   // follows from a half-built model.
   if (diagnostics.hasErrors())
     return std::nullopt;
-  const std::unique_ptr<Model> model = buildModel(units, diagnostics);
+  const std::unique_ptr<Model> model = buildModel(units, diagnostics, extras.target);
   if (diagnostics.hasErrors())
     return std::nullopt;
   check(*model, diagnostics);

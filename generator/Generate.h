@@ -1,6 +1,7 @@
 #ifndef WRT_GENERATOR_GENERATE_H
 #define WRT_GENERATOR_GENERATE_H
 
+#include "generator/model/Target.h"
 #include "generator/output/OutputSet.h"
 #include "generator/read/Diagnostics.h"
 
@@ -15,6 +16,7 @@ struct Extras {
   std::string delegateHeader;          ///< what the delegate factories include; empty for nothing
   bool isReference = false;            ///< the reference's pages are made, not the outputs
   const Source *platform = nullptr; ///< what the platform has written, for them; null for unknown
+  Target target = {};               ///< an add-on refers to the sources that are known
 };
 
 /// Reads, checks and emits all sources in memory. Nothing when something is wrong, which

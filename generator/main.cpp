@@ -2,6 +2,7 @@
 #include "generator/Generate.h"
 #include "generator/emit/Outputs.h"
 #include "generator/metadata/Import.h"
+#include "generator/read/Files.h"
 
 #include <exception>
 #include <filesystem>
@@ -31,20 +32,20 @@ int listOutputs(const CommandLine &commandLine) {
   std::vector<std::string> units;
   for (const std::string &file : commandLine.files)
     units.emplace_back(stem(file));
-  for (const std::string &path : outputPaths(units))
+  for (const std::string &path : outputPaths(commandLine.target, units))
     std::cout << path << '\n';
   return 0;
 }
 
 /// Reads the files into sources. On failure the file that cannot be read is reported.
-bool read(const std::vector<std::string> &files, std::deque<Source> &sources) {
+bool read(const std::vector<std::string> &files, Origin origin, std::deque<Source> &sources) {
   for (const std::string &file : files) {
     const std::optional<std::string> text = contents(file);
     if (!text) {
       std::cerr << file << ": error: cannot be read\n";
       return false;
     }
-    sources.emplace_back(file, *text);
+    sources.emplace_back(file, *text, origin);
   }
   return true;
 }
@@ -53,14 +54,16 @@ int generate(const CommandLine &commandLine) {
   std::deque<Source> sources;
   std::deque<Source> handWritten;
   std::deque<Source> platform;
-  if (!read(commandLine.files, sources) ||
-      (!commandLine.handWritten.empty() && !read({commandLine.handWritten}, handWritten)) ||
-      (!commandLine.platform.empty() && !read({commandLine.platform}, platform)))
+  if (!read(declarationFiles(commandLine.known), Origin::Known, sources) ||
+      !read(commandLine.files, Origin::Own, sources) ||
+      (!commandLine.handWritten.empty() &&
+       !read({commandLine.handWritten}, Origin::Own, handWritten)) ||
+      (!commandLine.platform.empty() && !read({commandLine.platform}, Origin::Own, platform)))
     return kWrongInput;
   Diagnostics diagnostics;
   const Extras extras{handWritten.empty() ? nullptr : &handWritten.front(),
                       commandLine.delegateHeader, !commandLine.reference.empty(),
-                      platform.empty() ? nullptr : &platform.front()};
+                      platform.empty() ? nullptr : &platform.front(), commandLine.target};
   const std::optional<OutputSet> outputs = bridgegen::generate(sources, extras, diagnostics);
   if (!outputs) {
     diagnostics.print(std::cerr);

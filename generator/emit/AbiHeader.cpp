@@ -56,10 +56,10 @@ private:
   }
 
   void writeIncludes() {
-    std::set<std::string> units{unit_.name};
+    Units units{&unit_};
     forEachNamedType([&](const Type &type) {
       if (type.kind == Kind::Struct)
-        units.insert(type.unit->name);
+        units.insert(type.unit);
     });
     writer_.append("#include <WRTUnknown.h>\n");
     writeTypesIncludes(writer_, units);
@@ -109,15 +109,15 @@ private:
   void writeCxxDeclarations() {
     std::set<std::string> names;
     for (const InterfaceType *interface : foreignInterfaces())
-      names.insert(interface->bridgeName);
+      names.insert(interface->scopeName());
     for (const InterfaceType *interface : unit_.interfaces)
-      names.insert(interface->bridgeName);
+      names.insert(interface->scopeName());
     forEachNamedType([&](const Type &type) {
       if (type.isDelegate())
-        names.insert(type.bridgeName);
+        names.insert(type.scopeName());
     });
     for (const Member *getter : delegateGetters())
-      names.insert(getter->result->bridgeName);
+      names.insert(getter->result->scopeName());
     for (const std::string &name : names)
       writer_.write("struct %;\n", name);
     writer_.append("\n");
@@ -137,12 +137,12 @@ private:
 
   void writeHead(const Type &type, const Guid &iid, std::string_view base) {
     writer_.write("/// %\nstruct % : % {\n  static constexpr GUID kIid%;\n", type.name,
-                  type.bridgeName, base, iid.initializer());
+                  type.scopeName(), base, iid.initializer());
   }
 
   /// Interfaces are never destroyed through a pointer, and a virtual destructor would take slots.
   void writeTail(const Type &type) {
-    writer_.write("\nprotected:\n  ~%() = default;\n};\n\n", type.bridgeName);
+    writer_.write("\nprotected:\n  ~%() = default;\n};\n\n", type.scopeName());
   }
 
   void writeInterface(const InterfaceType &interface) {

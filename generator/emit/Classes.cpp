@@ -1,12 +1,11 @@
 #include "generator/emit/Emit.h"
 
+#include "generator/emit/Definitions.h"
 #include "generator/emit/MemberConstant.h"
 #include "generator/emit/MethodText.h"
 #include "generator/emit/Outputs.h"
 #include "generator/emit/Parts.h"
 #include "generator/project/BridgeClass.h"
-
-#include <algorithm>
 
 namespace bridgegen {
 
@@ -17,31 +16,23 @@ std::string ownConstant(const BridgeClass &bridge, const Member &member) {
   return bridge.name + "_" + member.functionName();
 }
 
-/// A delegate's argument as the adapter takes it.
-std::string passedKind(const Type &type) {
-  if (type.isString())
-    return "PassedString";
-  if (!type.isReferenceType())
-    return "Passed<" + valueSpelling(type) + ">";
-  const InterfaceType *interface = crossingInterface(type);
-  return "PassedObject<" + (interface ? *interface : type).cName() + ", " + classReference(type) +
-         ">";
-}
-
 class Classes {
 public:
-  explicit Classes(const Unit &unit) : unit_(unit), bridges_(bridgeClassesOf(unit)) {}
+  explicit Classes(const Unit &unit) : unit_(unit), bridges_(bridgeClassesOf(unit)) {
+    for (const DelegateType *delegate : unit.delegates)
+      makerNeeds_.add(*delegate);
+  }
 
   std::string text() {
     writeBanner(writer_, unit_);
     writeIncludes();
     writer_.append("\n");
-    writeClassReferences();
+    makerNeeds_.classes.write(writer_);
     writer_.append("\nusing namespace wrt;\n\n");
     for (const InterfaceType *interface : unit_.interfaces)
-      writeAccessorFunction(*interface);
+      writeAccessorFunction(writer_, *interface);
     for (const DelegateType *delegate : unit_.delegates)
-      writeMaker(*delegate);
+      writeMaker(writer_, *delegate);
     writeOwnConstants();
     for (const BridgeClass &bridge : bridges_)
       writeClass(bridge);
@@ -50,37 +41,27 @@ public:
 
 private:
   void writeIncludes() {
-    std::set<std::string> members{unit_.name};
+    Units members{&unit_};
     for (const BridgeClass &bridge : bridges_) {
       for (const BridgeMethod &method : bridge.methods) {
         if (method.interface)
-          members.insert(method.interface->unit->name);
+          members.insert(method.interface->unit);
       }
     }
-    // The adapters' signatures name the tables of the raw arguments.
-    std::set<std::string> types;
-    std::set<std::string> platforms{unit_.name};
-    const auto addDelegate = [&](const DelegateType &delegate) {
-      platforms.insert(delegate.unit->name);
-      for (const Type *type : namedTypes(delegate)) {
-        const Type *crossing = type->kind == Kind::Struct ? type : crossingInterface(*type);
-        if (crossing)
-          types.insert(crossing->unit->name);
-      }
-    };
-    for (const DelegateType *delegate : unit_.delegates)
-      addDelegate(*delegate);
+    // Adapters that a class makes for itself name no classes: they take nothing.
+    MakerNeeds needs = makerNeeds_;
+    needs.platforms.insert(&unit_);
     forEachOwnConstant([&](const BridgeClass &, const BridgeMethod &,
-                           const DelegateType &delegate) { addDelegate(delegate); });
+                           const DelegateType &delegate) { needs.add(delegate); });
 
-    writer_.write("#import %\n", includeName(emitPublicHeader, unit_.name));
-    writeTypesIncludes(writer_, types);
+    writer_.write("#import %\n", includeName(emitPublicHeader, unit_));
+    writeTypesIncludes(writer_, needs.types);
     writer_.append("\n#include <WRTBridge.h>\n\n#include \"marshal/Accessor.h\"\n"
                    "#include \"marshal/Adapter.h\"\n#include \"marshal/Call.h\"\n");
-    for (const std::string &unit : members)
-      writer_.write("#include %\n", includeName(emitMembersHeader, unit));
-    for (const std::string &unit : platforms)
-      writer_.write("#include %\n", includeName(emitPlatformHeader, unit));
+    for (const Unit *unit : members)
+      writer_.write("#include %\n", includeName(emitMembersHeader, *unit));
+    for (const Unit *unit : needs.platforms)
+      writer_.write("#include %\n", includeName(emitPlatformHeader, *unit));
   }
 
   /// Visits the members whose constant each class has for itself.
@@ -98,43 +79,6 @@ private:
     }
   }
 
-  /// The classes that the adapters make bridges of.
-  void writeClassReferences() {
-    std::set<std::string> names;
-    for (const DelegateType *delegate : unit_.delegates) {
-      for (const DelegateType::Argument &argument : delegate->arguments) {
-        if (argument.type->kind == Kind::Class || argument.type->kind == Kind::Interface)
-          names.insert(argument.type->bridgeClass());
-      }
-    }
-    for (const std::string &name : names)
-      writer_.write("WRT_CLASS_REFERENCE(%);\n", name);
-  }
-
-  /// A boxed value comes out of its factory as a bridge of the plain object type, which has no
-  /// accessor for what it can be passed as; there the object itself is asked.
-  void writeAccessorFunction(const InterfaceType &interface) {
-    const std::string accessor = interface.accessorSelector();
-    writer_.write("void *wrt::%::interface(id object, NSError **error) {\n", interface.bridgeName);
-    if (interface.instance && interface.instance->familyName == "Windows.Foundation.IReference")
-      writer_.write("  if (![object respondsToSelector:@selector(%)])\n"
-                    "    return queryInterface(object, kIid, error);\n",
-                    accessor);
-    writer_.write("  return [object %error];\n}\n", accessor);
-  }
-
-  void writeMaker(const DelegateType &delegate) {
-    if (delegate.returnsObject())
-      return; // each class that needs it makes it for itself
-    std::string arguments = delegate.factory();
-    for (const DelegateType::Argument &argument : delegate.arguments)
-      arguments += ", " + passedKind(*argument.type);
-    writer_.write("\nvoid *wrt::delegates::%(id handler, Retained<> &adapter) {\n"
-                  "  return %<%>(handler, adapter);\n}\n",
-                  delegate.bridgeName,
-                  delegate.returnsString() ? "makeStringDelegate" : "makeDelegate", arguments);
-  }
-
   void writeOwnConstants() {
     forEachOwnConstant(
         [&](const BridgeClass &bridge, const BridgeMethod &method, const DelegateType &delegate) {
@@ -148,7 +92,7 @@ private:
                         "constexpr %;\n} // namespace\n",
                         name, bridge.name, method.method.selector, dot, result,
                         memberConstant(*method.member, name,
-                                       method.interface->bridgeName + "::interface",
+                                       method.interface->scopeName() + "::interface",
                                        "makeInterfaceDelegate<" + delegate.factory() + ", " +
                                            accessor + ", " + name + "_Site>"));
         });
@@ -178,14 +122,14 @@ private:
     std::string text = method.method.result.encoding == "v" ? "call(self, " : "return call(self, ";
     text += needsConstantPerClass(*method.member)
                 ? ownConstant(bridge, *method.member)
-                : method.interface->bridgeName + "::" + constantName(*method.member);
+                : method.interface->scopeName() + "::" + constantName(*method.member);
     for (const Method::Argument &argument : method.method.arguments)
       text += ", " + argument.name;
     return text + ", error)";
   }
 
   static std::string accessorBody(const BridgeClass &bridge, const InterfaceType &interface) {
-    const std::string iid = interface.bridgeName + "::kIid, error))";
+    const std::string iid = interface.scopeName() + "::kIid, error))";
     const std::string cast = "return static_cast<" + interface.cName() + " *>(";
     if (interface.isClassSide())
       return cast + "activationFactory(" + asClass(*bridge.type).nameConstant() + ", " + iid;
@@ -194,6 +138,7 @@ private:
 
   const Unit &unit_;
   const std::vector<BridgeClass> bridges_;
+  MakerNeeds makerNeeds_; ///< of the unit's delegates
   Writer writer_;
 };
 

@@ -28,6 +28,9 @@ std::string emitPlatformHeader(const Unit &unit, const Input &input);
 std::string emitDelegateFactories(const Unit &unit, const Input &input);
 std::string emitClassNames(const Unit &unit, const Input &input);
 
+/// What the classes of an add-on need for types of the product and the product keeps to itself.
+std::string emitProductParts(const Input &input);
+
 std::string emitUmbrella(const Input &input);
 /// In the form of a module definition's export lines.
 std::string emitBridgeExports(const Input &input);

@@ -15,7 +15,7 @@ std::string spelled(const Fact &fact) {
   case FactKind::Maker:
     break;
   }
-  return "delegates::" + fact.type->bridgeName;
+  return "delegates::" + fact.type->scopeName();
 }
 
 } // namespace
@@ -29,7 +29,7 @@ std::string constantName(const Member &member) {
 
 std::string accessorFunction(const Type &type) {
   const InterfaceType *interface = crossingInterface(type);
-  return (interface ? interface->bridgeName : "IInspectable") + "::interface";
+  return (interface ? interface->scopeName() : "IInspectable") + "::interface";
 }
 
 std::string classReference(const Type &type) { return "&k" + type.bridgeClass() + "Class"; }

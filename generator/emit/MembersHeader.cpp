@@ -1,5 +1,6 @@
 #include "generator/emit/Emit.h"
 
+#include "generator/emit/Definitions.h"
 #include "generator/emit/MemberConstant.h"
 #include "generator/emit/Parts.h"
 
@@ -20,8 +21,7 @@ public:
     {
       const IncludeGuard guard(writer_, unit_, "MEMBERS_H");
       writeIncludes();
-      for (const std::string &name : classes_)
-        writer_.write("WRT_CLASS_REFERENCE(%);\n", name);
+      classes_.write(writer_);
       writer_.append("\nnamespace wrt {\n\n");
       writeForwardDeclarations();
       for (const InterfaceType *interface : unit_.interfaces)
@@ -35,7 +35,7 @@ private:
   void collectFacts() {
     for (const DelegateType *delegate : unit_.delegates) {
       if (!delegate->returnsObject())
-        makers_.insert(delegate->bridgeName);
+        makers_.insert(delegate->scopeName());
     }
     for (const InterfaceType *interface : unit_.interfaces) {
       for (const Member &member : interface->members) {
@@ -45,11 +45,11 @@ private:
           if (fact.type->kind == Kind::Object)
             continue; // marshal/Inspectable.h has both
           if (fact.kind == FactKind::Class)
-            classes_.insert(fact.type->bridgeClass());
+            classes_.add(*fact.type);
           else if (fact.kind == FactKind::Maker)
-            makers_.insert(fact.type->bridgeName);
+            makers_.insert(fact.type->scopeName());
           else if (const InterfaceType *asked = crossingInterface(*fact.type))
-            asked_.insert(asked->bridgeName);
+            asked_.insert(asked->scopeName());
         }
         for (const Parameter &parameter : member.parameters)
           collectStruct(*parameter.type);
@@ -61,7 +61,7 @@ private:
 
   void collectStruct(const Type &type) {
     if (type.kind == Kind::Struct)
-      structUnits_.insert(type.unit->name);
+      structUnits_.insert(type.unit);
   }
 
   void writeIncludes() {
@@ -92,22 +92,22 @@ private:
   void writeInterface(const InterfaceType &interface) {
     writer_.write("/// %\nnamespace % {\ninline constexpr GUID kIid%;\n"
                   "void *interface(id object, NSError **error);\n",
-                  interface.name, interface.bridgeName, interface.iid.initializer());
+                  interface.name, interface.scopeName(), interface.iid.initializer());
     for (const Member &member : interface.members) {
       if (member.isBridged() && !needsConstantPerClass(member))
         writer_.write("inline constexpr %;\n",
                       memberConstant(member, constantName(member), "interface"));
     }
-    writer_.write("} // namespace %\n\n", interface.bridgeName);
+    writer_.write("} // namespace %\n\n", interface.scopeName());
   }
 
   const Unit &unit_;
   Writer writer_;
   // What the facts of this unit's members name.
-  std::set<std::string> classes_;
+  ClassReferences classes_;
   std::set<std::string> makers_;
   std::set<std::string> asked_;
-  std::set<std::string> structUnits_;
+  Units structUnits_;
 };
 
 } // namespace

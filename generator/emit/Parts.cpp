@@ -12,19 +12,31 @@ void writeBanner(Writer &writer, const Unit &unit) {
 
 IncludeGuard::IncludeGuard(Writer &writer, const Unit &unit, std::string_view suffix)
     : writer_(writer) {
-  std::string name = "WRT_";
-  for (const char c : unit.name)
-    name += std::isalnum(static_cast<unsigned char>(c))
-                ? static_cast<char>(std::toupper(static_cast<unsigned char>(c)))
-                : '_';
+  // A program may include units of one name from several libraries.
+  const std::string name = "WRT_" +
+                           (unit.target.isAddOn() ? macroPart(unit.target.name) + "_" : "") +
+                           macroPart(unit.name);
   writer.write("#ifndef %_%\n#define %_%\n\n", name, suffix, name, suffix);
 }
 
 IncludeGuard::~IncludeGuard() { writer_.append("\n#endif\n"); }
 
-void writeTypesIncludes(Writer &writer, const std::set<std::string> &units) {
-  for (const std::string &unit : units)
-    writer.write("#include %\n", includeName(emitTypesHeader, unit));
+void writeTypesIncludes(Writer &writer, const Units &units) {
+  for (const Unit *unit : units)
+    writer.write("#include %\n", includeName(emitTypesHeader, *unit));
+}
+
+std::string macroPart(const std::string &name) {
+  std::string part;
+  for (const char c : name)
+    part += std::isalnum(static_cast<unsigned char>(c))
+                ? static_cast<char>(std::toupper(static_cast<unsigned char>(c)))
+                : '_';
+  return part;
+}
+
+std::string exportMacro(const Unit &unit) {
+  return "WRT_" + (unit.target.isAddOn() ? macroPart(unit.target.name) : "BRIDGE") + "_API";
 }
 
 std::vector<const Type *> namedTypes(const DelegateType &delegate) {

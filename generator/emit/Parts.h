@@ -4,8 +4,6 @@
 #include "generator/model/Model.h"
 #include "generator/output/Writer.h"
 
-#include <set>
-
 /// Pieces that several outputs have in common.
 namespace bridgegen {
 
@@ -24,8 +22,14 @@ private:
   Writer &writer_;
 };
 
-/// Includes of the units' types headers, by name.
-void writeTypesIncludes(Writer &writer, const std::set<std::string> &units);
+/// Includes of the units' types headers.
+void writeTypesIncludes(Writer &writer, const Units &units);
+
+/// What marks the unit's classes as exported: `WRT_BRIDGE_API`.
+std::string exportMacro(const Unit &unit);
+
+/// `name` in capitals as part of a macro's name.
+std::string macroPart(const std::string &name);
 
 /// Everything that the interface's bridged members name: their parameters and results, with what is
 /// inside delegates.

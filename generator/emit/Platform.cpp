@@ -54,14 +54,14 @@ std::string emitPlatformHeader(const Unit &unit, const Input &) {
 std::string emitDelegateFactories(const Unit &unit, const Input &input) {
   Writer writer;
   writeBanner(writer, unit);
-  std::set<std::string> types;
+  Units types;
   for (const DelegateType *delegate : unit.delegates) {
     for (const Type *type : namedTypes(*delegate)) {
       if (type->kind == Kind::Struct)
-        types.insert(type->unit->name);
+        types.insert(type->unit);
     }
   }
-  writer.write("#include %\n", includeName(emitPlatformHeader, unit.name));
+  writer.write("#include %\n", includeName(emitPlatformHeader, unit));
   writeTypesIncludes(writer, types);
   if (unit.delegates.empty())
     return writer.text();
@@ -78,7 +78,7 @@ std::string emitDelegateFactories(const Unit &unit, const Input &input) {
 std::string emitClassNames(const Unit &unit, const Input &) {
   Writer writer;
   writeBanner(writer, unit);
-  writer.write("#include %\n", includeName(emitPlatformHeader, unit.name));
+  writer.write("#include %\n", includeName(emitPlatformHeader, unit));
   for (const ClassType *type : namedClasses(unit))
     writer.write("\nWRT_DLLEXPORT const char16_t *const % = u\"%\";\n", type->nameConstant(),
                  type->name);
@@ -87,7 +87,7 @@ std::string emitClassNames(const Unit &unit, const Input &) {
 
 std::string emitBridgeExports(const Input &input) {
   std::set<std::string> lines;
-  for (const auto &unit : input.model.units()) {
+  for (const Unit *unit : input.model.ownUnits()) {
     for (const ClassType *type : namedClasses(*unit))
       lines.insert(type->nameConstant() + " DATA\n");
     for (const DelegateType *delegate : unit->delegates)

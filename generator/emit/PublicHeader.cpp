@@ -64,10 +64,10 @@ private:
     for (const std::string &superclass : superclasses)
       writer_.write("#import <WRTObjcBridge/%.h>\n", superclass);
 
-    std::set<std::string> types{unit_.name};
+    Units types{&unit_};
     forEachNamedType([&](const Type &type) {
       if (type.kind == Kind::Struct || type.kind == Kind::Enum)
-        types.insert(type.unit->name);
+        types.insert(type.unit);
     });
     writeTypesIncludes(writer_, types);
   }
@@ -145,23 +145,23 @@ private:
   /// Classes need the protocols they adopt in full. These includes stand behind this unit's own
   /// protocols, since units adopt each other's.
   void writeAdoptedIncludes() {
-    std::set<std::string> units;
+    Units units;
     for (const ClassType *type : unit_.classes) {
       for (const InterfaceType *protocol : bridgeClassOf(*type).protocols) {
         if (protocol->unit != &unit_)
-          units.insert(protocol->unit->name);
+          units.insert(protocol->unit);
       }
     }
     if (units.empty())
       return;
     writer_.append("\n#pragma clang assume_nonnull end\n\n");
-    for (const std::string &unit : units)
-      writer_.write("#import %\n", includeName(emitPublicHeader, unit));
+    for (const Unit *unit : units)
+      writer_.write("#import %\n", includeName(emitPublicHeader, *unit));
     writer_.append("\n#pragma clang assume_nonnull begin\n");
   }
 
   void writeClass(const BridgeClass &bridge) {
-    writer_.write("\n/// %\nWRT_BRIDGE_API\n@interface % : %", describeClass(bridge, model_),
+    writer_.write("\n/// %\n%\n@interface % : %", describeClass(bridge, model_), exportMacro(unit_),
                   bridge.name, bridge.superclass);
     if (!bridge.protocols.empty())
       writeAdopted(bridge.protocols);
@@ -177,7 +177,7 @@ private:
       if (type.kind == Kind::Object)
         headers.insert("<WRTObjcBridge/WRTIInspectableBridge.h>");
       else if (type.isReferenceType() && type.unit != &unit_)
-        headers.insert(includeName(emitPublicHeader, type.unit->name));
+        headers.insert(includeName(emitPublicHeader, *type.unit));
     });
     if (headers.empty())
       return;
@@ -216,9 +216,9 @@ std::string emitUmbrella(const Input &input) {
                              "WRTIInspectableBridge", "WRTInterfaceProxy", "WRTOwnership"})
     writer.write("#import <WRTObjcBridge/%.h>\n", header);
   writer.append("\n");
-  for (const auto &unit : input.model.units()) {
+  for (const Unit *unit : input.model.ownUnits()) {
     if (isForApplications(*unit))
-      writer.write("#import %\n", includeName(emitPublicHeader, unit->name));
+      writer.write("#import %\n", includeName(emitPublicHeader, *unit));
   }
   writer.append("\n#endif\n");
   return writer.text();

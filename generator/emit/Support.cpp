@@ -14,7 +14,7 @@ constexpr const char *kCollections = "Windows.Foundation.Collections.";
 /// Calls `visit` with every bridged instance of a generic interface.
 template <class Visit>
 void forEachInstance(const Model &model, Visit visit) {
-  for (const auto &unit : model.units()) {
+  for (const Unit *unit : model.ownUnits()) {
     for (const InterfaceType *interface : unit->interfaces) {
       if (interface->instance && interface->isBridged())
         visit(*interface, *interface->instance);

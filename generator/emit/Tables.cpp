@@ -31,7 +31,7 @@ private:
 
 template <class Visit>
 void forEachBridge(const Model &model, Visit visit) {
-  for (const auto &unit : model.units()) {
+  for (const Unit *unit : model.ownUnits()) {
     for (const BridgeClass &bridge : bridgeClassesOf(*unit))
       visit(bridge);
   }
@@ -52,7 +52,7 @@ std::string emitCatalogue(const Input &input) {
       writer.write("%\t%\t%\t%\t%\t%\t%\n", bridge.name, side(method.method),
                    method.method.selector, method.method.encoding(),
                    method.interface ? method.method.extendedEncoding() : "-",
-                   method.interface ? method.interface->bridgeName : "-",
+                   method.interface ? method.interface->scopeName() : "-",
                    method.member ? std::to_string(method.member->slot) : "-");
   });
   return writer.text();
@@ -61,7 +61,7 @@ std::string emitCatalogue(const Input &input) {
 std::string emitIdentifiers(const Input &input) {
   std::set<std::string> lines;
   const auto add = [&](const InterfaceType &type) {
-    lines.insert("interface\t" + type.bridgeName + "\t" + type.bridgeClass() + "\t" +
+    lines.insert("interface\t" + type.scopeName() + "\t" + type.bridgeClass() + "\t" +
                  type.iid.lower() + "\n");
   };
   forEachBridge(input.model, [&](const BridgeClass &bridge) {
@@ -76,8 +76,8 @@ std::string emitIdentifiers(const Input &input) {
     const InterfaceType *standsFor = crossingInterface(*bridge.type);
     if (standsFor)
       add(*standsFor);
-    lines.insert("class\t" + bridge.type->bridgeName + "\t" + bridge.name + "\t" +
-                 bridge.type->name + "\t" + (standsFor ? standsFor->bridgeName : "-") + "\n");
+    lines.insert("class\t" + bridge.type->scopeName() + "\t" + bridge.name + "\t" +
+                 bridge.type->name + "\t" + (standsFor ? standsFor->scopeName() : "-") + "\n");
   });
   return std::accumulate(lines.begin(), lines.end(), std::string());
 }

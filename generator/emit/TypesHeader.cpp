@@ -76,6 +76,14 @@ void writeStruct(Writer &writer, const StructType &type) {
   writer.write("} %;\n", type.cName());
 }
 
+/// The product's stands in WRTTypes.h.
+void writeExportMacro(Writer &writer, const Unit &unit) {
+  const std::string macro = exportMacro(unit);
+  writer.write("\n#if !defined(%)\n#if defined(WRT_BUILDING_%)\n#define % WRT_DLLEXPORT\n"
+               "#else\n#define % WRT_DLLIMPORT\n#endif\n#endif\n",
+               macro, macroPart(unit.target.name), macro, macro);
+}
+
 } // namespace
 
 std::string emitTypesHeader(const Unit &unit, const Input &) {
@@ -83,16 +91,18 @@ std::string emitTypesHeader(const Unit &unit, const Input &) {
   writeBanner(writer, unit);
   {
     const IncludeGuard guard(writer, unit, "TYPES_H");
-    std::set<std::string> used;
+    Units used;
     for (const StructType *type : unit.structs) {
       for (const StructType::Field &field : type->fields) {
         const bool isDeclared = field.type->kind == Kind::Struct || field.type->kind == Kind::Enum;
         if (isDeclared && field.type->unit != &unit)
-          used.insert(field.type->unit->name);
+          used.insert(field.type->unit);
       }
     }
     writer.append("#include <WRTObjcBridge/WRTTypes.h>\n");
     writeTypesIncludes(writer, used);
+    if (unit.target.isAddOn())
+      writeExportMacro(writer, unit);
 
     for (const EnumType *type : unit.enums)
       writeEnum(writer, *type);

@@ -74,13 +74,13 @@ public:
 private:
   void writeEnumeration(const Definition &definition) {
     const auto scope = writer_.scope(
-        (definition.isFlags ? "flags enum " : "enum ") + definition.name + "\n{\n", "}\n");
+        (definition.isFlags ? "flags enum " : "enum ") + head(definition) + "\n{\n", "}\n");
     for (const Definition::Constant &constant : definition.constants)
       writer_.write("% = %,\n", constant.name, constant.value);
   }
 
   void writeStructure(const Definition &definition) {
-    const auto scope = writer_.scope("struct " + definition.name + "\n{\n", "}\n");
+    const auto scope = writer_.scope("struct " + head(definition) + "\n{\n", "}\n");
     for (const Definition::Field &field : definition.fields)
       writer_.write("% %;\n", shortName(field.type, nameSpace_), field.name);
   }

@@ -1,9 +1,8 @@
 #include "generator/metadata/Comparison.h"
 #include "generator/metadata/Import.h"
 #include "generator/metadata/ImportOptions.h"
+#include "generator/read/Files.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -21,24 +20,9 @@ std::string contents(const std::string &path) {
   return text.str();
 }
 
-/// The files themselves and the declarations in folders, in the order of their names.
 std::deque<Source> readKnown(const std::vector<std::string> &paths) {
-  namespace fs = std::filesystem;
-  std::vector<std::string> files;
-  for (const std::string &path : paths) {
-    if (!fs::is_directory(path)) {
-      files.push_back(path);
-      continue;
-    }
-    const size_t first = files.size();
-    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(path)) {
-      if (entry.path().extension() == ".idl")
-        files.push_back(entry.path().string());
-    }
-    std::sort(files.begin() + static_cast<std::ptrdiff_t>(first), files.end());
-  }
   std::deque<Source> sources;
-  for (const std::string &file : files)
+  for (const std::string &file : declarationFiles(paths))
     sources.emplace_back(file, contents(file));
   return sources;
 }

@@ -70,6 +70,8 @@ private:
       InterfaceType *instance = resolver_.resolveInstance(name, context);
       if (!instance)
         continue;
+      if (instance->hasProtocol() && instance->unit->isKnown && !item.unit->isKnown)
+        continue; // the one that is there serves
       if (instance->hasProtocol()) {
         diagnostics_.error(name.name.at, quoted(instance->name) + " is listed twice");
         continue;
@@ -138,14 +140,21 @@ private:
     resolver_.complete(scratch, *family.delegate, context);
   }
 
-  /// Instances of generic delegates are made by being used; they belong to their family's unit.
+  /// Instances of generic delegates are made by being used. They belong to their family's unit, or,
+  /// where that is known and does without, to the first that uses them.
   void collectDelegates() {
     std::map<std::string, DelegateType *> used;
+    std::map<const Type *, Unit *> users;
+    Unit *user = nullptr;
     const auto use = [&](const Type *type) {
-      if (type && type->isDelegate() && type->isInstance)
-        used.emplace(type->bridgeName, static_cast<DelegateType *>(model_.find(type->name)));
+      if (!type || !type->isDelegate() || !type->isInstance)
+        return;
+      auto *delegate = static_cast<DelegateType *>(model_.find(type->name));
+      if (used.emplace(type->bridgeName, delegate).second)
+        users.emplace(type, user);
     };
     for (const auto &unit : model_.units()) {
+      user = unit.get();
       for (const InterfaceType *interface : unit->interfaces) {
         for (const Member &member : interface->members) {
           use(member.result);
@@ -156,7 +165,11 @@ private:
     }
     for (const auto &[name, delegate] : used) {
       delegate->iid = signatures_.identifier(*delegate->instance);
-      model_.unitOf(*delegate).delegates.push_back(delegate);
+      Unit &familys = model_.unitOf(*delegate);
+      Unit &user = *users.at(delegate);
+      Unit &unit = familys.isKnown && !user.isKnown ? user : familys;
+      delegate->unit = &unit;
+      unit.delegates.push_back(delegate);
     }
   }
 
@@ -170,9 +183,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Model> buildModel(const std::vector<syntax::Unit> &units,
-                                  Diagnostics &diagnostics) {
-  auto model = std::make_unique<Model>();
+std::unique_ptr<Model> buildModel(const std::vector<syntax::Unit> &units, Diagnostics &diagnostics,
+                                  const Target &target) {
+  auto model = std::make_unique<Model>(target);
   Builder(declare(units, *model, diagnostics), *model, diagnostics).run();
   return model;
 }

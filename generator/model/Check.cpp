@@ -48,7 +48,7 @@ private:
         return std::tie(a->at.line, a->at.column) < std::tie(b->at.line, b->at.column);
       });
       for (const Type *type : types) {
-        const auto [other, isNew] = names.emplace(type->bridgeName, type);
+        const auto [other, isNew] = names.emplace(type->cName(), type);
         if (!isNew)
           diagnostics_.error(type->at, "bridge name " + quoted(type->bridgeName) +
                                            " is already that of " + quoted(other->second->name));

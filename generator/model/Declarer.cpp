@@ -23,8 +23,16 @@ public:
                            "unit " + quoted(unit.source->unit) +
                                " cannot begin with 'WRT', as the hand-written headers do");
     }
-    for (const auto &[name, unit] : byName) {
-      unit_ = &model_.addUnit(name);
+    // Known ones first: what they have is there when the others ask for it.
+    std::vector<const syntax::Unit *> ordered;
+    for (const Origin origin : {Origin::Known, Origin::Own}) {
+      for (const auto &[name, unit] : byName) {
+        if (unit->source->origin == origin)
+          ordered.push_back(unit);
+      }
+    }
+    for (const syntax::Unit *unit : ordered) {
+      unit_ = &model_.addUnit(unit->source->unit, unit->source->origin);
       for (const syntax::Declaration &declaration : unit->declarations) {
         declaration_ = &declaration;
         type_ = nullptr;
@@ -47,7 +55,7 @@ private:
 
   void declare(const syntax::Enumeration &declared) {
     refuseAttributes();
-    auto *type = newType<EnumType>(declared.name);
+    auto *type = newType<EnumType>(declared.name, declared.bridgeName);
     if (!type)
       return;
     type->isFlags = declared.isFlags;
@@ -63,7 +71,7 @@ private:
 
   void declare(const syntax::Structure &declared) {
     refuseAttributes();
-    if (auto *type = newType<StructType>(declared.name))
+    if (auto *type = newType<StructType>(declared.name, declared.bridgeName))
       unit_->structs.push_back(type);
   }
 

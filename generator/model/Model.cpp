@@ -4,7 +4,7 @@
 
 namespace bridgegen {
 
-Model::Model() {
+Model::Model(Target target) : target_(std::move(target)) {
   const auto add = [this](Kind kind, const char *name, const char *bridgeName) {
     auto &type = builtIns_[name];
     type = std::make_unique<Type>(kind, name, bridgeName);
@@ -21,10 +21,23 @@ const Type *Model::builtIn(std::string_view name) const {
   return found == builtIns_.end() ? nullptr : found->second.get();
 }
 
-Unit &Model::addUnit(std::string name) {
+Unit &Model::addUnit(std::string name, Origin origin) {
   units_.push_back(std::make_unique<Unit>());
-  units_.back()->name = std::move(name);
-  return *units_.back();
+  Unit &unit = *units_.back();
+  unit.name = std::move(name);
+  unit.isKnown = origin == Origin::Known;
+  if (!unit.isKnown)
+    unit.target = target_;
+  return unit;
+}
+
+std::vector<const Unit *> Model::ownUnits() const {
+  std::vector<const Unit *> own;
+  for (const auto &unit : units_) {
+    if (!unit->isKnown)
+      own.push_back(unit.get());
+  }
+  return own;
 }
 
 Unit &Model::unitOf(const Type &type) {

@@ -1,17 +1,21 @@
 #ifndef WRT_GENERATOR_MODEL_H
 #define WRT_GENERATOR_MODEL_H
 
+#include "generator/model/Target.h"
 #include "generator/model/Type.h"
 #include "generator/read/Diagnostics.h"
 
 #include <map>
 #include <memory>
+#include <set>
 
 namespace bridgegen {
 
 /// What one declarations file adds to the model, each list in the order of the outputs.
 struct Unit {
   std::string name;
+  Target target;        ///< whose bridges its types are
+  bool isKnown = false; ///< made elsewhere, and here referred to
   std::vector<const EnumType *> enums;
   std::vector<const StructType *> structs;
   std::vector<const DelegateType *> delegates;   ///< as declared, and used instances by name
@@ -19,10 +23,19 @@ struct Unit {
   std::vector<const ClassType *> classes;        ///< no extern ones
 };
 
+/// Units in the order of their names.
+struct ByName {
+  bool operator()(const Unit *left, const Unit *right) const { return left->name < right->name; }
+};
+using Units = std::set<const Unit *, ByName>;
+
 /// All types that the declarations tell of, looked up and complete.
 class Model {
 public:
-  Model();
+  explicit Model(Target target = {});
+
+  /// What the bridges are made for.
+  const Target &target() const { return target_; }
 
   /// The built-in type of that name, or null.
   const Type *builtIn(std::string_view name) const;
@@ -30,9 +43,11 @@ public:
   /// `Object`.
   const Type &object() const { return *object_; }
 
-  /// In the order of the files.
+  /// In the order of the files, the known ones first.
   const std::vector<std::unique_ptr<Unit>> &units() const { return units_; }
-  Unit &addUnit(std::string name);
+  /// The units whose bridges are to be made.
+  std::vector<const Unit *> ownUnits() const;
+  Unit &addUnit(std::string name, Origin origin);
   /// The unit of a declared type or an instance.
   Unit &unitOf(const Type &type);
 
@@ -55,6 +70,7 @@ public:
   const ClassType *classSideOwner(const InterfaceType &interface) const;
 
 private:
+  Target target_;
   std::map<std::string, std::unique_ptr<Type>, std::less<>> builtIns_;
   const Type *object_;
   std::vector<std::unique_ptr<Unit>> units_;

@@ -95,16 +95,16 @@ std::optional<std::string> Resolver::spelling(const Family &family, const Type &
     if (argument.isBoolean())
       return "WRT" + family.booleanSpelling;
     if (argument.scalar->isTypeArgument)
-      return argument.cName();
+      return "WRT" + argument.bridgeName;
     break;
   case Kind::String:
   case Kind::Enum:
   case Kind::Struct:
-    return argument.cName();
+    return "WRT" + argument.bridgeName;
   case Kind::Object:
   case Kind::Interface:
   case Kind::Class:
-    return argument.cName() + "_P";
+    return "WRT" + argument.bridgeName + "_P";
   case Kind::Delegate:
     break;
   }

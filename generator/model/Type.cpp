@@ -1,10 +1,16 @@
 #include "generator/model/Type.h"
 
+#include "generator/model/Model.h"
+
 #include <algorithm>
 #include <bit>
 #include <cassert>
 
 namespace bridgegen {
+
+std::string Type::cName() const { return (unit ? unit->target.prefix : "") + "WRT" + bridgeName; }
+
+std::string Type::scopeName() const { return (unit ? unit->target.prefix : "") + bridgeName; }
 
 std::string Type::simpleName() const {
   const std::string base = name.substr(0, name.find('<'));

@@ -46,7 +46,9 @@ struct Type {
   std::string simpleName() const;
   /// `WRTDateTime`, `WRTIBuffer`, `WRTIVector__1_WRTHSTRING`: its C structure, enumeration or
   /// table.
-  std::string cName() const { return "WRT" + bridgeName; }
+  std::string cName() const;
+  /// `DateTime`: what stands for it in C++.
+  std::string scopeName() const;
   /// The Objective-C class of the bridge, for an interface also the protocol.
   std::string bridgeClass() const { return cName() + (isInstance ? "_Bridge" : "Bridge"); }
   /// The method that gives the interface of a bridge.

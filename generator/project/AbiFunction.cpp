@@ -9,7 +9,7 @@ namespace bridgegen {
 
 std::string abiSpelling(const Type &type, AbiLanguage language) {
   const auto pointer = [&](const Type &interface) {
-    return (language == AbiLanguage::C ? interface.cName() : interface.bridgeName) + " *";
+    return (language == AbiLanguage::C ? interface.cName() : interface.scopeName()) + " *";
   };
   switch (type.kind) {
   case Kind::String:

@@ -43,7 +43,7 @@ void checkClass(const ClassType &type, Diagnostics &diagnostics) {
 } // namespace
 
 void checkSelectors(const Model &model, Diagnostics &diagnostics) {
-  for (const auto &unit : model.units()) {
+  for (const Unit *unit : model.ownUnits()) {
     for (const InterfaceType *interface : unit->interfaces)
       checkInterface(*interface, diagnostics);
     for (const ClassType *type : unit->classes)

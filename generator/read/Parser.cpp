@@ -88,7 +88,7 @@ private:
   }
 
   Enumeration enumeration(bool isFlags) {
-    Enumeration enumeration{isFlags, tokens_.word("the enumeration's name"), {}};
+    Enumeration enumeration{isFlags, tokens_.word("the enumeration's name"), bridgeName(), {}};
     tokens_.expect("{");
     while (!tokens_.accept("}")) {
       Name name = tokens_.word("a constant's name or '}'");
@@ -123,7 +123,7 @@ private:
   }
 
   Structure structure() {
-    Structure structure{tokens_.word("the structure's name"), {}};
+    Structure structure{tokens_.word("the structure's name"), bridgeName(), {}};
     tokens_.expect("{");
     while (!tokens_.accept("}")) {
       structure.fields.push_back(field("a field's type or '}'"));

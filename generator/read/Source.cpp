@@ -12,7 +12,7 @@ std::string_view stem(std::string_view path) {
   return path;
 }
 
-Source::Source(std::string path, std::string text)
-    : path(std::move(path)), unit(stem(this->path)), text(std::move(text)) {}
+Source::Source(std::string path, std::string text, Origin origin)
+    : path(std::move(path)), unit(stem(this->path)), text(std::move(text)), origin(origin) {}
 
 } // namespace bridgegen

@@ -6,13 +6,17 @@
 
 namespace bridgegen {
 
+/// Whose declarations they are: of the library that is being made, or of one that is there.
+enum class Origin { Own, Known };
+
 /// A declarations file that has been read.
 struct Source {
   std::string path; ///< as given on the command line, for messages
   std::string unit; ///< the file's stem, which names its outputs
   std::string text;
+  Origin origin = Origin::Own;
 
-  Source(std::string path, std::string text);
+  Source(std::string path, std::string text, Origin origin = Origin::Own);
   Source(const Source &) = delete;
   Source &operator=(const Source &) = delete;
 };

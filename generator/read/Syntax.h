@@ -31,6 +31,7 @@ struct Constant {
 struct Enumeration {
   bool isFlags = false;
   Name name;
+  std::optional<Name> bridgeName;
   std::vector<Constant> constants;
 };
 
@@ -41,6 +42,7 @@ struct Field {
 
 struct Structure {
   Name name;
+  std::optional<Name> bridgeName;
   std::vector<Field> fields;
 };
 

@@ -14,8 +14,11 @@
 #define WRT_DLLIMPORT __attribute__((visibility("default")))
 #endif
 
-/// Marks a class or function that WRTObjcBridge exports.
-#if defined(WRT_BUILDING_BRIDGE)
+/// Marks a class or function that WRTObjcBridge exports. In the images of add-ons for Windows it
+/// says nothing: their linker finds the place where the loader puts it.
+#if defined(WRT_BUILDING_ADD_ON) && defined(_WIN32)
+#define WRT_BRIDGE_API
+#elif defined(WRT_BUILDING_BRIDGE)
 #define WRT_BRIDGE_API WRT_DLLEXPORT
 #else
 #define WRT_BRIDGE_API WRT_DLLIMPORT

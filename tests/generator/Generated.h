@@ -22,6 +22,9 @@ Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &s
 /// Generates from one file, `sample.idl`.
 Generated generateFrom(const std::string &declarations);
 
+/// The same as an add-on of prefix `Contoso` to a product that has `known`, from `known.idl`.
+Generated generateAddOn(const std::string &known, const std::string &declarations);
+
 /// The whole file.
 std::string readFile(const std::string &path);
 

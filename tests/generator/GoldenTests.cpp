@@ -7,9 +7,10 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-/// Each file in goldens/ holds declarations (`=== declarations`) and, for some outputs (`===
-/// path`), the lines that they must have, in order. A line `...` stands for any lines between;
-/// there may be any before the first and after the last. Empty lines do not count.
+/// Each file in goldens/ holds declarations (`=== declarations`; behind `=== known`, what an add-on
+/// to those would have) and, for some outputs (`=== path`), the lines that they must have, in
+/// order. A line `...` stands for any lines between; there may be any before the first and after
+/// the last. Empty lines do not count.
 namespace bridgegen::test {
 namespace {
 
@@ -38,6 +39,13 @@ std::vector<Section> sections(const std::string &text) {
       read.back().lines.push_back(line);
   }
   return read;
+}
+
+std::string joined(const std::vector<std::string> &lines) {
+  std::string text;
+  for (const std::string &line : lines)
+    text += line + "\n";
+  return text;
 }
 
 /// `expected` with the lines that `actual` has now: each block from its first line on. A block
@@ -85,11 +93,10 @@ TEST_P(Golden, HasTheseLines) {
   const std::string path = WRT_GOLDENS "/" + GetParam() + ".golden";
   std::vector<Section> parts = sections(readFile(path));
   ASSERT_GE(parts.size(), 3U);
-  ASSERT_EQ(parts[1].title, "declarations");
-  std::string declarations;
-  for (const std::string &line : parts[1].lines)
-    declarations += line + "\n";
-  Generated generated = generateFrom(declarations);
+  const size_t own = parts[1].title == "known" ? 2 : 1;
+  ASSERT_EQ(parts[own].title, "declarations");
+  Generated generated = own == 1 ? generateFrom(joined(parts[1].lines))
+                                 : generateAddOn(joined(parts[1].lines), joined(parts[2].lines));
   ASSERT_EQ(generated.errors, "");
   generated.files.merge(generated.pages);
   std::string text;
@@ -98,7 +105,7 @@ TEST_P(Golden, HasTheseLines) {
         path + ", " + parts[i].title +
         "\nIf it is meant to change: cmake --build --preset linux --target update_goldens");
     ASSERT_FALSE(parts[i].lines.empty());
-    if (i > 1) {
+    if (i > own) {
       ASSERT_TRUE(generated.files.contains(parts[i].title));
       const std::string &actual = generated.files.at(parts[i].title);
       if (std::getenv("WRT_UPDATE_GOLDENS") != nullptr)

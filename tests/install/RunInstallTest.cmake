@@ -27,7 +27,9 @@ if(count LESS 100)
   message(FATAL_ERROR "only ${count} files are installed")
 endif()
 foreach(file IN LISTS installed)
-  if(file MATCHES "\\.so[.0-9]*$")
+  if(file MATCHES "\\.a$")
+    continue() # objects look for nothing
+  elseif(file MATCHES "\\.so[.0-9]*$|/bin/")
     execute_process(COMMAND readelf -d ${file} OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
   else()
     file(READ ${file} text)
@@ -89,3 +91,5 @@ foreach(how IN ITEMS -UAS_MODULE "-DAS_MODULE;-fmodules;-fmodules-cache-path=${w
     -Werror ${flags} -o ${work}/support.run)
   run("pkg-config wrtsupport ${how}: running" ${work}/support.run)
 endforeach()
+
+include(${CMAKE_CURRENT_LIST_DIR}/AddOns.cmake)
