@@ -1,5 +1,6 @@
 /// Welcomes those who are named on the command line, through bridges that the project made itself.
 #import <GreeterBridge/Contoso.h>
+#import <GreeterBridge/Devices.h>
 
 #include <stdio.h>
 
@@ -35,6 +36,28 @@ static ContosoWRTGuestBridge *welcome(ContosoWRTGreeterBridge *greeter, NSString
   return guest;
 }
 
+/// The catalogue's operation of that name is a proxy; its class has these members from
+/// GreeterBridge.
+static void listDevices(void) {
+  NSError *error = nil;
+  WRTIAsyncOperation__1_WRTDeviceInformationCollection_P_Bridge *operation =
+      (id)[WRTDeviceInformationBridge findAllAsyncWithError:&error];
+  __block BOOL isOver = NO;
+  [operation
+      setCompletedWithHandler:^HRESULT(
+          id<WRTIAsyncOperation__1_WRTDeviceInformationCollection_P_Bridge> done,
+          WRTAsyncStatus status) {
+        isOver = status == WRTAsyncStatusCompleted;
+        return 0;
+      }
+                        error:&error];
+  if (!isOver) // the component answers at once
+    fail("no devices", error);
+  ContosoWRTDeviceInformationCollectionBridge *devices = [operation getResultsWithError:&error];
+  for (unsigned i = 0; i < [devices getSizeWithError:&error]; ++i)
+    printf("%s\n", [[[devices getAtWithIndex:i error:&error] getNameWithError:&error] UTF8String]);
+}
+
 int main(int count, char **arguments) {
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   NSError *error = nil;
@@ -64,6 +87,7 @@ int main(int count, char **arguments) {
     printf("%d. %s, %s, %.1f minutes\n", visit.Number, [[guest getNameWithError:&error] UTF8String],
            visit.Mood == ContosoWRTMoodMerry ? "merry" : "calm", visit.Minutes);
   }
+  listDevices();
   [greeter closeWithError:&error];
   if (error)
     fail("the greeter", error);

@@ -99,7 +99,8 @@ private:
   }
 
   void writeClass(const BridgeClass &bridge) {
-    writer_.write("\n@implementation %\n", bridge.name);
+    writer_.write("\n@implementation %%\n", bridge.name,
+                  bridge.category.empty() ? "" : " (" + bridge.category + ")");
     for (const BridgeMethod &method : bridge.methods)
       writeMethod(bridge, method);
     writer_.append("@end\n");

@@ -44,8 +44,10 @@ public:
       writer_.append("\n#pragma clang assume_nonnull begin\n");
       writeForwardDeclarations();
       writeBlocks();
-      for (const InterfaceType *interface : unit_.interfaces)
-        writeProtocol(*interface);
+      for (const InterfaceType *interface : unit_.interfaces) {
+        if (!interface->completes)
+          writeProtocol(*interface);
+      }
       writeAdoptedIncludes();
       for (const BridgeClass &bridge : bridgeClassesOf(unit_))
         writeClass(bridge);
@@ -58,8 +60,10 @@ public:
 private:
   void writeIncludes() {
     std::set<std::string> superclasses;
-    for (const BridgeClass &bridge : bridgeClassesOf(unit_))
-      superclasses.insert(bridge.superclass);
+    for (const BridgeClass &bridge : bridgeClassesOf(unit_)) {
+      if (bridge.category.empty())
+        superclasses.insert(bridge.superclass);
+    }
     superclasses.insert("WRTInspectableBridge"); // for the protocol
     for (const std::string &superclass : superclasses)
       writer_.write("#import <WRTObjcBridge/%.h>\n", superclass);
@@ -152,6 +156,13 @@ private:
           units.insert(protocol->unit);
       }
     }
+    for (const InterfaceType *interface : unit_.interfaces) {
+      if (!interface->completes)
+        continue;
+      units.insert(interface->completes->unit);
+      for (const ClassType *type : interface->completedClasses)
+        units.insert(type->unit);
+    }
     if (units.empty())
       return;
     writer_.append("\n#pragma clang assume_nonnull end\n\n");
@@ -161,6 +172,13 @@ private:
   }
 
   void writeClass(const BridgeClass &bridge) {
+    if (!bridge.category.empty()) {
+      writer_.write("\n/// The members of `%`.\n@interface % (%)\n", bridge.type->name, bridge.name,
+                    bridge.category);
+      for (const BridgeMethod &method : bridge.methods)
+        writeMethod(method);
+      return writer_.append("@end\n");
+    }
     writer_.write("\n/// %\n%\n@interface % : %", describeClass(bridge, model_), exportMacro(unit_),
                   bridge.name, bridge.superclass);
     if (!bridge.protocols.empty())

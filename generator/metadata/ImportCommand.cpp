@@ -20,11 +20,9 @@ std::string contents(const std::string &path) {
   return text.str();
 }
 
-std::deque<Source> readKnown(const std::vector<std::string> &paths) {
-  std::deque<Source> sources;
+void read(const std::vector<std::string> &paths, Origin origin, std::deque<Source> &sources) {
   for (const std::string &file : declarationFiles(paths))
-    sources.emplace_back(file, contents(file));
-  return sources;
+    sources.emplace_back(file, contents(file), origin);
 }
 
 int check(const Library &library, const std::deque<Source> &sources, Diagnostics &diagnostics) {
@@ -45,7 +43,8 @@ int check(const Library &library, const std::deque<Source> &sources, Diagnostics
 
 int run(const ImportOptions &options, Diagnostics &diagnostics, std::deque<Source> &known,
         std::deque<Source> &written) {
-  known = readKnown(options.known);
+  read(options.known, Origin::Known, known);
+  read(options.own, Origin::Own, known);
   // Texts of which the tables are views.
   std::deque<std::string> texts;
   Library library;

@@ -50,6 +50,10 @@ std::optional<ImportOptions> parseImportOptions(const std::vector<std::string> &
                  "Declarations to build upon: a file, or a folder of '.idl' files")
       ->type_name("CATALOGUE")
       ->allow_extra_args(false);
+  app.add_option("--own", options.own,
+                 "The same, of the add-on itself: they may complete what the known ones have")
+      ->type_name("FILE")
+      ->allow_extra_args(false);
   app.add_flag("--check", options.check,
                "List what the known declarations have and the metadata lacks, has in another "
                "slot or has besides; write nothing");

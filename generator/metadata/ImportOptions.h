@@ -12,6 +12,7 @@ struct ImportOptions {
   std::vector<std::string> files;
   std::string output;
   std::vector<std::string> known; ///< declarations files and folders of them
+  std::vector<std::string> own;   ///< the same, of the add-on that is being made
   Wanted wanted;
   std::map<std::string, std::string> bridgeNames; ///< by the full names of types
   bool check = false;

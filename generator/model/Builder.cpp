@@ -28,8 +28,14 @@ public:
             [&](const auto &syntax, const Context &context) { addMembers(item, syntax, context); });
     for (InterfaceType *instance : instances_)
       completeInstance(*instance);
+    for (const auto &[completion, family] : completions_) {
+      completion->iid = completion->completes->iid;
+      completion->members = members(family->interface->members,
+                                    Context::of(*family, completion->instance->arguments));
+    }
     for (const auto &family : declared_.families)
       tryMembers(*family);
+    findCompletedClasses();
     collectDelegates();
   }
 
@@ -70,8 +76,16 @@ private:
       InterfaceType *instance = resolver_.resolveInstance(name, context);
       if (!instance)
         continue;
-      if (instance->hasProtocol() && instance->unit->isKnown && !item.unit->isKnown)
-        continue; // the one that is there serves
+      if (instance->hasProtocol() && instance->unit->isKnown && !item.unit->isKnown) {
+        // The one that is there serves, if it does as much.
+        if (instance->isFull() || syntax.form == Form::Proxy)
+          continue;
+        if (!model_.completionOf(*instance)) {
+          completions_.push_back({&model_.addCompletion(*instance, *item.unit, name.name.at),
+                                  &resolver_.familyOf(*instance)});
+          continue;
+        }
+      }
       if (instance->hasProtocol()) {
         diagnostics_.error(name.name.at, quoted(instance->name) + " is listed twice");
         continue;
@@ -88,6 +102,9 @@ private:
     if (!item.type)
       return;
     auto &type = static_cast<ClassType &>(*item.type);
+    // The default interface of a class that the product knows by name alone.
+    const InterfaceType *known = item.type->unit == item.unit ? type.defaultInterface() : nullptr;
+    type.interfaces.clear();
     std::set<const Type *> seen;
     const auto list = [&](const std::vector<syntax::TypeName> &names, Form form, auto &listed) {
       for (const syntax::TypeName &name : names) {
@@ -106,6 +123,9 @@ private:
     list(syntax.interfaces, Form::Full, type.interfaces);
     for (const syntax::ClassSide &side : syntax.classSide)
       list(side.interfaces, side.form, type.classSide);
+    if (known && !type.interfaces.empty() && type.defaultInterface() != known)
+      diagnostics_.error(type.interfaces[0].at, quoted(type.name) + " has the default interface " +
+                                                    quoted(known->name) + " in the product");
   }
 
   template <class Syntax>
@@ -128,6 +148,19 @@ private:
       interface.members =
           members(resolver_.familyOf(interface).interface->members,
                   Context::of(resolver_.familyOf(interface), interface.instance->arguments));
+  }
+
+  void findCompletedClasses() {
+    for (const Unit *unit : model_.ownUnits()) {
+      for (const InterfaceType *interface : unit->interfaces) {
+        if (!interface->completes)
+          continue;
+        for (const ClassType *type : model_.implementers(*interface->completes)) {
+          if (type->unit->isKnown)
+            const_cast<InterfaceType *>(interface)->completedClasses.push_back(type);
+        }
+      }
+    }
   }
 
   /// Finds what is wrong in a family that may have no instance with members.
@@ -179,6 +212,7 @@ private:
   Resolver resolver_;
   Signatures signatures_;
   std::vector<InterfaceType *> instances_;
+  std::vector<std::pair<InterfaceType *, const Family *>> completions_; ///< of instances
 };
 
 } // namespace

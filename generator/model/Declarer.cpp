@@ -90,6 +90,8 @@ private:
 
   void declare(const syntax::Interface &declared) {
     refuseAttributes();
+    if (Type *known = fromProduct(declared.name))
+      return declareAgain(declared, *known);
     useIdentifier(declared.iid, declared.name.text);
     auto *type = newType<InterfaceType>(declared.name, declared.bridgeName);
     if (!type)
@@ -107,8 +109,32 @@ private:
 
   void declare(const syntax::Instantiation &) { refuseAttributes(); }
 
+  /// Of an interface without a bridge the add-on makes one; a proxy gets members.
+  void declareAgain(const syntax::Interface &declared, Type &known) {
+    auto *type = known.kind == Kind::Interface ? static_cast<InterfaceType *>(&known) : nullptr;
+    if (type && type->form == Form::Extern) {
+      takeOver(*type, declared.name, declared.bridgeName);
+      type->form = declared.form;
+      if (type->hasProtocol())
+        unit_->interfaces.push_back(type);
+    } else if (type && type->form == Form::Proxy && declared.form == Form::Full &&
+               !declared.bridgeName && !model_.completionOf(*type)) {
+      type_ = &model_.addCompletion(*type, *unit_, declared.name.at);
+    } else {
+      return refuseSecond(declared.name);
+    }
+    if (declared.iid.guid != type->iid)
+      diagnostics_.error(declared.iid.at, quoted(type->name) + " has the identifier " +
+                                              quoted("{" + type->iid.lower() + "}") +
+                                              " in the product");
+  }
+
   void declare(const syntax::Class &declared) {
-    auto *type = newType<ClassType>(declared.name, declared.bridgeName);
+    Type *known = fromProduct(declared.name);
+    const bool isAgain = known && known->isRuntimeClass() && asClass(*known).form == Form::Extern;
+    auto *type =
+        isAgain ? takeOver(static_cast<ClassType &>(*known), declared.name, declared.bridgeName)
+                : newType<ClassType>(declared.name, declared.bridgeName);
     const bool isFull = declared.form == Form::Full;
     for (const syntax::Attribute &attribute : declaration_->attributes) {
       if (attribute.name.text != "activatable" || attribute.value || !isFull)
@@ -121,6 +147,27 @@ private:
     type->form = declared.form;
     if (type->isBridged())
       unit_->classes.push_back(type);
+  }
+
+  /// The product's type of that name, when this unit is an add-on's; or null.
+  Type *fromProduct(const Name &name) const {
+    Type *type = model_.find(fullName(declaration_->section->nameSpace, name.text));
+    return type && type->unit->isKnown && !unit_->isKnown ? type : nullptr;
+  }
+
+  /// Makes a type for which the product has no bridge one of this unit.
+  template <class T>
+  T *takeOver(T &type, const Name &name, const std::optional<Name> &bridgeName) {
+    type.unit = unit_;
+    type.at = name.at;
+    if (bridgeName)
+      type.bridgeName = bridgeName->text;
+    type_ = &type;
+    return &type;
+  }
+
+  void refuseSecond(const Name &name) {
+    diagnostics_.error(name.at, "type " + quoted(name.text) + " is declared twice");
   }
 
   /// Enters a type; null when its name is taken, which is reported.
@@ -164,7 +211,7 @@ private:
     }
     if (declared_.scope.add(declaration_->section->nameSpace, name.text, entry))
       return true;
-    diagnostics_.error(name.at, "type " + quoted(name.text) + " is declared twice");
+    refuseSecond(name);
     return false;
   }
 

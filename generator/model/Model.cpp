@@ -45,6 +45,25 @@ Unit &Model::unitOf(const Type &type) {
                         [&](const auto &unit) { return unit.get() == type.unit; });
 }
 
+InterfaceType &Model::addCompletion(const InterfaceType &proxy, Unit &unit, Position at) {
+  auto &completion = completions_[&proxy];
+  completion = std::make_unique<InterfaceType>(proxy.name, proxy.bridgeName + "_Completed");
+  completion->form = Form::Full;
+  completion->isInstance = proxy.isInstance;
+  completion->instance = proxy.instance;
+  completion->iid = proxy.iid;
+  completion->unit = &unit;
+  completion->at = at;
+  completion->completes = &proxy;
+  unit.interfaces.push_back(completion.get());
+  return *completion;
+}
+
+const InterfaceType *Model::completionOf(const InterfaceType &proxy) const {
+  const auto found = completions_.find(&proxy);
+  return found == completions_.end() ? nullptr : found->second.get();
+}
+
 Type *Model::find(const std::string &name) const {
   const auto found = types_.find(name);
   return found == types_.end() ? nullptr : found->second.get();

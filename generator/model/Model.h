@@ -58,6 +58,11 @@ public:
     types_.emplace(added.name, std::move(type));
     return added;
   }
+  /// Keeps an interface that completes a proxy of the product, which goes on being found by name.
+  InterfaceType &addCompletion(const InterfaceType &proxy, Unit &unit, Position at);
+  /// The one that completes the proxy, or null.
+  const InterfaceType *completionOf(const InterfaceType &proxy) const;
+
   /// The declared type or instance of this full name, or null.
   Type *find(const std::string &name) const;
   /// All declared types and instances by name.
@@ -75,6 +80,7 @@ private:
   const Type *object_;
   std::vector<std::unique_ptr<Unit>> units_;
   std::map<std::string, std::unique_ptr<Type>> types_;
+  std::map<const InterfaceType *, std::unique_ptr<InterfaceType>> completions_;
 };
 
 } // namespace bridgegen

@@ -13,6 +13,13 @@ struct Target {
   std::string prefix;          ///< before the names of its C structures and Objective-C classes
 
   bool isAddOn() const { return name != kProduct; }
+  /// The name with `_` for what cannot stand in identifiers.
+  std::string identifier() const {
+    std::string text = name;
+    for (char &c : text)
+      c = c == '.' || c == '-' ? '_' : c;
+    return text;
+  }
 };
 
 } // namespace bridgegen

@@ -12,6 +12,23 @@ std::string Type::cName() const { return (unit ? unit->target.prefix : "") + "WR
 
 std::string Type::scopeName() const { return (unit ? unit->target.prefix : "") + bridgeName; }
 
+namespace {
+
+/// What the Objective-C side knows the type as.
+const Type &seenAs(const Type &type) {
+  const InterfaceType *completed =
+      type.kind == Kind::Interface ? asInterface(type).completes : nullptr;
+  return completed ? *completed : type;
+}
+
+} // namespace
+
+std::string Type::bridgeClass() const {
+  return seenAs(*this).cName() + (isInstance ? "_Bridge" : "Bridge");
+}
+
+std::string Type::accessorSelector() const { return "_" + seenAs(*this).cName() + "WithError:"; }
+
 std::string Type::simpleName() const {
   const std::string base = name.substr(0, name.find('<'));
   const size_t dot = base.rfind('.');

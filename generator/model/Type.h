@@ -50,9 +50,9 @@ struct Type {
   /// `DateTime`: what stands for it in C++.
   std::string scopeName() const;
   /// The Objective-C class of the bridge, for an interface also the protocol.
-  std::string bridgeClass() const { return cName() + (isInstance ? "_Bridge" : "Bridge"); }
+  std::string bridgeClass() const;
   /// The method that gives the interface of a bridge.
-  std::string accessorSelector() const { return "_" + cName() + "WithError:"; }
+  std::string accessorSelector() const;
 };
 
 struct EnumType : Type {
@@ -113,6 +113,11 @@ struct InterfaceType : Type {
   Guid iid;
   std::vector<Member> members; ///< in the table's order, from slot 6
   std::optional<Instance> instance;
+  /// The proxy of the product that this completes: the members go to that one's classes. Null for
+  /// all others.
+  const InterfaceType *completes = nullptr;
+  /// The product's classes that list it.
+  std::vector<const struct ClassType *> completedClasses;
 
   InterfaceType(std::string name, std::string bridgeName)
       : Type(Kind::Interface, std::move(name), std::move(bridgeName)) {}

@@ -54,10 +54,28 @@ BridgeClass bridgeClassOf(const ClassType &type) {
   return bridge;
 }
 
+namespace {
+
+/// The members of a completed proxy for one of the product's classes, which have its accessor.
+BridgeClass completed(const InterfaceType &completion, const Type &type) {
+  BridgeClass bridge{type.bridgeClass(), "completed", "", &completion, {}, {}};
+  bridge.methods = protocolMethods(completion);
+  bridge.methods.pop_back();
+  // Several interfaces of one class may be completed, each by a category.
+  bridge.category = completion.unit->target.identifier() + "_" + completion.completes->bridgeName;
+  return bridge;
+}
+
+} // namespace
+
 std::vector<BridgeClass> bridgeClassesOf(const Unit &unit) {
   std::vector<BridgeClass> bridges;
   for (const InterfaceType *interface : unit.interfaces) {
-    if (interface->isBridged())
+    if (interface->completes) {
+      bridges.push_back(completed(*interface, *interface->completes));
+      for (const ClassType *type : interface->completedClasses)
+        bridges.push_back(completed(*interface, *type));
+    } else if (interface->isBridged())
       bridges.push_back(bridgeClassOf(*interface));
   }
   for (const ClassType *type : unit.classes)

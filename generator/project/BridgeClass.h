@@ -19,11 +19,12 @@ struct BridgeMethod {
 /// An Objective-C class to be generated: the shape of each of the four kinds is decided here.
 struct BridgeClass {
   std::string name;
-  const char *kind;       ///< `interface`, `proxy-interface`, `class` or `proxy-class`
+  const char *kind;       ///< `interface`, `proxy-interface`, `class`, `proxy-class` or `completed`
   const char *superclass; ///< one of the core classes
   const Type *type = nullptr;
   std::vector<const InterfaceType *> protocols;
   std::vector<BridgeMethod> methods; ///< class methods behind instance methods
+  std::string category = {}; ///< of the add-on that gives these methods to the product's class
 };
 
 BridgeClass bridgeClassOf(const InterfaceType &interface);

@@ -229,6 +229,46 @@ TEST_P(Refused, NamesPlaceAndReason) {
 INSTANTIATE_TEST_SUITE_P(Declarations, Refused, testing::ValuesIn(kRefusals),
                          [](const auto &info) { return std::string(info.param.name); });
 
+/// What the product of an add-on has.
+const std::string kProduct =
+    "namespace Lib;\n"
+    "interface IList<T> {00000000-0000-0000-0000-00000000000c} { T First(); }\n"
+    "full interface IThing {00000000-0000-0000-0000-00000000000a} { void Run(); }\n"
+    "proxy interface IStore {00000000-0000-0000-0000-00000000000b};\n"
+    "extern interface IFound {00000000-0000-0000-0000-00000000000d};\n"
+    "extern class Found : IFound;\n"
+    "full class Thing : IThing;\n"
+    "full IList<Thing>;\n";
+
+TEST(Refusals, OfAddOnsTellWhatTheProductHas) {
+  struct {
+    const char *declarations;
+    const char *error;
+  } const cases[] = {
+      {"namespace Lib; full class Thing : IThing;", "27: error: type 'Thing' is declared twice"},
+      {"namespace Lib; proxy interface IStore {00000000-0000-0000-0000-00000000000b};",
+       "32: error: type 'IStore' is declared twice"},
+      {"namespace Lib; full interface IStore {00000000-0000-0000-0000-00000000000e} { }",
+       "38: error: 'Lib.IStore' has the identifier '{00000000-0000-0000-0000-00000000000b}' in the "
+       "product"},
+      {"namespace Lib; full class Found : IThing;",
+       "35: error: 'Lib.Found' has the default interface 'Lib.IFound' in the product"},
+      {"namespace A; full interface IA {00000000-0000-0000-0000-00000000000a} { }",
+       "32: error: identifier '{00000000-0000-0000-0000-00000000000a}' is already that of "
+       "'IThing'"},
+      {"using Lib; full IList<IFound>;", "17: error: 'Lib.IList<Lib.IFound>', member 'First': "
+                                         "'Lib.IFound' has no bridge: it is 'extern'"},
+      {"namespace A; using Lib; enum Thing { } full IList<Thing>, IList<Lib.Thing>;", nullptr},
+      {"namespace A; enum Thing { } enum Other as Thing { }",
+       "34: error: bridge name 'Thing' is already that of 'A.Thing'"},
+  };
+  for (const auto &each : cases) {
+    const Generated generated = generateAddOn(kProduct, each.declarations);
+    EXPECT_EQ(generated.errors, each.error ? "sample.idl:1:" + std::string(each.error) + "\n" : "");
+    EXPECT_EQ(generated.files.empty(), each.error != nullptr);
+  }
+}
+
 TEST(Refusals, AreAllShownInTheOrderOfTheirPlaces) {
   const Generated generated = generateFrom(
       {{"b.idl", "struct S { A a; }\nstruct T { B b; T2 c; }"}, {"a.idl", "struct U { C c; }"}});

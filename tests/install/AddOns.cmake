@@ -27,6 +27,8 @@ if(NOT status EQUAL 0 OR NOT output STREQUAL "Good morning, Ada!
 Good morning, Grace!
 1. Ada, calm, 7.5 minutes
 2. Grace, merry, 15.0 minutes
+door bell
+porch light
 ")
   message(FATAL_ERROR "greet (${status}):\n${output}")
 endif()
