@@ -19,6 +19,16 @@ if(WRT_DELEGATE_HEADER)
   list(APPEND options --delegate-header ${WRT_DELEGATE_HEADER})
 endif()
 
+# What core/ itself is written with comes besides.
+if(WRT_SELECT)
+  foreach(name IN LISTS WRT_SELECT ITEMS Windows.Storage.Streams.Buffer
+      Windows.Storage.Streams.InMemoryRandomAccessStream
+      Windows.Storage.Streams.IRandomAccessStreamWithContentType
+      Windows.Storage.Streams.RandomAccessStreamReference)
+    list(APPEND options --select ${name})
+  endforeach()
+endif()
+
 # bridgegen leaves alone what would not change, and Ninja looks again at the times afterwards, so only
 # what depends on a changed output is built.
 add_custom_command(OUTPUT ${WRT_GENERATED_OUTPUTS}

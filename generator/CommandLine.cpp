@@ -65,6 +65,12 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
         return std::nullopt;
       }
       commandLine.known.push_back(arguments[i]);
+    } else if (argument == "--select") {
+      if (++i == arguments.size()) {
+        problem = "'--select' needs a type or namespace";
+        return std::nullopt;
+      }
+      commandLine.selection.push_back(arguments[i]);
     } else if (argument == "--library") {
       if (++i == arguments.size() || !isName(arguments[i], "_.-")) {
         problem = "'--library' needs a name of letters, digits, '_', '.' and '-'";
@@ -130,6 +136,9 @@ Options:
   --platform FILE   What the embedded platform has written, for the reference: on
                     each line an interface, or an interface, a tab and a function
                     that is not implemented.
+  --select NAME     Make the bridges of this type or of all types of this namespace, and
+                    what they need, alone. Types that members merely name become
+                    proxies. May be repeated.
   --library NAME    Make the bridges of an add-on beside the product; its headers are
                     included as <NAME/FILE.h>.
   --known CATALOGUE A file, or a folder of '.idl' files, with what the product has:

@@ -18,6 +18,7 @@ struct CommandLine {
   std::string platform;       ///< a file; empty for none
   std::string handWritten;    ///< a file; empty for none
   std::string delegateHeader; ///< empty for none
+  std::vector<std::string> selection; ///< empty for everything
   Target target;
   std::vector<std::string> known; ///< declarations files and folders of them
   std::vector<std::string> files;

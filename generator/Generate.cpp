@@ -3,6 +3,7 @@
 #include "generator/emit/Outputs.h"
 #include "generator/model/Builder.h"
 #include "generator/model/Check.h"
+#include "generator/model/Select.h"
 #include "generator/project/CheckSelectors.h"
 #include "generator/read/Parser.h"
 #include "generator/reference/Reference.h"
@@ -34,6 +35,13 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extra
   checkSelectors(*model, diagnostics);
   if (diagnostics.hasErrors())
     return std::nullopt;
+  if (!extras.selection.empty()) {
+    if (const std::optional<std::string> unknown = select(*model, extras.selection)) {
+      diagnostics.error({&sources.front(), 1, 1},
+                        "there is neither a type nor a namespace " + bridgegen::quoted(*unknown));
+      return std::nullopt;
+    }
+  }
   const Input input{*model, others, extras.delegateHeader};
   return extras.isReference ? emitReference(input, platform) : emitAll(input);
 }

@@ -62,8 +62,11 @@ int generate(const CommandLine &commandLine) {
     return kWrongInput;
   Diagnostics diagnostics;
   const Extras extras{handWritten.empty() ? nullptr : &handWritten.front(),
-                      commandLine.delegateHeader, !commandLine.reference.empty(),
-                      platform.empty() ? nullptr : &platform.front(), commandLine.target};
+                      commandLine.delegateHeader,
+                      commandLine.selection,
+                      !commandLine.reference.empty(),
+                      platform.empty() ? nullptr : &platform.front(),
+                      commandLine.target};
   const std::optional<OutputSet> outputs = bridgegen::generate(sources, extras, diagnostics);
   if (!outputs) {
     diagnostics.print(std::cerr);

@@ -41,7 +41,7 @@ Generated generateAddOn(const std::string &known, const std::string &declaration
   std::deque<Source> read;
   read.emplace_back("sample.idl", declarations);
   read.emplace_back("known.idl", known, Origin::Known);
-  return generateAll(read, {nullptr, "", false, nullptr, {"Bridges", "Contoso"}});
+  return generateAll(read, {nullptr, "", {}, false, nullptr, {"Bridges", "Contoso"}});
 }
 
 Generated generateFrom(const std::string &declarations) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <unistd.h>
 
 namespace bridgegen::test {
@@ -75,6 +76,41 @@ TEST_F(Outputs, OfARemovedFileGo) {
   for (const auto &[path, text] : before.files)
     EXPECT_EQ(fs::exists(folder_ / path), after.files.contains(path)) << path;
   EXPECT_TRUE(fs::exists(foreign));
+}
+
+/// What is selected comes whole, with its interfaces and instances; what those name, as proxies.
+TEST_F(Outputs, OfASelectionHaveWhatItNeeds) {
+  std::deque<Source> sources;
+  sources.emplace_back("a.idl", R"(
+namespace N;
+interface IList<T> {11111111-0000-0000-0000-000000000001} { T First(); }
+full interface IPart {11111111-0000-0000-0000-000000000002} { Other Deep(); }
+full class Part : IPart;
+full interface IOther {11111111-0000-0000-0000-000000000003} { void Run(); }
+full class Other : IOther;
+full interface IWhole {11111111-0000-0000-0000-000000000004} { IList<Part> Parts { get; } Kind Kind { get; } }
+factory interface IWholeFactory {11111111-0000-0000-0000-000000000005} { Whole Make(); }
+full class Whole : IWhole factory IWholeFactory;
+enum Kind { One = 1 }
+enum Unused { One = 1 }
+full IList<Part>, IList<Other>;
+)");
+  Diagnostics diagnostics;
+  const auto outputs = generate(sources, {nullptr, "", {"N.Whole"}, {}}, diagnostics);
+  ASSERT_TRUE(outputs);
+  std::istringstream digest(outputs->files().at("surface.digest"));
+  std::string classes;
+  for (std::string name, kind, superclass, count, hash;
+       digest >> name >> kind >> superclass >> count >> hash;)
+    classes += name + " " + kind + " " + count + "\n";
+  EXPECT_EQ(classes, "WRTIPartBridge proxy-interface 1\n"
+                     "WRTIWholeBridge interface 3\n"
+                     "WRTIList__1_WRTPart_P_Bridge interface 2\n"
+                     "WRTPartBridge proxy-class 1\n"
+                     "WRTWholeBridge class 6\n");
+  EXPECT_EQ(outputs->files().at("include/WRTObjcBridge/types/a.h").find("Unused"),
+            std::string::npos);
+  EXPECT_FALSE(generate(sources, {nullptr, "", {"N.Hole"}, {}}, diagnostics));
 }
 
 TEST_F(Outputs, OfAUnitDoNotChangeWithTheMembersOfAnother) {
