@@ -74,11 +74,14 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/package/WRTObjcBridgeCon
   ${package}/WRTObjcBridgeConfig.cmake INSTALL_DESTINATION ${package_folder}
   PATH_VARS CMAKE_INSTALL_BINDIR CMAKE_INSTALL_DATADIR CMAKE_INSTALL_LIBDIR
   NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
-configure_file(${CMAKE_CURRENT_LIST_DIR}/package/WRTAddBridges.cmake.in ${package}/WRTAddBridges.cmake @ONLY)
+set(WRT_ADD_ON_DELEGATE_HEADER ${WRT_DELEGATE_HEADER})
+foreach(script IN ITEMS WRTAddBridges.cmake WRTAddOnLibrary.cmake)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/package/${script}.in ${package}/${script} @ONLY)
+endforeach()
 write_basic_package_version_file(${package}/WRTObjcBridgeConfigVersion.cmake
   COMPATIBILITY SameMajorVersion)
 install(FILES ${package}/WRTObjcBridgeConfig.cmake ${package}/WRTObjcBridgeConfigVersion.cmake
-  ${package}/WRTAddBridges.cmake
+  ${package}/WRTAddBridges.cmake ${package}/WRTAddOnLibrary.cmake
   DESTINATION ${package_folder})
 
 list(APPEND flags --start-no-unused-arguments -fobjc-exceptions --end-no-unused-arguments)

@@ -80,8 +80,9 @@ std::string emitClassNames(const Unit &unit, const Input &) {
   writeBanner(writer, unit);
   writer.write("#include %\n", includeName(emitPlatformHeader, unit));
   for (const ClassType *type : namedClasses(unit))
-    writer.write("\nWRT_DLLEXPORT const char16_t *const % = u\"%\";\n", type->nameConstant(),
-                 type->name);
+    // An add-on's are nobody else's.
+    writer.write("\n%const char16_t *const % = u\"%\";\n",
+                 unit.target.isAddOn() ? "" : "WRT_DLLEXPORT ", type->nameConstant(), type->name);
   return writer.text();
 }
 

@@ -65,6 +65,11 @@ add_test(NAME windows.kit.versions COMMAND grep -c "^[a-z0-9+-]* [0-9]" ${kit}/v
 set_tests_properties(windows.kit.run windows.kit.versions PROPERTIES FIXTURES_REQUIRED kit)
 set_tests_properties(windows.kit.versions PROPERTIES PASS_REGULAR_EXPRESSION "^5\n")
 
+add_test(NAME windows.kit.addon COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/addon/run.sh ${PROJECT_SOURCE_DIR} ${kit}
+  ${CMAKE_BINARY_DIR}/addon ${WRT_ARM_SYSROOT} $<TARGET_FILE:inspectimage> $<TARGET_FILE:runemulated>
+  "${WRT_ARM_DOUBLE_LIBRARIES}" ${WRT_ARM_DOUBLES})
+set_tests_properties(windows.kit.addon PROPERTIES FIXTURES_REQUIRED kit)
+
 # Writes anew what follows from the code: the goldens of methods, the ceilings of calls with their table, docs/size.md.
 add_custom_target(update_goldens
   COMMAND methodcode update ${product} ${product_map} ${CMAKE_CURRENT_SOURCE_DIR}/goldens/methods.txt

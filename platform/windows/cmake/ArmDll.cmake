@@ -7,7 +7,7 @@ find_program(WRT_NM llvm-nm-19 REQUIRED)
 set(WRT_ARM_LINK "${CMAKE_CURRENT_LIST_DIR}/../link.sh" CACHE INTERNAL "Runs the linker")
 set(WRT_IMPORTED_DATA "${CMAKE_CURRENT_LIST_DIR}/../imported-data.sh" CACHE INTERNAL "Names imported data")
 
-set(WRT_ARM_IMPORT_LIBRARIES "${CMAKE_BINARY_DIR}/imports")
+set(WRT_ARM_IMPORT_LIBRARIES "${CMAKE_BINARY_DIR}/imports" CACHE INTERNAL "Where import libraries go")
 
 # wrt_import_library(<name> <definition file>... [OUTPUT <variable>])
 #

@@ -25,13 +25,48 @@ constexpr unsigned kPoolSize = 4096;
 id pool[kPoolSize];
 unsigned pooled = 0;
 
-/// An image's lists begin behind two words: first and last pointer of the classes.
+/// Methods for a class of another image.
+struct Category {
+  const char *name;
+  const ClassObject *type;
+  const MethodList *instanceMethods;
+  const MethodList *classMethods;
+};
+
+/// An image's lists begin behind two words: first and last pointer of each, of which there are
+/// more.
 struct ImageInfo {
   uint32_t version;
   uint32_t flags;
   ClassObject **classesBegin;
   ClassObject **classesEnd;
+  void *nonLazyClasses[2];
+  const Category **categoriesBegin;
+  const Category **categoriesEnd;
 };
+
+constexpr unsigned kMostCategories = 64;
+const Category *categories[kMostCategories];
+unsigned categoryCount = 0;
+
+IMP implementationIn(const MethodList *list, const char *selector) {
+  for (uint32_t i = 0; list && i < list->count; ++i)
+    if (equal(list->entries[i].selector, selector))
+      return list->entries[i].implementation;
+  return nullptr;
+}
+
+IMP implementationInCategories(const ClassObject *type, const char *selector) {
+  for (unsigned i = 0; i < categoryCount; ++i) {
+    const Category &each = *categories[i];
+    const MethodList *list = each.type == type        ? each.instanceMethods
+                             : each.type->isa == type ? each.classMethods
+                                                      : nullptr;
+    if (IMP found = implementationIn(list, selector))
+      return found;
+  }
+  return nullptr;
+}
 
 bool comesFromRoot(const ClassObject *type) {
   for (int depth = 0; type->superclass && depth < 16; ++depth)
@@ -50,11 +85,12 @@ Method methodOf(id object, const char *selector) {
 extern "C" {
 
 IMP findMethod(const ClassObject *start, const char *selector) {
-  for (const ClassObject *each = start; each; each = each->superclass)
-    if (const MethodList *list = each->data->methods)
-      for (uint32_t i = 0; i < list->count; ++i)
-        if (equal(list->entries[i].selector, selector))
-          return list->entries[i].implementation;
+  for (const ClassObject *each = start; each; each = each->superclass) {
+    if (IMP found = implementationInCategories(each, selector))
+      return found;
+    if (IMP found = implementationIn(each->data->methods, selector))
+      return found;
+  }
   return nullptr;
 }
 
@@ -153,6 +189,15 @@ OBJC_EXPORT void __objc_image_load(const ImageInfo *info, const void *) {
       continue;
     if (!comesFromRoot(*each) || !comesFromRoot((*each)->isa))
       hostEnd("an image has a class that does not come from NSObject");
+  }
+  for (const Category **each = info->categoriesBegin; each < info->categoriesEnd; ++each) {
+    if (!*each)
+      continue;
+    if (!comesFromRoot((*each)->type))
+      hostEnd("an image has a category of a class that does not come from NSObject");
+    if (categoryCount == kMostCategories)
+      hostEnd("there are too many categories");
+    categories[categoryCount++] = *each;
   }
   ++registeredImages;
 }
