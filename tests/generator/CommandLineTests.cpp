@@ -90,6 +90,50 @@ TEST_F(Program, WritesTheReferenceAlone) {
   EXPECT_FALSE(fs::exists(folder_ / "site/catalogue.tsv"));
 }
 
+TEST_F(Program, MakesAnAddOnOrNothing) {
+  const std::string known = write("known.idl", "enum Colour { Red = 1 }");
+  const std::string own = write("own.idl", "struct Dot { Colour colour; }");
+  const std::string start = "--library Dots --output " + folder_.string() + "/out ";
+  const Outcome made = run(start + "--prefix My --known " + known + " " + own);
+  EXPECT_EQ(made.status, 0) << made.output;
+  EXPECT_NE(readFile(folder_ / "out/include/Dots/types/own.h").find("} MyWRTDot;"),
+            std::string::npos);
+  EXPECT_FALSE(fs::exists(folder_ / "out/include/WRTObjcBridge"));
+  std::istringstream lines(run("--list-outputs --library Dots " + own).output);
+  for (std::string path; std::getline(lines, path);)
+    EXPECT_TRUE(fs::exists(folder_ / "out" / path)) << path;
+
+  fs::remove_all(folder_ / "out");
+  const std::string clash = write("clash.idl", "enum Colour { Green = 2 }");
+  const Outcome refused = run(start + "--known " + known + " " + clash);
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.output, clash + ":1:6: error: type 'Colour' is declared twice\n");
+  EXPECT_FALSE(fs::exists(folder_ / "out"));
+  EXPECT_EQ(run("--known " + known + " --output " + folder_.string() + "/out " + own).status, 2);
+}
+
+/// Metadata and declarations that agree, and a slot that is elsewhere.
+TEST_F(Program, ComparesMetadataWithWhatIsKnown) {
+  const std::string metadata = WRT_GREETER "/Contoso.winmd";
+  const std::string head = "namespace Contoso;\nfull interface IGuest "
+                           "{6a9f0b52-3c1e-4d57-9b7a-51f1f3a9c001} { ";
+  const std::string right = write("right.idl", head + "String Name { get; } }");
+  const Outcome same = run("import --check " + metadata + " --known " + right);
+  EXPECT_EQ(same.status, 0) << same.output;
+  EXPECT_NE(same.output.find("besides\tContoso.IGuest: get_Visit\n"), std::string::npos);
+  const std::string wrong = write("wrong.idl", head + "Int32 Age { get; } String Name { get; } }");
+  const Outcome differs = run("import --check " + metadata + " --known " + wrong);
+  EXPECT_EQ(differs.status, 1);
+  EXPECT_NE(differs.output.find("lacks\tContoso.IGuest: get_Age\n"), std::string::npos);
+  EXPECT_NE(differs.output.find("slot\tContoso.IGuest: get_Name has slot 6, declared at 7\n"),
+            std::string::npos)
+      << differs.output;
+  const Outcome refused =
+      run("import " + metadata + " --known " + wrong + " --output " + folder_.string() + "/out");
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_FALSE(fs::exists(folder_ / "out"));
+}
+
 TEST_F(Program, TellsWhatIsWrongWithTheCommandLine) {
   EXPECT_EQ(run("").status, 2);
   EXPECT_EQ(run("--help").status, 0);
