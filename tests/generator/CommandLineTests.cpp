@@ -22,6 +22,8 @@ struct Outcome {
 Outcome run(const std::string &arguments) {
   FILE *pipe = popen((WRT_BRIDGEGEN " " + arguments + " 2>&1").c_str(), "r");
   Outcome result{-1, ""};
+  if (!pipe)
+    return result;
   std::array<char, 4096> buffer;
   while (const size_t count = fread(buffer.data(), 1, buffer.size(), pipe))
     result.output.append(buffer.data(), count);
