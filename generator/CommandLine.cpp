@@ -72,13 +72,15 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
       }
       commandLine.selection.push_back(arguments[i]);
     } else if (argument == "--library") {
-      if (++i == arguments.size() || !isName(arguments[i], "_.-")) {
+      ++i;
+      if (i == arguments.size() || !isName(arguments[i], "_.-")) {
         problem = "'--library' needs a name of letters, digits, '_', '.' and '-'";
         return std::nullopt;
       }
       commandLine.target.name = arguments[i];
     } else if (argument == "--prefix") {
-      if (++i == arguments.size() || !isName(arguments[i], "_")) {
+      ++i;
+      if (i == arguments.size() || !isName(arguments[i], "_")) {
         problem = "'--prefix' needs a name of letters, digits and '_'";
         return std::nullopt;
       }

@@ -29,6 +29,7 @@ BridgeClass bridgeClassOf(const InterfaceType &interface) {
                      "WRTInterfaceProxy",
                      &interface,
                      {&interface},
+                     {},
                      {}};
   bridge.methods = protocolMethods(interface);
   return bridge;
@@ -39,6 +40,7 @@ BridgeClass bridgeClassOf(const ClassType &type) {
                      type.isFull() ? "class" : "proxy-class",
                      type.isFull() ? "WRTInspectableBridge" : "WRTClassProxy",
                      &type,
+                     {},
                      {},
                      {}};
   for (const ClassType::Listed &listed : type.interfaces) {
@@ -58,7 +60,7 @@ namespace {
 
 /// The members of a completed proxy for one of the product's classes, which have its accessor.
 BridgeClass completed(const InterfaceType &completion, const Type &type) {
-  BridgeClass bridge{type.bridgeClass(), "completed", "", &completion, {}, {}};
+  BridgeClass bridge{type.bridgeClass(), "completed", "", &completion, {}, {}, {}};
   bridge.methods = protocolMethods(completion);
   bridge.methods.pop_back();
   // Several interfaces of one class may be completed, each by a category.

@@ -24,7 +24,7 @@ struct BridgeClass {
   const Type *type = nullptr;
   std::vector<const InterfaceType *> protocols;
   std::vector<BridgeMethod> methods; ///< class methods behind instance methods
-  std::string category = {}; ///< of the add-on that gives these methods to the product's class
+  std::string category; ///< of the add-on that gives these methods to the product's class
 };
 
 BridgeClass bridgeClassOf(const InterfaceType &interface);
