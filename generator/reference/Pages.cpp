@@ -63,7 +63,7 @@ const char *formName(Form form) {
 
 std::string header(const Type &type) {
   const bool isValue = type.kind == Kind::Struct || type.kind == Kind::Enum;
-  return includeName(isValue ? emitTypesHeader : emitPublicHeader, type.unit->name);
+  return includeName(isValue ? emitTypesHeader : emitPublicHeader, *type.unit);
 }
 
 /// What the headers say of a type behind its name and identifier.
