@@ -27,7 +27,7 @@ install(FILES ${WRT_DECLARATIONS} DESTINATION ${CMAKE_INSTALL_DATADIR}/WRTObjcBr
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/core ${PROJECT_SOURCE_DIR}/marshal DESTINATION ${detail}
   FILES_MATCHING PATTERN "*.h" PATTERN "WRT*.h" EXCLUDE PATTERN test EXCLUDE)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/include DESTINATION ${detail}/platform
-  FILES_MATCHING PATTERN "*.h" PATTERN WRTTypes.h EXCLUDE)
+  FILES_MATCHING PATTERN "*.h" PATTERN "*.inc" PATTERN WRTTypes.h EXCLUDE)
 foreach(folder IN ITEMS activation bridge components/async components/collections components/generic
     implement memory string)
   install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/linux/${folder}/

@@ -4,7 +4,7 @@
 # Usage: awk -f rooms.awk -f architecture-picture.awk docs/architecture.md > PICTURE.svg
 
 BEGIN {
-  kWidth = 960; kRow = 84; kHeight = 30; kGap = 14; kTop = 16
+  kWidth = 1280; kRow = 84; kHeight = 30; kGap = 14; kTop = 16
 }
 
 function tableRow(line, room, uses,    list, n, i) {

@@ -12,7 +12,7 @@ install(FILES ${WRT_DECLARATIONS} DESTINATION share/WRTObjcBridge/declarations)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/core ${PROJECT_SOURCE_DIR}/marshal DESTINATION ${detail}
   FILES_MATCHING PATTERN "*.h" PATTERN "WRT*.h" EXCLUDE PATTERN test EXCLUDE)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/include DESTINATION ${detail}/platform
-  FILES_MATCHING PATTERN "*.h" PATTERN WRTTypes.h EXCLUDE)
+  FILES_MATCHING PATTERN "*.h" PATTERN "*.inc" PATTERN WRTTypes.h EXCLUDE)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/windows/bridge DESTINATION ${detail}/platform/windows)
 foreach(folder IN ITEMS abi members)
   install(DIRECTORY ${PROJECT_BINARY_DIR}/${folder}/ DESTINATION ${detail}/${folder}
