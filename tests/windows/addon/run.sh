@@ -21,7 +21,7 @@ sed -n 's/.*\(ContosoWRT[A-Za-z0-9_]*FromBlock\)(.*/\1/p' \
 : > "$work/none"
 # shellcheck disable=SC2046
 "$inspectimage" check "$image" "$source/tests/windows/addon/imports.txt" "$work/none" $(cat "$work/functions")
-"$runemulated" runTests "$@" "$kit/bin/WRTObjcBridge_zorvex.dll" "$image" "$work/addontest.dll"
+"$runemulated" "$@" "$kit/bin/WRTObjcBridge_zorvex.dll" "$image" "$work/addontest.dll"
 
 # Another image is another version.
 cp -r "$kit" "$work/kit"
