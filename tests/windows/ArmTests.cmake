@@ -61,8 +61,10 @@ add_test(NAME windows.kit.install
 set_tests_properties(windows.kit.install PROPERTIES FIXTURES_SETUP kit)
 add_test(NAME windows.kit.run
   COMMAND armcalls run ${WRT_ARM_DOUBLES} ${kit}/bin/WRTObjcBridge_zorvex.dll)
+add_test(NAME windows.kit.smoke COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/smoke.sh $<TARGET_FILE:armprogram>
+  ${kit}/bin ${CMAKE_BINARY_DIR}/planted-slot/smoke ${product_map} ${WRT_ARM_DOUBLES})
 add_test(NAME windows.kit.versions COMMAND grep -c "^[a-z0-9+-]* [0-9]" ${kit}/versions.txt)
-set_tests_properties(windows.kit.run windows.kit.versions PROPERTIES FIXTURES_REQUIRED kit)
+set_tests_properties(windows.kit.run windows.kit.smoke windows.kit.versions PROPERTIES FIXTURES_REQUIRED kit)
 set_tests_properties(windows.kit.versions PROPERTIES PASS_REGULAR_EXPRESSION "^5\n")
 
 add_test(NAME windows.kit.addon COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/addon/run.sh ${PROJECT_SOURCE_DIR} ${kit}

@@ -5,6 +5,7 @@
 #include "PortableExecutable.h"
 
 #include <filesystem>
+#include <iostream>
 #include <map>
 #include <memory>
 #include <set>
@@ -18,7 +19,13 @@ struct Ended : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// A DLL in memory.
+/// The program ended itself by `ExitProcess`.
+struct Exited : Ended {
+  explicit Exited(std::uint32_t status) : Ended("ExitProcess"), status(status) {}
+  std::uint32_t status;
+};
+
+/// A DLL or a program in memory.
 struct Module {
   std::string name;
   pe::Image image;
@@ -62,6 +69,9 @@ public:
   Address allocate(std::uint32_t size);
   void release(Address block);
   std::size_t liveBlocks() const { return blocks_.size(); }
+
+  /// What the program writes to its standard output; borrowed.
+  std::ostream *console = &std::cout;
 
   // What a test can take away, or look at afterwards.
   bool hasKernel = true;

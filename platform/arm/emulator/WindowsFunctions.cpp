@@ -10,6 +10,8 @@ namespace {
 constexpr Address kKernelBase = 0x7F000000;
 constexpr Address kMainProgram = 0x7F100000;
 constexpr std::uint32_t kCurrentProcess = 0xFFFFFFFF;
+constexpr std::uint32_t kStandardOutput = 0xFFFFFFF5; // as it is asked for, and its handle here
+constexpr std::uint32_t kModuleNotFound = 126;        // ERROR_MOD_NOT_FOUND
 
 std::string narrow(const std::u16string &text) { return {text.begin(), text.end()}; }
 
@@ -31,6 +33,11 @@ public:
     add("free", &WindowsFunctions::release);
     add("abort", &WindowsFunctions::abort);
     add("_wassert", &WindowsFunctions::assertionFailed);
+    add("LoadLibraryExW", &WindowsFunctions::loadLibraryEx);
+    add("GetLastError", &WindowsFunctions::getLastError);
+    add("GetStdHandle", &WindowsFunctions::getStdHandle);
+    add("WriteFile", &WindowsFunctions::writeFile);
+    add("ExitProcess", &WindowsFunctions::exitProcess);
   }
 
 private:
@@ -139,6 +146,31 @@ private:
   std::uint32_t assertionFailed(const HostCall &call) {
     throw Ended("assertion failed: " + narrow(machine_.readWideString(call[0])));
   }
+
+  // What a program uses. All modules are there before it begins: loading one finds it or fails.
+  std::uint32_t loadLibraryEx(const HostCall &call) {
+    const Module *module = process_.findModule(narrow(machine_.readWideString(call[0])));
+    return module ? module->base : 0;
+  }
+
+  // The one failure that a program asks about.
+  std::uint32_t getLastError(const HostCall &) { return kModuleNotFound; }
+
+  std::uint32_t getStdHandle(const HostCall &call) {
+    return call[0] == kStandardOutput ? kStandardOutput : 0;
+  }
+
+  std::uint32_t writeFile(const HostCall &call) {
+    if (call[0] != kStandardOutput)
+      return 0;
+    const std::vector<std::uint8_t> bytes = machine_.read(call[1], call[2]);
+    process_.console->write(reinterpret_cast<const char *>(bytes.data()),
+                            static_cast<std::streamsize>(bytes.size()));
+    machine_.writeWord(call[3], call[2]);
+    return 1;
+  }
+
+  std::uint32_t exitProcess(const HostCall &call) { throw Exited(call[0]); }
 
   Process &process_;
   Machine &machine_;

@@ -35,13 +35,14 @@ endfunction()
 #   [FOLDER <folder>]                 where the results go; CMAKE_BINARY_DIR without it
 #   [ENTRY <symbol>]                  WRTDllEntry without it
 #   [DEFINITION <file>]               a .def file with further exports
-#   [PATCHED])                        links start-up in and gives the image its fixup table
+#   [PATCHED]                         links start-up in and gives the image its fixup table
+#   [PROGRAM])                        a console program, <name>.exe, which exports nothing; ENTRY does not return
 #
 # Results: <name>.dll, <name>.lib (its import library), <name>.map, <name>.pdb (its public symbols). They
 # are there only when the image has passed the check of its fixup table. They are the same to the byte for
 # the same objects, wherever these are: the linker sees no path of the build.
 function(wrt_add_arm_dll target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "PATCHED" "OUTPUT_NAME;FOLDER;ENTRY;DEFINITION" "OBJECTS;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "PATCHED;PROGRAM" "OUTPUT_NAME;FOLDER;ENTRY;DEFINITION" "OBJECTS;LIBRARIES")
   if(NOT arg_OUTPUT_NAME)
     set(arg_OUTPUT_NAME ${target})
   endif()
@@ -50,6 +51,20 @@ function(wrt_add_arm_dll target)
   endif()
   if(NOT arg_ENTRY)
     set(arg_ENTRY WRTDllEntry)
+  endif()
+  set(kinds dll lib map pdb)
+  set(image ${arg_OUTPUT_NAME}.dll)
+  set(form /dll)
+  set(subsystem windows)
+  set(container /appcontainer)
+  set(import_library "/implib:${arg_OUTPUT_NAME}.lib")
+  if(arg_PROGRAM)
+    set(kinds exe map pdb)
+    set(image ${arg_OUTPUT_NAME}.exe)
+    set(form "")
+    set(subsystem console,6.02) # the first Windows on ARM
+    set(container "")
+    set(import_library "")
   endif()
   set(result "${arg_FOLDER}/${arg_OUTPUT_NAME}")
   # The image is linked under its own name, which it carries, but beside the place where it is wanted:
@@ -77,9 +92,9 @@ function(wrt_add_arm_dll target)
   # Names of sections in images have 8 characters: the lists of the Objective-C metadata share one.
   set(lists classlist nlclslist catlist protolist classrefs superrefs selrefs protorefs)
   list(TRANSFORM lists REPLACE "(.+)" "/merge:.objc_\\1=objclist")
-  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols -runtime-pseudo-reloc:no /nologo /dll /machine:${WRT_MACHINE}
-    /entry:${arg_ENTRY} /nodefaultlib /subsystem:windows /base:0x10000000
-    /dynamicbase /nxcompat /appcontainer /Brepro
+  set(link ${WRT_ARM_LINK} ${WRT_LLD_LINK} -lldmingw -exclude-all-symbols -runtime-pseudo-reloc:no /nologo ${form} /machine:${WRT_MACHINE}
+    /entry:${arg_ENTRY} /nodefaultlib /subsystem:${subsystem} /base:0x10000000
+    /dynamicbase /nxcompat ${container} /Brepro
     # All code and data stay: members are reached through metadata that no symbol refers to. Folding
     # identical functions would change nothing: the linker compares the names of sections too, and
     # here every function's section has its own.
@@ -97,26 +112,25 @@ function(wrt_add_arm_dll target)
   if(arg_PATCHED)
     set(commands
       # Of the same name: images carry it, and it must not move anything.
-      COMMAND ${link} "/out:first/${arg_OUTPUT_NAME}.dll" ${libraries}
-      COMMAND fixuptable make "first/${arg_OUTPUT_NAME}.dll" FixupRecords.s
+      COMMAND ${link} "/out:first/${image}" ${libraries}
+      COMMAND fixuptable make "first/${image}" FixupRecords.s
       COMMAND ${CMAKE_C_COMPILER} --target=${WRT_ARM_TARGET} -c FixupRecords.s -o FixupRecords.o)
     set(records FixupRecords.o)
-    set(check COMMAND fixuptable check ${arg_OUTPUT_NAME}.dll)
+    set(check COMMAND fixuptable check ${image})
   endif()
-  set(kinds dll lib map pdb)
   list(TRANSFORM kinds PREPEND "${arg_OUTPUT_NAME}." OUTPUT_VARIABLE linked)
   list(TRANSFORM kinds PREPEND "${result}." OUTPUT_VARIABLE results)
   add_custom_command(OUTPUT ${results}
     COMMAND sed "s|^${CMAKE_BINARY_DIR}/|${binaries}|" objects.txt > objects.rsp
     COMMAND ${WRT_IMPORTED_DATA} ${WRT_NM} objects.rsp imported-data.rsp
     ${commands}
-    COMMAND ${link} "/out:${arg_OUTPUT_NAME}.dll" "/implib:${arg_OUTPUT_NAME}.lib"
+    COMMAND ${link} "/out:${image}" ${import_library}
             "/lldmap:${arg_OUTPUT_NAME}.map" ${records} ${libraries}
     ${check}
     COMMAND ${CMAKE_COMMAND} -E copy ${linked} "${arg_FOLDER}"
     DEPENDS ${files} ${WRT_IMPORTED_DATA} "${scratch}/objects.txt" ${arg_LIBRARIES}
             ${arg_DEFINITION} $<$<BOOL:${arg_PATCHED}>:fixuptable>
     WORKING_DIRECTORY "${scratch}"
-    COMMENT "Linking ${arg_OUTPUT_NAME}.dll" COMMAND_EXPAND_LISTS VERBATIM)
+    COMMENT "Linking ${image}" COMMAND_EXPAND_LISTS VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${results})
 endfunction()

@@ -1,6 +1,6 @@
 # What `cmake --install` puts in place for applications on the target:
 #
-#   bin/            the image, its public symbols and the linker's map of it
+#   bin/            the image, its public symbols and the linker's map of it; wrtsmoke.exe, which tries it
 #   lib/            its import library
 #   include/        the public headers
 #   toolchain/      the tool chain's file with what it takes from this folder
@@ -17,6 +17,15 @@ install(FILES ${PROJECT_SOURCE_DIR}/platform/windows/toolchain.cmake DESTINATION
 install(PROGRAMS ${PROJECT_SOURCE_DIR}/platform/windows/sysroot.sh DESTINATION toolchain)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/platform/windows/include ${PROJECT_SOURCE_DIR}/platform/windows/imports
   DESTINATION toolchain)
+
+# A program that loads the image and makes 20 calls (its classes may have been left out of a selection).
+if(NOT WRT_SELECT)
+  add_library(wrtsmoke_objects OBJECT ${PROJECT_SOURCE_DIR}/examples/smoke/Smoke.mm)
+  target_link_libraries(wrtsmoke_objects PRIVATE wrt_options wrt_generated)
+  wrt_add_arm_dll(wrtsmoke PROGRAM PATCHED ENTRY WRTProgramEntry OBJECTS wrtsmoke_objects
+    LIBRARIES ${WRT_ARM_IMPORTS})
+  install(FILES ${CMAKE_BINARY_DIR}/wrtsmoke.exe DESTINATION bin)
+endif()
 
 # Those that are installed, and those that are only unpacked, which tell their versions in their changes.
 execute_process(COMMAND dpkg-query --show "--showformat=\${Package} \${Version}\\n" clang-19 lld-19 llvm-19
