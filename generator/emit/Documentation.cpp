@@ -67,6 +67,14 @@ std::string ownershipOf(const Member &member) {
   return givesHandle ? " The handle in it is the caller's: `WRTHSTRINGRelease`." : "";
 }
 
+/// The interface pointer that an accessor or an activation gives.
+std::string pointerOf(const BridgeMethod &method) {
+  if (method.what == BridgeMethod::What::Activation)
+    return "A new default instance";
+  return (method.method.isClassMethod ? "The activation factory as `" : "The object as `") +
+         method.interface->name + "`";
+}
+
 /// Of an operation: whether its result cannot be read.
 std::string readabilityOf(const Member &member) {
   constexpr std::string_view kOperation = "Windows.Foundation.IAsyncOperation";
@@ -108,12 +116,8 @@ std::string describeClass(const BridgeClass &bridge, const Model &model) {
 }
 
 std::string describe(const BridgeMethod &method) {
-  if (method.what == BridgeMethod::What::Activation)
-    return "A new default instance (+1), or null.";
-  if (method.what == BridgeMethod::What::Accessor)
-    return method.method.isClassMethod
-               ? "The activation factory as `" + method.interface->name + "` (+1), or null."
-               : "The object as `" + method.interface->name + "` (+1), or null.";
+  if (method.what != BridgeMethod::What::Member)
+    return pointerOf(method) + " (+1, given up with `WRTIUnknownRelease`), or null.";
   return memberName(*method.member) + " (slot " + std::to_string(method.member->slot) + ")." +
          ownershipOf(*method.member) + readabilityOf(*method.member);
 }
