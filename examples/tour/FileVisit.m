@@ -13,12 +13,6 @@
 /// Larger files are listed and not read.
 static const unsigned long long kReadLimit = 64 << 20;
 
-static NSString *describeDate(NSDate *date) {
-  NSDateFormatter *formatter = [[[NSDateFormatter alloc] init] autorelease];
-  [formatter setDateFormat:@"yyyy-MM-dd HH:mm"];
-  return [formatter stringFromDate:date];
-}
-
 /// Parses the text and selects from it; what it found, or nil and an error.
 static NSString *visitXml(NSString *text, Findings *findings, NSError **error) {
   WRTXmlDocumentBridge *document = [[[WRTXmlDocumentBridge alloc] init] autorelease];
@@ -88,7 +82,7 @@ static NSString *visitData(WRTStorageFileBridge *file, Findings *findings, NSErr
 void visitFile(WRTStorageFileBridge *file, NSString *folder, Findings *findings) {
   NSError *error = nil;
   NSString *own = [file getNameWithError:&error];
-  NSString *name = joined(folder, own ? own : @"(a file)");
+  NSString *name = [NSString stringWithFormat:@"%@%@", folder, own ? own : @"(a file)"];
   WRTBasicPropertiesBridge *properties =
       WRTAwait([file getBasicPropertiesAsyncWithError:&error], &error);
   if (!properties) {
@@ -112,7 +106,10 @@ void visitFile(WRTStorageFileBridge *file, NSString *folder, Findings *findings)
     [findings report:@"read" on:name error:error];
     learnt = [NSString stringWithFormat:@"- %@", WRTErrorDescription(error)];
   }
-  NSString *date = describeDate(WRTDateFromDateTime([properties getDateModifiedWithError:NULL]));
+  NSDate *modified = WRTDateFromDateTime([properties getDateModifiedWithError:NULL]);
+  NSString *date = [modified descriptionWithCalendarFormat:@"%Y-%m-%d %H:%M"
+                                                  timeZone:nil
+                                                    locale:nil];
   [findings
       addRow:[NSArray arrayWithObjects:shownName(name), describeSize(size), date, learnt, nil]];
 }

@@ -57,20 +57,11 @@ enum { kColumns = 4 };
 }
 
 static void appendRow(NSMutableString *text, NSArray *cells, const NSUInteger *widths) {
-  for (NSUInteger i = 0; i < kColumns; ++i) {
-    NSString *cell = [cells objectAtIndex:i];
-    if (i == 0)
-      cell = shortenedTo(cell, widths[i]);
-    NSUInteger columns = columnsOf(cell);
-    NSUInteger gap = widths[i] > columns ? widths[i] - columns : 0;
-    NSString *space = [@"" stringByPaddingToLength:gap withString:@" " startingAtIndex:0];
-    BOOL isNumber = i == 1;
-    BOOL isLast = i == kColumns - 1;
-    [text appendString:isNumber ? space : @""];
-    [text appendString:cell];
-    [text appendString:isNumber || isLast ? @"" : space];
-    [text appendString:isLast ? @"\n" : @"  "];
-  }
+  NSString *name = shortenedTo([cells objectAtIndex:0], widths[0]);
+  const int gap = (int)(widths[0] - columnsOf(name));
+  [text appendFormat:@"%@%*s  %*s  %-*s  %@\n", name, gap, "", (int)widths[1],
+                     [[cells objectAtIndex:1] UTF8String], (int)widths[2],
+                     [[cells objectAtIndex:2] UTF8String], [cells objectAtIndex:3]];
 }
 
 - (NSString *)tableWithin:(NSUInteger)columns {
@@ -89,10 +80,8 @@ static void appendRow(NSMutableString *text, NSArray *cells, const NSUInteger *w
   for (NSArray *cells in _rows)
     appendRow(text, cells, widths);
   [text appendString:@"\ntotals\n"];
-  for (NSString *name in _names) {
-    NSString *label = [name stringByPaddingToLength:16 withString:@" " startingAtIndex:0];
-    [text appendFormat:@"  %@%12llu\n", label, [self total:name]];
-  }
+  for (NSString *name in _names)
+    [text appendFormat:@"  %-16s%12llu\n", [name UTF8String], [self total:name]];
   return text;
 }
 

@@ -15,24 +15,22 @@ static void note(BOOL written) {
     firstError = errno ? errno : EIO;
 }
 
-static BOOL isOpen(int descriptor) { return fcntl(descriptor, F_GETFD) >= 0; }
-
-static BOOL say(void) {
-  fprintf(stderr, "tour: cannot write the output: %s\n", strerror(firstError));
-  return NO;
+/// Whether nothing has failed; says so if something has.
+static BOOL isComplete(void) {
+  if (firstError != 0)
+    fprintf(stderr, "tour: cannot write the output: %s\n", strerror(firstError));
+  return firstError == 0;
 }
 
 BOOL openOutput(void) {
   signal(SIGPIPE, SIG_IGN); // a closed pipe is an error like others
-  note(isOpen(STDOUT_FILENO));
+  note(fcntl(STDOUT_FILENO, F_GETFD) >= 0);
   // A file that is opened later must not take a stream's place.
-  for (int descriptor = 0; descriptor <= STDERR_FILENO;) {
-    if (isOpen(descriptor))
-      ++descriptor;
-    else if (open("/dev/null", O_RDWR) < 0)
-      break;
-  }
-  return firstError == 0 || say();
+  int descriptor = STDIN_FILENO;
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO)
+    descriptor = open("/dev/null", O_RDWR);
+  close(descriptor);
+  return isComplete();
 }
 
 void print(NSString *text) {
@@ -43,7 +41,7 @@ void print(NSString *text) {
 BOOL closeOutput(void) {
   if (firstError == 0)
     note(fflush(stdout) == 0);
-  return firstError == 0 || say();
+  return isComplete();
 }
 
 NSUInteger outputColumns(void) {

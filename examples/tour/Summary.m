@@ -12,24 +12,15 @@ WRTStorageFolderBridge *openFolder(NSString *path, NSError **error) {
   return WRTAwait([WRTStorageFolderBridge getFolderFromPathAsyncWithPath:path error:error], error);
 }
 
-NSError *writeSummary(NSString *text, const char *path, NSString **place) {
-  const char *folderPath = getenv("TMPDIR"), *name = "tour-summary.txt";
-  int option = WRTCreationCollisionOptionGenerateUniqueName;
-  char *parent = NULL;
-  if (path) {
-    name = strrchr(path, '/') + 1;
-    folderPath = parent = strndup(path, name - path);
-    option = WRTCreationCollisionOptionReplaceExisting;
-  } else if (!folderPath || folderPath[0] != '/') {
-    folderPath = "/tmp/";
-  }
-  NSString *parentName = nameOfBytes(folderPath);
-  NSString *gap = [parentName hasSuffix:@"/"] ? @"" : @"/";
-  *place = joined(parentName, joined(gap, nameOfBytes(name)));
-
+NSError *writeSummary(NSString *text, const char *path, BOOL replaces, NSString **place) {
+  const char *name = strrchr(path, '/') + 1;
+  char *parent = strndup(path, name - path);
   NSError *error = nil;
-  WRTStorageFolderBridge *folder = openFolder(parentName, &error);
+  WRTStorageFolderBridge *folder = openFolder(nameOfBytes(parent), &error);
   free(parent);
+  *place = nameOfBytes(path);
+  const int option = replaces ? WRTCreationCollisionOptionReplaceExisting
+                              : WRTCreationCollisionOptionGenerateUniqueName;
   WRTStorageFileBridge *file = WRTAwait([folder createFileAsyncWithDesiredName:nameOfBytes(name)
                                                                        options:option
                                                                          error:&error],

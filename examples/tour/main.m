@@ -10,6 +10,7 @@
 #import <WRTObjcBridge/Windows.Storage.h>
 #import <WRTSupport/WRTSupport.h>
 
+#include <fts.h>
 #include <locale.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -25,63 +26,57 @@ static const char kUsage[] =
     "                  file in the folder for temporary files (TMPDIR)\n"
     "Exit status: 0 if all went well, 1 if anything failed, 2 for wrong usage.\n";
 
-/// The path from the root on, "." and ".." left for the system; to be freed.
-static char *absolutePath(const char *path) {
+/// The path from the root on, "." and ".." left for the system; to be freed. One that begins
+/// elsewhere begins in the folder.
+static char *absolutePath(const char *folder, const char *path) {
   char *whole = NULL;
-  char *here = path[0] == '/' ? NULL : get_current_dir_name();
-  if (asprintf(&whole, "%s%s%s", here ? here : "", here ? "/" : "", path) < 0)
+  const BOOL isWhole = path[0] == '/' || !folder;
+  if (asprintf(&whole, "%s%s%s", isWhole ? "" : folder, isWhole ? "" : "/", path) < 0)
     abort();
-  free(here);
   return whole;
 }
 
-/// A folder of the tour with its files.
-@interface Stop : NSObject {
-@public
-  NSString *name; ///< as seen from where the tour began, with a slash at its end; empty there
-  id<WRTIVectorView__1_WRTStorageFile_P_Bridge> files;
+/// The folder's files, all of them read from the list before it can change; nil and an error.
+static NSArray *filesIn(const char *path, NSError **error) {
+  WRTStorageFolderBridge *folder = openFolder(nameOfBytes(path), error);
+  WRTQueryOptionsBridge *options = [[[WRTQueryOptionsBridge alloc] init] autorelease];
+  WRTStorageFileQueryResultBridge *query =
+      [folder createFileQueryWithOptionsWithQueryOptions:options error:error];
+  id files = WRTAwait([query getFilesAsyncDefaultStartAndCountWithError:error], error);
+  return files ? WRTArray(files, error) : nil;
 }
-@end
 
-@implementation Stop
-- (void)dealloc {
-  [name release];
-  [(id)files release];
-  [super dealloc];
+static int compareNames(const FTSENT **left, const FTSENT **right) {
+  return strcmp((*left)->fts_name, (*right)->fts_name);
 }
-@end
 
-/// Adds the folder and, if `deep`, those below it. A folder that cannot be read is reported, and
-/// the others are added all the same. NO if this one cannot be.
-static BOOL plan(WRTStorageFolderBridge *folder, NSString *name, BOOL deep, NSMutableArray *stops,
-                 Findings *findings) {
-  NSError *error = nil;
-  WRTStorageFileQueryResultBridge *query = [folder
-      createFileQueryWithOptionsWithQueryOptions:[[[WRTQueryOptionsBridge alloc] init] autorelease]
-                                           error:&error];
-  Stop *stop = [[[Stop alloc] init] autorelease];
-  stop->name = [name retain];
-  stop->files =
-      [(id)WRTAwait([query getFilesAsyncDefaultStartAndCountWithError:&error], &error) retain];
-  if (!stop->files) {
-    [findings report:@"read the folder"
-                  on:[name length] ? name : [folder getPathWithError:NULL]
-               error:error];
-    return NO;
-  }
-  [stops addObject:stop];
-  if (!deep)
-    return YES;
-  for (NSString *own in foldersIn([folder getPathWithError:NULL])) {
-    NSString *belowName = joined(name, joined(own, @"/"));
-    WRTStorageFolderBridge *below =
-        WRTAwait([folder getFolderAsyncWithName:own error:&error], &error);
-    if (below)
-      plan(below, belowName, YES, stops, findings);
+/// Of the folder and, if `deep`, of those below it: the files, behind the name as seen from the
+/// first, which is empty there and has a slash at its end elsewhere. A folder that cannot be read
+/// is reported. (Lists of folders have no bridge that gives their elements.)
+static NSArray *plan(char *path, BOOL deep, Findings *findings) {
+  NSMutableArray *stops = [NSMutableArray array];
+  char *roots[] = {path, NULL};
+  FTS *tree = fts_open(roots, FTS_PHYSICAL | FTS_COMFOLLOW | FTS_NOCHDIR, compareNames);
+  if (!tree)
+    abort();
+  for (FTSENT *entry; (entry = fts_read(tree)) != NULL;) {
+    const BOOL isFirst = entry->fts_level == 0;
+    if (entry->fts_info != FTS_D && !(isFirst && entry->fts_info != FTS_DP))
+      continue;
+    const char *below = entry->fts_path + strlen(path);
+    NSString *name =
+        isFirst ? @"" : [NSString stringWithFormat:@"%@/", nameOfBytes(below + (*below == '/'))];
+    NSError *error = nil;
+    NSArray *files = filesIn(entry->fts_path, &error);
+    if (files)
+      [stops addObject:[NSArray arrayWithObjects:name, files, nil]];
     else
-      [findings report:@"open the folder" on:belowName error:error];
+      [findings report:@"read the folder" on:isFirst ? nameOfBytes(path) : name error:error];
+    if (!deep || !files)
+      fts_set(tree, entry, FTS_SKIP);
   }
-  return YES;
+  fts_close(tree);
+  return stops;
 }
 
 /// On a terminal one line that is written over, elsewhere a line for each tenth.
@@ -94,53 +89,50 @@ static void showProgress(unsigned done, unsigned count) {
 
 static void visitAll(NSArray *stops, unsigned count, Findings *findings) {
   unsigned done = 0;
-  for (Stop *stop in stops) {
-    NSError *error = nil;
-    for (WRTStorageFileBridge *file in WRTEach(stop->files, &error)) {
+  for (NSArray *stop in stops) {
+    for (WRTStorageFileBridge *file in [stop objectAtIndex:1]) {
       NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
       showProgress(done++, count);
-      visitFile(file, stop->name, findings);
+      visitFile(file, [stop objectAtIndex:0], findings);
       [pool release];
     }
-    if (error)
-      [findings report:@"list" on:stop->name error:error];
   }
-  if (isatty(STDERR_FILENO))
-    showProgress(count, count);
+  showProgress(count, count);
+}
+
+static void keepSummary(const char *path, BOOL replaces, Findings *findings) {
+  NSString *place = nil;
+  NSError *error = writeSummary([findings tableWithin:0], path, replaces, &place);
+  if (error)
+    [findings report:@"write the summary" on:place error:error];
+  else
+    print([NSString stringWithFormat:@"\nThe summary is in %@\n", shownName(place)]);
 }
 
 /// How many problems there were.
-static unsigned tour(const char *folderPath, const char *summary, BOOL deep) {
+static unsigned tour(const char *folder, const char *summary, BOOL deep) {
   Findings *findings = [[[Findings alloc] init] autorelease];
-  NSString *title = nameOfBytes(folderPath);
-  NSError *error = nil;
-  char *whole = absolutePath(folderPath);
-  WRTStorageFolderBridge *folder = openFolder(nameOfBytes(whole), &error);
-  free(whole);
-  NSMutableArray *stops = [NSMutableArray array];
-  if (!folder) {
-    [findings report:@"open the folder" on:title error:error];
-    return 1;
+  const char *temporary = getenv("TMPDIR");
+  if (!temporary || temporary[0] != '/')
+    temporary = "/tmp";
+  char *here = get_current_dir_name();
+  char *path = absolutePath(here, folder);
+  char *kept = summary ? absolutePath(here, summary) : absolutePath(temporary, "tour-summary.txt");
+  NSArray *stops = plan(path, deep, findings);
+  if ([stops count] > 0) {
+    unsigned count = 0;
+    for (NSArray *stop in stops)
+      count += [[stop objectAtIndex:1] count];
+    print([NSString stringWithFormat:@"%@: %u files\n\n", shownName(nameOfBytes(folder)), count]);
+    visitAll(stops, count, findings);
+    print([findings tableWithin:outputColumns()]);
+    keepSummary(kept, summary != NULL, findings);
   }
-  if (!plan(folder, @"", deep, stops, findings))
-    return 1;
-  unsigned count = 0;
-  for (Stop *stop in stops)
-    count += [stop->files getSizeWithError:NULL];
-  print([NSString stringWithFormat:@"%@: %u files\n\n", shownName(title), count]);
-  visitAll(stops, count, findings);
-  print([findings tableWithin:outputColumns()]);
-
-  char *place = summary ? absolutePath(summary) : NULL;
-  NSString *written = nil;
-  error = writeSummary([findings tableWithin:0], place, &written);
-  free(place);
-  if (error)
-    [findings report:@"write the summary" on:written error:error];
-  else
-    print([NSString stringWithFormat:@"\nThe summary is in %@\n", shownName(written)]);
   if ([findings problems])
     fprintf(stderr, "tour: %u problems\n", [findings problems]);
+  free(kept);
+  free(path);
+  free(here);
   return [findings problems];
 }
 
