@@ -13,6 +13,7 @@
 #import <WRTObjcBridge/IVector.h>
 #import <WRTObjcBridge/IVectorView.h>
 #import <WRTObjcBridge/Windows.Foundation.h>
+#import <WRTSupport/WRTSupport.h>
 
 using namespace wrt;
 using namespace wrt::test;
@@ -209,7 +210,37 @@ void replaceAll(NSError **error) {
   EXPECT_EQ(0u, [strings getSizeWithError:nullptr]);
 }
 
+// The application layer on the same objects.
+
+void await(NSError **error) {
+  SpeechSource source;
+  const long before = liveDelegates();
+  EXPECT_TRUE(WRTAwait(newAction(source), error));
+  // Wine's thread gives the completion block up when it has been called.
+  for (int i = 0; i < 200 && liveDelegates() > before; ++i)
+    sleepABit();
+}
+
+void each(NSError **error) {
+  NSMutableArray *seen = [NSMutableArray array];
+  handOver(-2); // the layer gives up what Wine's list hands out, unlike the bridge's members
+  for (NSString *phrase in WRTEach(newStrings(), error))
+    [seen addObject:phrase];
+  NSArray *const expected = [NSArray arrayWithObjects:@"alpha", @"", @"gamma 😀", nil];
+  EXPECT_TRUE([seen isEqual:expected]);
+}
+
+void errorDescription(NSError **error) {
+  NSError *bounds = nil;
+  Strings strings = newStrings(error);
+  [strings getAtWithIndex:3 error:&bounds];
+  EXPECT_TRUE([WRTErrorDescription(bounds) hasSuffix:@"(E_BOUNDS, 0x8000000B)"]);
+}
+
 const Member members[] = {
+    {"(WRTSupport).WRTAwait", await},
+    {"(WRTSupport).WRTEach", each},
+    {"(WRTSupport).WRTErrorDescription", errorDescription},
     {"IAsyncAction.put_Completed", setCompleted},
     {"IAsyncAction.GetResults", getResults},
     {"IAsyncInfo.Id",
