@@ -26,7 +26,7 @@ typedef struct WRTComponentScript {
 /// The program's functions, which the component calls on any thread.
 typedef struct WRTComponentProgram {
   void(WRT_ABI *readScript)(WRTComponentScript *script);
-  void(WRT_ABI *recordCrossing)(const char *text);
+  void(WRT_ABI *recordCrossing)(const char *text, size_t length);
   /// As `WRTLedgerAdd`.
   void(WRT_ABI *addToLedger)(int32_t kind, int64_t amount);
   void(WRT_ABI *countHandleMade)(HSTRING string);

@@ -21,6 +21,6 @@ Script &script() {
   return current;
 }
 
-void recordCrossing(std::string text) { program().recordCrossing(text.c_str()); }
+void recordCrossing(std::string text) { program().recordCrossing(text.data(), text.size()); }
 
 } // namespace wrt::test

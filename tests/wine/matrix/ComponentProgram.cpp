@@ -30,7 +30,7 @@ void WRT_ABI readScript(WRTComponentScript *result) {
              .keepsDelegate = current.keepsDelegate};
 }
 
-void WRT_ABI record(const char *text) { recordCrossing(text); }
+void WRT_ABI record(const char *text, size_t length) { recordCrossing({text, length}); }
 
 void WRT_ABI addToLedger(int32_t kind, int64_t amount) {
   WRTLedgerAdd(static_cast<WRTLedgerKind>(kind), amount);
