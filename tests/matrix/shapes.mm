@@ -216,6 +216,7 @@ void *noDelegate(id, Retained<> &) { return nullptr; }
 // A platform that succeeds with null.
 const Cell nulls("frame.all.any.success_with_null", [] {
   static int calls;
+  calls = 0;
   OneFunction object(+[](void *, void *) WRT_ABI -> HRESULT {
     ++calls;
     return 0;

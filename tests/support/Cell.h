@@ -37,6 +37,9 @@ struct Leftover {
 };
 void expectLeftover(Leftover leftover);
 
+/// Whether the cell that ran last has announced something.
+bool announcesLeftover();
+
 /// Keeps `thing` until the running cell's autorelease pool has been drained.
 void keepUntilDrained(std::shared_ptr<void> thing);
 

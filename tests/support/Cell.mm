@@ -6,6 +6,7 @@
 
 #import <Foundation/Foundation.h>
 
+#include <algorithm>
 #include <utility>
 
 // LeakSanitizer's own, where it is there. What is allocated in between is no leak to it; what a
@@ -117,6 +118,11 @@ void expectLeftover(Leftover leftover) {
 #if defined(WRT_RELEASE_STRING_RESULTS)
   expected.strings = expected.extraHandles = 0;
 #endif
+}
+
+bool announcesLeftover() {
+  const WRTLedgerCounts counts = announced();
+  return std::ranges::any_of(counts.live, [](auto count) { return count != 0; });
 }
 
 void keepUntilDrained(std::shared_ptr<void> thing) { lastingThings.push_back(std::move(thing)); }
