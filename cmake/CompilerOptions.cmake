@@ -41,6 +41,13 @@ if(WRT_SANITIZE)
     -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE})
 endif()
+option(WRT_COVERAGE "Count what runs, for llvm-cov" OFF)
+if(WRT_COVERAGE)
+  # Not optimized: it is run once, and every branch is that of the source.
+  target_compile_options(wrt_options INTERFACE
+    -fprofile-instr-generate -fcoverage-mapping -O0 -g0)
+  target_link_options(wrt_options INTERFACE -fprofile-instr-generate)
+endif()
 
 add_library(wrt_objc INTERFACE)
 target_link_libraries(wrt_objc INTERFACE wrt_options)
