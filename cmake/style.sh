@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Checks the sources, or those named: clang-format would leave them as they are, and they include nothing
-# that the table in docs/architecture.md does not allow; the pictures show what their tables say. Changes
-# nothing.
+# that the table in docs/architecture.md does not allow; the pictures show what their tables say, and
+# documents are wrapped. Changes nothing.
 # Usage: cmake/style.sh [FILE...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -29,6 +29,7 @@ for file in "${files[@]}"; do
 done
 failed=0
 cmake/pictures.sh check || failed=1
+cmake/wrap.sh check || failed=1
 [[ ${#sources[@]} -gt 0 ]] || exit $failed
 
 printf '%s\0' "${sources[@]}" |
