@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <sstream>
+#include <string_view>
 
 namespace bridgegen {
 
@@ -18,6 +20,24 @@ bool isName(const std::string &text, std::string_view more) {
                      [&](char c) { return is(std::isalnum, c) || more.find(c) != more.npos; });
 }
 
+/// An option with any text as its value, which goes into one member.
+struct ValueOption {
+  std::string_view name;
+  std::string_view value; ///< what it is, for messages
+  std::string CommandLine::*one = nullptr;
+  std::vector<std::string> CommandLine::*many = nullptr; ///< of an option that may be repeated
+};
+
+constexpr ValueOption kValueOptions[] = {
+    {"--output", "a folder", &CommandLine::output},
+    {"--hand-written", "a file", &CommandLine::handWritten},
+    {"--delegate-header", "a header's name", &CommandLine::delegateHeader},
+    {"--reference", "a folder", &CommandLine::reference},
+    {"--platform", "a file", &CommandLine::platform},
+    {"--known", "a file or folder", nullptr, &CommandLine::known},
+    {"--select", "a type or namespace", nullptr, &CommandLine::selection},
+};
+
 } // namespace
 
 std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &arguments,
@@ -29,48 +49,16 @@ std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &argu
       commandLine.help = true;
     } else if (argument == "--list-outputs") {
       commandLine.listOutputs = true;
-    } else if (argument == "--output") {
+    } else if (const auto *option = std::ranges::find(kValueOptions, argument, &ValueOption::name);
+               option != std::end(kValueOptions)) {
       if (++i == arguments.size()) {
-        problem = "'--output' needs a folder";
+        problem = "'" + argument + "' needs " + std::string(option->value);
         return std::nullopt;
       }
-      commandLine.output = arguments[i];
-    } else if (argument == "--hand-written") {
-      if (++i == arguments.size()) {
-        problem = "'--hand-written' needs a file";
-        return std::nullopt;
-      }
-      commandLine.handWritten = arguments[i];
-    } else if (argument == "--delegate-header") {
-      if (++i == arguments.size()) {
-        problem = "'--delegate-header' needs a header's name";
-        return std::nullopt;
-      }
-      commandLine.delegateHeader = arguments[i];
-    } else if (argument == "--reference") {
-      if (++i == arguments.size()) {
-        problem = "'--reference' needs a folder";
-        return std::nullopt;
-      }
-      commandLine.reference = arguments[i];
-    } else if (argument == "--platform") {
-      if (++i == arguments.size()) {
-        problem = "'--platform' needs a file";
-        return std::nullopt;
-      }
-      commandLine.platform = arguments[i];
-    } else if (argument == "--known") {
-      if (++i == arguments.size()) {
-        problem = "'--known' needs a file or folder";
-        return std::nullopt;
-      }
-      commandLine.known.push_back(arguments[i]);
-    } else if (argument == "--select") {
-      if (++i == arguments.size()) {
-        problem = "'--select' needs a type or namespace";
-        return std::nullopt;
-      }
-      commandLine.selection.push_back(arguments[i]);
+      if (option->one)
+        commandLine.*option->one = arguments[i];
+      else
+        (commandLine.*option->many).push_back(arguments[i]);
     } else if (argument == "--library") {
       ++i;
       if (i == arguments.size() || !isName(arguments[i], "_.-")) {
