@@ -2,6 +2,7 @@
 #define WRT_TESTS_SCRIPTED_STREAM_H
 
 #include "platform/linux/components/async/AsyncOperation.h"
+#include "platform/linux/components/async/ThreadPool.h"
 #include "platform/linux/components/streams/StreamTypes.h"
 #include "platform/linux/implement/Implements.h"
 
@@ -14,7 +15,10 @@ using namespace components;
 
 /// What a scripted stream and a reference to it do. A status that is negative makes the step fail;
 /// where a handler is installed or the size is asked for, `E_NOINTERFACE` takes the interface away.
+/// It outlasts the steps that still run on the pool, however its cell ends.
 struct StreamScript {
+  ~StreamScript() { waitForPool(); }
+
   HRESULT openStart = 0;   ///< OpenReadAsync itself
   HRESULT openResult = 0;  ///< its operation
   HRESULT openHandler = 0; ///< installing a handler on that

@@ -193,7 +193,6 @@ const Cell readFailures("conversion.data.from_stream.failing_steps", [] {
       NSData *data = nil;
       EXPECT_EQ(test.log, readScripted(script, &data));
       EXPECT_EQ(nil, data) << test.log;
-      wrt::implement::waitForPool();
     }
   }
   StreamScript script;
@@ -201,7 +200,6 @@ const Cell readFailures("conversion.data.from_stream.failing_steps", [] {
   failNext(Lack::Semaphore);
   EXPECT_EQ("", readScripted(script, &data));
   EXPECT_EQ(nil, data) << "nobody could wait";
-  wrt::implement::waitForPool();
   clearLog();
   EXPECT_EQ(nil, WRTCreateNSDataFromRandomAccessStreamReference(nil));
   EXPECT_EQ(1u, logRecords().size());
@@ -223,7 +221,6 @@ const Cell shortRead("conversion.data.from_stream.short_read", [] {
     EXPECT_EQ(0, script.options);
     EXPECT_EQ(low, script.capacity);
     EXPECT_EQ(low, script.count);
-    wrt::implement::waitForPool();
   }
   StreamScript script;
   script.size = 4;
@@ -231,7 +228,6 @@ const Cell shortRead("conversion.data.from_stream.short_read", [] {
   NSData *data = nil;
   EXPECT_EQ("WRTCreateNSDataFromIBuffer: Failed buffer byte access", readScripted(script, &data));
   EXPECT_EQ(nil, data);
-  wrt::implement::waitForPool();
 });
 
 const Cell writeFailures("conversion.data.to_stream.failing_steps", [] {
