@@ -9,7 +9,7 @@
 
 set(WRT_HAND_WRITTEN ${PROJECT_SOURCE_DIR}/core/classes.tsv)
 
-# When the build is for another machine, bridgegen is still for this one.
+# When the build is for another machine, bridgegen is still for this one: that of WRT_TOOLS_OF, or one of its own.
 if(NOT TARGET bridgegen)
   wrt_add_host_tools(wrt_generator ${PROJECT_SOURCE_DIR}/generator bridgegen)
 endif()
