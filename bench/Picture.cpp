@@ -1,7 +1,7 @@
 #include "bench/Picture.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <fmt/core.h>
 
 namespace wrt::bench {
 
@@ -24,21 +24,14 @@ constexpr Part kParts[] = {{"platform", "the platform alone"},
                            {"messages", "messages that have to be sent"},
                            {"rest", "the rest: lists, blocks, bridges, marshalling"}};
 
-template <class... Arguments>
-std::string text(const char *format, Arguments... arguments) {
-  char buffer[512];
-  std::snprintf(buffer, sizeof buffer, format, arguments...);
-  return buffer;
-}
-
 } // namespace
 
 std::string picture(const Measurements &measurements) {
   const int height = kTop + static_cast<int>(rows().size()) * kRowHeight + 10;
   std::string svg =
-      text("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 %d %d\" role=\"img\" "
-           "aria-label=\"Instructions per call\">\n",
-           kWidth, height);
+      fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 {} {}\" role=\"img\" "
+                  "aria-label=\"Instructions per call\">\n",
+                  kWidth, height);
   svg += "<style>\n"
          "text { font: 12px system-ui, sans-serif; fill: #24292f }\n"
          ".platform { fill: #8c959f } .messages { fill: #3b82c4 } .rest { fill: #d97b29 }\n"
@@ -49,9 +42,9 @@ std::string picture(const Measurements &measurements) {
          "</style>\n";
   int x = 12;
   for (const Part &part : kParts) {
-    svg += text("<rect class=\"%s\" x=\"%d\" y=\"12\" width=\"12\" height=\"12\"/>"
-                "<text x=\"%d\" y=\"22\">%s</text>\n",
-                part.style, x, x + 18, part.title);
+    svg += fmt::format("<rect class=\"{}\" x=\"{}\" y=\"12\" width=\"12\" height=\"12\"/>"
+                       "<text x=\"{}\" y=\"22\">{}</text>\n",
+                       part.style, x, x + 18, part.title);
     x += 60 + static_cast<int>(6.2 * static_cast<double>(std::string_view(part.title).size()));
   }
   int y = kTop;
@@ -61,16 +54,17 @@ std::string picture(const Measurements &measurements) {
         std::min(all, measurements.at(std::string(row.name) + "/platform").instructions);
     const double floor = std::min(all, floorOf(row, measurements).instructions);
     const double shares[] = {platform, floor - platform, all - floor};
-    svg += text("<text x=\"%d\" y=\"%d\" text-anchor=\"end\">%s</text>\n", kLeft - 8, y + 12,
-                row.name);
+    svg += fmt::format("<text x=\"{}\" y=\"{}\" text-anchor=\"end\">{}</text>\n", kLeft - 8, y + 12,
+                       row.name);
     double from = kLeft;
     for (size_t i = 0; i < std::size(kParts); ++i) {
       const double width = all > 0 ? shares[i] / all * (kWidth - kLeft - kRight) : 0;
-      svg += text("<rect class=\"%s\" x=\"%.1f\" y=\"%d\" width=\"%.1f\" height=\"%d\"/>\n",
-                  kParts[i].style, from, y + 1, width, kBarHeight);
+      svg +=
+          fmt::format("<rect class=\"{}\" x=\"{:.1f}\" y=\"{}\" width=\"{:.1f}\" height=\"{}\"/>\n",
+                      kParts[i].style, from, y + 1, width, kBarHeight);
       from += width;
     }
-    svg += text("<text x=\"%d\" y=\"%d\">%.0f</text>\n", kWidth - kRight + 8, y + 12, all);
+    svg += fmt::format("<text x=\"{}\" y=\"{}\">{:.0f}</text>\n", kWidth - kRight + 8, y + 12, all);
     y += kRowHeight;
   }
   return svg + "</svg>\n";

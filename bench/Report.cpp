@@ -1,19 +1,13 @@
 #include "bench/Report.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <fmt/core.h>
 #include <fstream>
 #include <sstream>
 
 namespace wrt::bench {
 
 namespace {
-
-std::string format(const char *pattern, double value) {
-  char text[32];
-  std::snprintf(text, sizeof text, pattern, value);
-  return text;
-}
 
 /// Whose code a library is.
 struct Owner {
@@ -55,20 +49,20 @@ std::string callTable(const Measurements &measurements) {
     const Measurement &written = measurements.at(name + "/written");
     const Measurement &platform = measurements.at(name + "/platform");
     const Measurement floor = floorOf(row, measurements);
-    text += "| " + name + " | " + format("%.1f ns", bridge.nanoseconds);
+    text += fmt::format("| {} | {:.1f} ns", name, bridge.nanoseconds);
     for (const Measurement *one : {&written, &floor, &platform})
-      text += " | " + format("%.2f", bridge.nanoseconds / one->nanoseconds);
-    text += " | " + std::to_string(row.messages) + " |";
+      text += fmt::format(" | {:.2f}", bridge.nanoseconds / one->nanoseconds);
+    text += fmt::format(" | {} |", row.messages);
     for (const Measurement *one : {&bridge, &written, &platform})
-      text += (one == &bridge ? " " : ", ") + format("%.0f", one->allocations);
+      text += fmt::format("{} {:.0f}", one == &bridge ? "" : ",", one->allocations);
     text += " |";
     for (const Measurement *one : {&bridge, &written, &floor, &platform})
-      text += (one == &bridge ? " " : ", ") + format("%.0f", one->instructions);
+      text += fmt::format("{} {:.0f}", one == &bridge ? "" : ",", one->instructions);
     text += " |\n";
   }
   const Measurement message = oneMessage(measurements);
-  return text + "\nOne message to an empty method: " + format("%.1f ns", message.nanoseconds) +
-         ", " + format("%.0f", message.instructions) + " instructions.\n";
+  return text + fmt::format("\nOne message to an empty method: {:.1f} ns, {:.0f} instructions.\n",
+                            message.nanoseconds, message.instructions);
 }
 
 std::string placeTable(const Measurements &measurements) {
@@ -85,7 +79,7 @@ std::string placeTable(const Measurements &measurements) {
       shares[ownerOf(place.library)] += count;
     text += std::string("| ") + row.name + " |";
     for (const double share : shares)
-      text += format(" %.0f |", share);
+      text += fmt::format(" {:.0f} |", share);
     text += "\n";
   }
   return text;
@@ -96,9 +90,9 @@ std::string functionList(const std::string &name, const Measurement &measurement
   for (const auto &[place, count] : measurement.places)
     places.emplace_back(count, place);
   std::ranges::sort(places, std::greater());
-  std::string text = name + ": " + format("%.0f instructions\n", measurement.instructions);
+  std::string text = fmt::format("{}: {:.0f} instructions\n", name, measurement.instructions);
   for (const auto &[count, place] : places)
-    text += format("%8.0f  ", count) + place.library + "  " + place.function + "\n";
+    text += fmt::format("{:8.0f}  {}  {}\n", count, place.library, place.function);
   return text;
 }
 
