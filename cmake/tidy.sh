@@ -9,7 +9,7 @@ commands=build/linux/compile_commands.json
 cmake/build.sh linux bridges # the generated headers
 # What is compiled and is not generated, by its path in the repository.
 mapfile -t sources < <(sed -n 's|^ *"file": "\(.*\)".*|\1|p' "$commands" |
-  sed -n "s|^$PWD/||p" | grep -v '^build/' | sort -u)
+  sed -n "s|^$PWD/||p" | grep -v '^build/\|\.S$' | sort -u)
 if [[ $# -gt 0 ]]; then
   mapfile -t sources < <(comm -12 <(printf '%s\n' "${sources[@]}" | sort) \
     <(printf '%s\n' "$@" | sort -u))

@@ -19,7 +19,7 @@ public:
     result.object_ = object;
     return result;
   }
-  Retained(Retained &&other) : object_(other.object_) { other.object_ = nullptr; }
+  Retained(Retained &&other) noexcept : object_(other.object_) { other.object_ = nullptr; }
   Retained &operator=(const Retained &) = delete;
   ~Retained() noexcept(false) {
     if (object_)

@@ -40,7 +40,7 @@ id<WRTIBufferBridge> WRTBufferFromData(NSData *data, NSError **error) {
   if (buffer && !failure)
     failure = WRTCreateNSErrorFromHRESULT(bytesOf(buffer, length, &bytes));
   if (buffer && !failure) {
-    if (length != 0)
+    if (bytes && length != 0)
       memcpy(bytes, [data bytes], length);
     [buffer setLengthWithValue:length error:&failure];
   }

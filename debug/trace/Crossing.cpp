@@ -68,7 +68,7 @@ void Crossing::note(const std::string &interface, HRESULT status) {
 void Crossing::write(const Ending &ending) const {
   std::string line = std::to_string(gettid()) + " " + std::to_string(depth_) +
                      (direction_ == Direction::Out ? " > " : " < ");
-  line.append(static_cast<size_t>(2 * std::min(depth_, kDeepest)), ' ');
+  line.append(2 * static_cast<size_t>(std::min(depth_, kDeepest)), ' ');
   line += method_.text(receiver_) + " " + method_.member + arguments_;
   if (!result_.empty() && !ending.isRaised)
     line += " = " + result_;

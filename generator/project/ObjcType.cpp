@@ -16,7 +16,8 @@ std::string distant(const std::string &encoding) {
   return encoding[0] == '{' ? encoding.substr(0, encoding.find('=')) + "}" : encoding;
 }
 
-ObjcType scalar(std::string spelling, std::string encoding, unsigned size, unsigned alignment) {
+ObjcType scalar(std::string spelling, const std::string &encoding, unsigned size,
+                unsigned alignment) {
   return {std::move(spelling), encoding,          encoding, distant(encoding), size,
           alignment,           Nullability::None, false};
 }

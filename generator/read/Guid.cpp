@@ -44,8 +44,11 @@ std::optional<Guid> Guid::parse(std::string_view text) {
   Guid guid;
   size_t at = 0;
   for (size_t i = 0; i < guid.bytes.size(); ++i) {
-    if (hasDashBefore(i) && (at >= text.size() || text[at++] != '-'))
-      return std::nullopt;
+    if (hasDashBefore(i)) {
+      if (at >= text.size() || text[at] != '-')
+        return std::nullopt;
+      ++at;
+    }
     if (at + 2 > text.size())
       return std::nullopt;
     const int high = digit(text[at++]);

@@ -10,7 +10,7 @@ class Pair final : public Implemented<PairTable> {
 public:
   Pair(const Collection &collection, void *key, void *value)
       : Implemented(collection.pair), kind_(collection.value.kind), key_(key), value_(value) {}
-  ~Pair() {
+  ~Pair() override {
     disposeWord(ElementKind::String, key_);
     disposeWord(kind_, value_);
   }
@@ -168,7 +168,7 @@ public:
   HRESULT WRT_ABI First(IteratorTable<void *> **iterator) override { return first(iterator); }
 
 private:
-  ~Map() { [lock_ release]; }
+  ~Map() override { [lock_ release]; }
 
   /// Changes take turns: where a key stands must hold until it is changed.
   class ExclusiveChange {

@@ -10,7 +10,7 @@ class Iterator final : public Implemented<IteratorTable<void *>> {
 public:
   Iterator(const Collection &collection, ElementList *list)
       : Implemented(collection.iterator), list_(list), version_(list->version()) {}
-  ~Iterator() { list_->release(); }
+  ~Iterator() override { list_->release(); }
 
   HRESULT WRT_ABI get_Current(void **current) override {
     uint32_t position = position_;
@@ -51,7 +51,7 @@ class VectorView final : public Implemented<VectorViewTable<void *>, IterableTab
 public:
   VectorView(const Collection &collection, ElementList *list)
       : Implemented(collection.view, collection.iterable), collection_(collection), list_(list) {}
-  ~VectorView() { list_->release(); }
+  ~VectorView() override { list_->release(); }
 
   HRESULT WRT_ABI GetAt(uint32_t index, void **item) override { return list_->getAt(index, item); }
   HRESULT WRT_ABI get_Size(uint32_t *size) override { return list_->getSize(size); }
@@ -75,7 +75,7 @@ class Vector final : public Implemented<VectorTable<void *>, IterableTable<void 
 public:
   Vector(const Collection &collection, ElementList *list)
       : Implemented(collection.iid, collection.iterable), collection_(collection), list_(list) {}
-  ~Vector() { list_->release(); }
+  ~Vector() override { list_->release(); }
 
   HRESULT WRT_ABI GetAt(uint32_t index, void **item) override { return list_->getAt(index, item); }
   HRESULT WRT_ABI get_Size(uint32_t *size) override { return list_->getSize(size); }

@@ -34,9 +34,10 @@ unichar *unitsOf(NSString *string) { return reinterpret_cast<unichar *>(&string-
   unichar units[256];
   NSUInteger length = 0;
   for (; text[length]; ++length) {
-    if (length == 256 || static_cast<unsigned char>(text[length]) >= 0x80)
+    const auto character = static_cast<unsigned char>(text[length]);
+    if (length == 256 || character >= 0x80)
       hostEnd("the double's strings are made of little ASCII");
-    units[length] = static_cast<unichar>(text[length]);
+    units[length] = character;
   }
   return [self stringWithCharacters:units length:length];
 }

@@ -33,7 +33,7 @@ extern "C" Class objc_getClass(const char *name) {
 + (instancetype)errorWithDomain:(NSString *)domain
                            code:(NSInteger)code
                        userInfo:(NSDictionary *)userInfo {
-  auto *error = static_cast<NSError *>([[self alloc] init]);
+  NSError *error = [[self alloc] init];
   error->_domain = [domain retain];
   error->_code = code;
   error->_userInfo = userInfo;

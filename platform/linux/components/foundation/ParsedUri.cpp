@@ -188,7 +188,7 @@ std::string escapeUriComponent(std::string_view text) {
 }
 
 std::string unescapeUriComponent(std::string_view text) {
-  return convertPieces(text, std::string_view("", 1), [](std::string_view piece) {
+  return convertPieces(text, std::string_view("\0", 1), [](std::string_view piece) {
     std::string result(piece);
     const char *end = uriUnescapeInPlaceExA(result.data(), false, URI_BR_DONT_TOUCH);
     result.resize(static_cast<size_t>(end - result.data()));
