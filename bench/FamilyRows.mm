@@ -28,7 +28,7 @@ namespace {
 
 using namespace implement;
 
-using Region = ClassRef<abi::IRegionOfInterest, "Windows.Media.Devices.RegionOfInterest">;
+using Region = types::RegionOfInterest;
 using Operation = IAsyncOperation<UInt32>;
 constexpr uint32_t kMany = 1000;
 constexpr int kRegions = 100;

@@ -31,7 +31,7 @@ struct FileWithoutMembers : wrt::abi::IInspectable {
 class File final : public Implements<FileWithoutMembers> {};
 
 Files *newFiles() {
-  using FileType = ClassRef<wrt::abi::IStorageFile, "Windows.Storage.StorageFile">;
+  using FileType = types::StorageFile;
   std::vector<ComPtr<wrt::abi::IStorageFile>> files;
   for (uint32_t i = 0; i < kFiles; ++i)
     files.push_back(ComPtr<wrt::abi::IStorageFile>::adopt(interfaceCast<wrt::abi::IStorageFile>(

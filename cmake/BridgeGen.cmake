@@ -5,7 +5,8 @@
 #   wrt_generated_abi               for what includes <abi/...> or <platform/...> headers
 #   wrt_generated                   the same, and for the classes
 #
-# WRT_DELEGATE_HEADER, if set, is what the delegate factories include.
+# WRT_DELEGATE_HEADER and WRT_COMPONENT_HEADER, if set, are what the delegate factories and the
+# families for components include.
 
 set(WRT_HAND_WRITTEN ${PROJECT_SOURCE_DIR}/core/classes.tsv)
 
@@ -17,6 +18,9 @@ endif()
 set(options --hand-written ${WRT_HAND_WRITTEN})
 if(WRT_DELEGATE_HEADER)
   list(APPEND options --delegate-header ${WRT_DELEGATE_HEADER})
+endif()
+if(WRT_COMPONENT_HEADER)
+  list(APPEND options --component-header ${WRT_COMPONENT_HEADER})
 endif()
 
 # What core/ itself is written with comes besides.

@@ -32,6 +32,7 @@ constexpr ValueOption kValueOptions[] = {
     {"--output", "a folder", &CommandLine::output},
     {"--hand-written", "a file", &CommandLine::handWritten},
     {"--delegate-header", "a header's name", &CommandLine::delegateHeader},
+    {"--component-header", "a header's name", &CommandLine::componentHeader},
     {"--reference", "a folder", &CommandLine::reference},
     {"--platform", "a file", &CommandLine::platform},
     {"--known", "a file or folder", nullptr, &CommandLine::known},
@@ -98,7 +99,7 @@ namespace {
 
 constexpr const char *kUsage =
     R"(Usage: bridgegen --output FOLDER [--hand-written FILE] [--delegate-header HEADER]
-                 FILE.idl...
+                 [--component-header HEADER] FILE.idl...
        bridgegen --reference FOLDER [--hand-written FILE] [--platform FILE] FILE.idl...
        bridgegen --library NAME [--prefix PREFIX] --known CATALOGUE --output FOLDER
                  [--delegate-header HEADER] FILE.idl...
@@ -120,6 +121,9 @@ Options:
   --delegate-header HEADER
                     What the delegate factories include; it declares
                     'wrt::makeDelegate'.
+  --component-header HEADER
+                    What the families for components include; it declares 'Abi',
+                    'Strings', 'Value', 'Objects' and 'Ref' of 'wrt::implement'.
   --reference FOLDER
                     Writes the source of the reference's pages into the folder, and
                     none of the outputs: facts for the templates in docs/site.

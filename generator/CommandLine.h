@@ -13,11 +13,12 @@ namespace bridgegen {
 struct CommandLine {
   bool help = false;
   bool listOutputs = false;
-  std::string output;         ///< the folder of the outputs; empty if `reference` is not
-  std::string reference;      ///< the folder of the reference's pages; empty if `output` is not
-  std::string platform;       ///< a file; empty for none
-  std::string handWritten;    ///< a file; empty for none
-  std::string delegateHeader; ///< empty for none
+  std::string output;          ///< the folder of the outputs; empty if `reference` is not
+  std::string reference;       ///< the folder of the reference's pages; empty if `output` is not
+  std::string platform;        ///< a file; empty for none
+  std::string handWritten;     ///< a file; empty for none
+  std::string delegateHeader;  ///< empty for none
+  std::string componentHeader; ///< empty for none
   std::vector<std::string> selection; ///< empty for everything
   Target target;
   std::vector<std::string> known; ///< declarations files and folders of them

@@ -42,7 +42,7 @@ std::optional<OutputSet> generate(const std::deque<Source> &sources, const Extra
       return std::nullopt;
     }
   }
-  const Input input{*model, others, extras.delegateHeader};
+  const Input input{*model, others, extras.delegateHeader, extras.componentHeader};
   return extras.isReference ? emitReference(input, platform) : emitAll(input);
 }
 

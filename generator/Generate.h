@@ -15,6 +15,7 @@ namespace bridgegen {
 struct Extras {
   const Source *handWritten = nullptr; ///< lists classes that the tables name; null for none
   std::string delegateHeader;          ///< what the delegate factories include; empty for nothing
+  std::string componentHeader;         ///< what the families for components include, likewise
   std::vector<std::string> selection;  ///< types and namespaces; empty for everything
   bool isReference = false;            ///< the reference's pages are made, not the outputs
   const Source *platform = nullptr; ///< what the platform has written, for them; null for unknown

@@ -63,6 +63,7 @@ int generate(const CommandLine &commandLine) {
   Diagnostics diagnostics;
   const Extras extras{handWritten.empty() ? nullptr : &handWritten.front(),
                       commandLine.delegateHeader,
+                      commandLine.componentHeader,
                       commandLine.selection,
                       !commandLine.reference.empty(),
                       platform.empty() ? nullptr : &platform.front(),

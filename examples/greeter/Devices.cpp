@@ -42,9 +42,9 @@ private:
   const StringHolder name_;
 };
 
-using DeviceClass = ClassRef<IDeviceInformation, "Windows.Devices.Enumeration.DeviceInformation">;
+using DeviceClass = types::DeviceInformation;
 using Devices = wrt::implement::IVectorView<DeviceClass>;
-using DevicesClass = ClassRef<Devices, "Windows.Devices.Enumeration.DeviceInformationCollection">;
+using DevicesClass = types::DeviceInformationCollection;
 using FindOperation = IAsyncOperation__1_WRTDeviceInformationCollection_P;
 using CreateOperation = IAsyncOperation__1_WRTDeviceInformation_P;
 using Names = IIterable__1_WRTHSTRING;

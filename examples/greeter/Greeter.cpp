@@ -1,5 +1,6 @@
 /// The component: `Contoso.Greeter` and `Contoso.Guest` for the embedded platform.
 #include "abi/Contoso.abi.h"
+#include "abi/GreeterBridge.families.h"
 #include "platform/linux/activation/ActivationRegistry.h"
 #include "platform/linux/components/async/AsyncOperation.h"
 #include "platform/linux/components/collections/VectorView.h"
@@ -35,7 +36,7 @@ private:
   const ContosoWRTVisit visit_;
 };
 
-using GuestClass = ClassRef<abi::ContosoIGuest, "Contoso.Guest">;
+using GuestClass = types::ContosoGuest;
 using ArrivedHandler = abi::ContosoTypedEventHandler__2_WRTGreeter_P_WRTGuest_P;
 
 class Greeter final : public Implements<abi::ContosoIGreeter, abi::IClosable> {

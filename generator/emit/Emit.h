@@ -13,6 +13,9 @@ struct Input {
   const std::vector<HandWrittenClass> &handWritten;
   /// The header in which the delegate factories find `wrt::makeDelegate`; empty for none.
   const std::string &delegateHeader;
+  /// The header in which the families for components find what their type arguments derive from;
+  /// empty for none.
+  const std::string &componentHeader;
 };
 
 // One emitter per kind of output, each in a file of its own; Outputs.inc says what they make. They
@@ -32,6 +35,8 @@ std::string emitClassNames(const Unit &unit, const Input &input);
 std::string emitProductParts(const Input &input);
 
 std::string emitUmbrella(const Input &input);
+/// The generic interfaces as templates.
+std::string emitFamilies(const Input &input);
 /// In the form of a module definition's export lines.
 std::string emitBridgeExports(const Input &input);
 /// Which asynchronous operations there are, and which collections.

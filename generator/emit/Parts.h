@@ -31,6 +31,9 @@ std::string exportMacro(const Unit &unit);
 /// `name` in capitals as part of a macro's name.
 std::string macroPart(const std::string &name);
 
+/// An enumeration as applications and components have it.
+void writeEnum(Writer &writer, const EnumType &type);
+
 /// Everything that the interface's bridged members name: their parameters and results, with what is
 /// inside delegates.
 std::vector<const Type *> namedTypes(const InterfaceType &interface);

@@ -10,40 +10,6 @@ namespace bridgegen {
 
 namespace {
 
-std::string hexadecimal(int64_t value) {
-  std::string digits;
-  for (; value != 0 || digits.empty(); value >>= 4)
-    digits.insert(digits.begin(), "0123456789ABCDEF"[value & 15]);
-  return "0x" + digits;
-}
-
-/// A flag beyond the positive numbers, 0x80000000, is written as `~0x7FFFFFFF`: still an `int`.
-std::string valueOf(const EnumType &type, int64_t value) {
-  if (!type.isFlags)
-    return std::to_string(value);
-  const bool isNegative = static_cast<int32_t>(value) < 0;
-  return isNegative ? "~" + hexadecimal(~value & UINT32_MAX) : hexadecimal(value);
-}
-
-void writeEnum(Writer &writer, const EnumType &type) {
-  writer.write("\n/// `%`\n", type.name);
-  if (type.constants.empty()) {
-    writer.write("typedef int %;\n", type.cName());
-    return;
-  }
-  // Some values have bits for which there is no constant, which is not for us to say.
-  const bool isOdd = type.isFlags && type.hasUnnamedFlags();
-  if (isOdd)
-    writer.append("#pragma clang diagnostic push\n"
-                  "#pragma clang diagnostic ignored \"-Wflag-enum\"\n");
-  writer.write("typedef %(%) {\n", type.isFlags ? "WRT_OPTIONS" : "WRT_ENUM", type.cName());
-  for (const EnumType::Constant &constant : type.constants)
-    writer.write("  %% = %,\n", type.cName(), constant.name, valueOf(type, constant.value));
-  writer.append("};\n");
-  if (isOdd)
-    writer.append("#pragma clang diagnostic pop\n");
-}
-
 /// The structures so that each stands behind those it contains.
 std::vector<const StructType *> inOrderOfUse(const std::vector<const StructType *> &structs) {
   std::vector<const StructType *> ordered;

@@ -26,22 +26,32 @@ public:
     for (const Declared::Item &item : declared_.items)
       visit(item,
             [&](const auto &syntax, const Context &context) { addMembers(item, syntax, context); });
-    for (InterfaceType *instance : instances_)
+    for (InterfaceType *instance : instances_) {
+      resolver_.setKnown(instance->unit->isKnown);
       completeInstance(*instance);
+    }
+    resolver_.setKnown(false);
     for (const auto &[completion, family] : completions_) {
       completion->iid = completion->completes->iid;
       completion->members = members(family->interface->members,
                                     Context::of(*family, completion->instance->arguments));
     }
     for (const auto &family : declared_.families)
-      tryMembers(*family);
+      open(*family);
     findCompletedClasses();
     collectDelegates();
+    resolver_.needNoSpellings();
+    for (const Declared::Item &item : declared_.items)
+      visit(item, [&](const auto &syntax, const Context &context) { know(syntax, context); });
+    // The product has what comes with its own instances, whatever an add-on declares.
+    closeOverInstances(true);
+    closeOverInstances(false);
   }
 
 private:
   template <class Visit>
-  static void visit(const Declared::Item &item, Visit visit) {
+  void visit(const Declared::Item &item, Visit visit) {
+    resolver_.setKnown(item.unit->isKnown);
     const Context context{item.declaration->section.get(), {}};
     std::visit([&](const auto &syntax) { visit(syntax, context); }, item.declaration->declared);
   }
@@ -72,6 +82,8 @@ private:
 
   void define(const Declared::Item &item, const syntax::Instantiation &syntax,
               const Context &context) {
+    if (syntax.form == Form::Extern)
+      return;
     for (const syntax::TypeName &name : syntax.types) {
       InterfaceType *instance = resolver_.resolveInstance(name, context);
       if (!instance)
@@ -145,9 +157,7 @@ private:
     // An argument without a signature is for `check` to report.
     interface.iid = signatures_.identifier(*interface.instance);
     if (interface.isFull())
-      interface.members =
-          members(resolver_.familyOf(interface).interface->members,
-                  Context::of(resolver_.familyOf(interface), interface.instance->arguments));
+      interface.members = membersOf(interface);
   }
 
   void findCompletedClasses() {
@@ -163,14 +173,83 @@ private:
     }
   }
 
-  /// Finds what is wrong in a family that may have no instance with members.
-  void tryMembers(const Family &family) {
-    const std::vector<const Type *> any(family.typeParameters->size(), &model_.object());
-    const Context context = Context::of(family, any);
-    if (family.interface)
-      return void(members(family.interface->members, context));
-    DelegateType scratch(family.name, family.bridgeName);
-    resolver_.complete(scratch, *family.delegate, context);
+  std::vector<Member> membersOf(const InterfaceType &instance) {
+    const Family &family = resolver_.familyOf(instance);
+    return members(family.interface->members, Context::of(family, instance.instance->arguments));
+  }
+
+  /// Also finds what is wrong in a family that has no instance with members.
+  void open(const Family &family) {
+    Type *type = resolver_.open(family);
+    if (!type)
+      return;
+    if (type->kind == Kind::Interface) {
+      auto &interface = static_cast<InterfaceType &>(*type);
+      interface.members = membersOf(interface);
+      resolveRequired(interface);
+    }
+    model_.addFamily(*type);
+  }
+
+  void resolveRequired(const InterfaceType &instance) {
+    const Family &family = resolver_.familyOf(instance);
+    for (const syntax::TypeName &name : family.interface->required)
+      resolver_.resolveInstance(name, Context::of(family, instance.instance->arguments));
+  }
+
+  template <class Syntax>
+  void know(const Syntax &, const Context &) {}
+
+  void know(const syntax::Instantiation &syntax, const Context &context) {
+    if (syntax.form == Form::Extern) {
+      for (const syntax::TypeName &name : syntax.types)
+        resolver_.resolveInstance(name, context);
+    }
+  }
+
+  /// Makes the instances that come with those there are, in what their members name and in what
+  /// their objects have besides, and gives every one its identifier.
+  void closeOverInstances(bool isKnown) {
+    resolver_.setKnown(isKnown);
+    // A family may name ever bigger instances of itself.
+    size_t biggest = 0;
+    std::set<const Type *> seen;
+    for (std::vector<Type *> fresh = newInstances(seen, isKnown); !fresh.empty();
+         fresh = newInstances(seen, isKnown)) {
+      if (seen.size() == fresh.size()) {
+        for (const Type *type : fresh)
+          biggest = std::max(biggest, sizeOf(*type) + 1);
+      }
+      for (Type *type : fresh) {
+        if (type->kind == Kind::Delegate) {
+          auto &delegate = static_cast<DelegateType &>(*type);
+          delegate.iid = signatures_.identifier(*delegate.instance);
+        } else {
+          auto &interface = static_cast<InterfaceType &>(*type);
+          interface.iid = signatures_.identifier(*interface.instance);
+          if (sizeOf(interface) <= biggest) {
+            membersOf(interface);
+            resolveRequired(interface);
+          }
+        }
+      }
+    }
+  }
+
+  /// The instances, or the known ones, that are not in `seen`, which they are added to.
+  std::vector<Type *> newInstances(std::set<const Type *> &seen, bool isKnown) const {
+    std::vector<Type *> fresh;
+    for (const auto &[name, type] : model_.types()) {
+      if (type->isInstance && !type->isOpen && type->isKnown >= isKnown &&
+          seen.insert(type.get()).second)
+        fresh.push_back(type.get());
+    }
+    return fresh;
+  }
+
+  /// How many instances an instance is made of, with itself.
+  static size_t sizeOf(const Type &type) {
+    return static_cast<size_t>(std::ranges::count(type.name, '<'));
   }
 
   /// Instances of generic delegates are made by being used. They belong to their family's unit, or,

@@ -58,6 +58,7 @@ private:
     auto *type = newType<EnumType>(declared.name, declared.bridgeName);
     if (!type)
       return;
+    type->isExtern = declared.isExtern;
     type->isFlags = declared.isFlags;
     std::set<std::string> names;
     for (const syntax::Constant &constant : declared.constants) {
@@ -66,7 +67,8 @@ private:
                            "constant " + quoted(constant.name.text) + " occurs twice");
       type->constants.push_back({constant.name.text, constant.value});
     }
-    unit_->enums.push_back(type);
+    if (!type->isExtern)
+      unit_->enums.push_back(type);
   }
 
   void declare(const syntax::Structure &declared) {

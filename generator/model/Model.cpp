@@ -13,12 +13,22 @@ Model::Model(Target target) : target_(std::move(target)) {
   for (const Scalar &scalar : kScalars)
     add(Kind::Scalar, scalar.name, scalar.bridgeName)->scalar = &scalar;
   add(Kind::String, "String", "HSTRING");
-  object_ = add(Kind::Object, "Object", "IInspectable");
+  add(Kind::Object, "Object", "IInspectable");
 }
 
 const Type *Model::builtIn(std::string_view name) const {
   const auto found = builtIns_.find(name);
   return found == builtIns_.end() ? nullptr : found->second.get();
+}
+
+const Type &Model::typeParameter(const std::string &name) {
+  auto &type = typeParameters_[name];
+  if (!type) {
+    // No declared type is called that.
+    type = std::make_unique<Type>(Kind::Object, "!" + name, name);
+    type->isOpen = true;
+  }
+  return *type;
 }
 
 Unit &Model::addUnit(std::string name, Origin origin) {

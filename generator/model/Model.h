@@ -40,8 +40,8 @@ public:
   /// The built-in type of that name, or null.
   const Type *builtIn(std::string_view name) const;
   const Type &scalar(const Scalar &scalar) const { return *builtIn(scalar.name); }
-  /// `Object`.
-  const Type &object() const { return *object_; }
+  /// What the type parameter of that name is inside of its family.
+  const Type &typeParameter(const std::string &name);
 
   /// In the order of the files, the known ones first.
   const std::vector<std::unique_ptr<Unit>> &units() const { return units_; }
@@ -68,6 +68,11 @@ public:
   /// All declared types and instances by name.
   const std::map<std::string, std::unique_ptr<Type>> &types() const { return types_; }
 
+  /// The generic interfaces and delegates in the order of the units: each is the instance for its
+  /// own parameters, with its members.
+  const std::vector<const Type *> &families() const { return families_; }
+  void addFamily(const Type &open) { families_.push_back(&open); }
+
   /// The classes that list the interface among their instance interfaces, in the order of the
   /// units.
   std::vector<const ClassType *> implementers(const InterfaceType &interface) const;
@@ -77,7 +82,8 @@ public:
 private:
   Target target_;
   std::map<std::string, std::unique_ptr<Type>, std::less<>> builtIns_;
-  const Type *object_;
+  std::map<std::string, std::unique_ptr<Type>> typeParameters_;
+  std::vector<const Type *> families_;
   std::vector<std::unique_ptr<Unit>> units_;
   std::map<std::string, std::unique_ptr<Type>> types_;
   std::map<const InterfaceType *, std::unique_ptr<InterfaceType>> completions_;

@@ -1,5 +1,7 @@
 #include "generator/model/Resolver.h"
 
+#include <algorithm>
+
 namespace bridgegen {
 
 Context Context::of(const Family &family, const std::vector<const Type *> &arguments) {
@@ -88,13 +90,20 @@ InterfaceType *Resolver::resolveInstance(const syntax::TypeName &name, const Con
   return static_cast<InterfaceType *>(type);
 }
 
+Type *Resolver::open(const Family &family) {
+  std::vector<const Type *> parameters;
+  for (const Name &parameter : *family.typeParameters)
+    parameters.push_back(&model_.typeParameter(parameter.text));
+  return instantiate(family, std::move(parameters), family.at);
+}
+
 std::optional<std::string> Resolver::spelling(const Family &family, const Type &argument,
                                               Position at) {
   switch (argument.kind) {
   case Kind::Scalar:
     if (argument.isBoolean())
       return "WRT" + family.booleanSpelling;
-    if (argument.scalar->isTypeArgument)
+    if (argument.scalar->isTypeArgument || !needsSpellings_)
       return "WRT" + argument.bridgeName;
     break;
   case Kind::String:
@@ -114,12 +123,18 @@ std::optional<std::string> Resolver::spelling(const Family &family, const Type &
 
 Type *Resolver::instantiate(const Family &family, std::vector<const Type *> arguments,
                             Position at) {
+  // Making an instance of a delegate looks its arguments up, so one inside another might have no
+  // end.
+  if (family.delegate && insideDelegate_)
+    return fail(at, kDelegateInDelegate);
   std::string name = family.name + "<";
   for (const Type *argument : arguments)
     name += (name.back() == '<' ? "" : ", ") + argument->name;
   name += ">";
-  if (Type *known = model_.find(name))
-    return known;
+  if (Type *found = model_.find(name)) {
+    found->isKnown = found->isKnown || isKnown_;
+    return found;
+  }
 
   std::string bridgeName = family.bridgeName + "__" + std::to_string(arguments.size());
   for (const Type *argument : arguments) {
@@ -130,6 +145,8 @@ Type *Resolver::instantiate(const Family &family, std::vector<const Type *> argu
   }
   const auto add = [&](auto type) -> auto & {
     type->isInstance = true;
+    type->isKnown = isKnown_;
+    type->isOpen = std::ranges::any_of(arguments, &Type::isOpen);
     type->iid = family.iid;
     type->unit = family.unit;
     type->at = at;
@@ -139,10 +156,6 @@ Type *Resolver::instantiate(const Family &family, std::vector<const Type *> argu
   };
   if (family.interface)
     return &add(std::make_unique<InterfaceType>(name, bridgeName));
-  // Making an instance of a delegate looks its arguments up, so one inside another might have no
-  // end.
-  if (insideDelegate_)
-    return fail(at, kDelegateInDelegate);
   DelegateType &delegate = add(std::make_unique<DelegateType>(name, bridgeName));
   complete(delegate, *family.delegate, Context::of(family, arguments));
   return &delegate;

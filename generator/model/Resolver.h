@@ -28,6 +28,15 @@ public:
   /// reported and gives null.
   InterfaceType *resolveInstance(const syntax::TypeName &name, const Context &context);
 
+  /// The model's object for the instance of `family` for its own parameters.
+  Type *open(const Family &family);
+
+  /// From now on instances are made that no bridge can be named after.
+  void needNoSpellings() { needsSpellings_ = false; }
+
+  /// Whether what is resolved from now on is the product's, in a run for an add-on.
+  void setKnown(bool isKnown) { isKnown_ = isKnown; }
+
   /// Looks up what a delegate takes and gives.
   void complete(DelegateType &delegate, const syntax::Delegate &syntax, const Context &context);
 
@@ -46,7 +55,9 @@ private:
   Model &model_;
   Diagnostics &diagnostics_;
   std::map<const Type *, const Family *> families_; ///< of the instances
-  bool insideDelegate_ = false;                     ///< its arguments are being looked up
+  bool needsSpellings_ = true;
+  bool isKnown_ = false;
+  bool insideDelegate_ = false; ///< its arguments are being looked up
 };
 
 inline constexpr const char *kDelegateInDelegate = "a delegate cannot take another one";

@@ -19,6 +19,8 @@ struct Type {
   std::string name;        ///< WinRT's, in full: `Windows.Foundation.IReference<Int32>`
   std::string bridgeName;  ///< what Objective-C names have between `WRT` and `Bridge`
   bool isInstance = false; ///< of a generic interface or delegate
+  bool isOpen = false;     ///< a type parameter, which is of the kind `Object`, or made of one
+  bool isKnown = false;    ///< an instance that the product has without the add-on
   const Unit *unit =
       nullptr; ///< where it is declared (its family, if an instance); null if built in
   Position at;
@@ -30,6 +32,7 @@ struct Type {
   Type &operator=(const Type &) = delete;
   virtual ~Type() = default;
 
+  bool isTypeParameter() const { return isOpen && !isInstance; }
   bool isString() const { return kind == Kind::String; }
   bool isBoolean() const { return scalar == &kBoolean; }
   bool isDelegate() const { return kind == Kind::Delegate; }
@@ -60,6 +63,7 @@ struct EnumType : Type {
     std::string name;
     int64_t value;
   };
+  bool isExtern = false; ///< stands in no header of applications
   bool isFlags = false;
   std::vector<Constant> constants;
 

@@ -1,5 +1,6 @@
 #include "generator/project/AbiFunction.h"
 
+#include "generator/project/ComponentType.h"
 #include "generator/project/ObjcType.h"
 #include "generator/project/SafeName.h"
 
@@ -9,8 +10,18 @@ namespace bridgegen {
 
 std::string abiSpelling(const Type &type, AbiLanguage language) {
   const auto pointer = [&](const Type &interface) {
-    return (language == AbiLanguage::C ? interface.cName() : interface.scopeName()) + " *";
+    switch (language) {
+    case AbiLanguage::C:
+      return interface.cName() + " *";
+    case AbiLanguage::Cxx:
+      return interface.scopeName() + " *";
+    case AbiLanguage::Component:
+      return componentInterface(interface) + " *";
+    }
+    return std::string();
   };
+  if (type.isTypeParameter())
+    return "Abi<" + componentType(type) + ">";
   switch (type.kind) {
   case Kind::String:
     return "HSTRING";

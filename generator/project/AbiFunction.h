@@ -5,8 +5,9 @@
 
 namespace bridgegen {
 
-/// The language of a function table: C structures (`WRTIBuffer *`) or C++ classes (`IBuffer *`).
-enum class AbiLanguage { C, Cxx };
+/// The language of a function table: C structures (`WRTIBuffer *`), C++ classes (`IBuffer *`), or
+/// C++ templates for components (`IVector<T> *`).
+enum class AbiLanguage { C, Cxx, Component };
 
 /// One argument of an interface function, after the interface pointer.
 struct AbiParameter {

@@ -81,14 +81,19 @@ private:
       return interface(form);
     if (tokens_.accept("class"))
       return runtimeClass(form);
-    if (form == Form::Extern || tokens_.peek().kind != TokenKind::Word)
-      tokens_.fail(form == Form::Extern ? "'interface' or 'class'"
-                                        : "'interface', 'class' or a generic type");
+    if (form == Form::Extern && tokens_.accept("enum")) {
+      Enumeration known = enumeration(false);
+      known.isExtern = true;
+      return known;
+    }
+    if (tokens_.peek().kind != TokenKind::Word)
+      tokens_.fail("'interface', 'class' or a generic type");
     return instantiation(form);
   }
 
   Enumeration enumeration(bool isFlags) {
-    Enumeration enumeration{isFlags, tokens_.word("the enumeration's name"), bridgeName(), {}};
+    Enumeration enumeration{
+        false, isFlags, tokens_.word("the enumeration's name"), bridgeName(), {}};
     tokens_.expect("{");
     while (!tokens_.accept("}")) {
       Name name = tokens_.word("a constant's name or '}'");
@@ -211,6 +216,8 @@ private:
     while (tokens_.accept(","));
     tokens_.expect(">");
     family.iid = identifier();
+    if (tokens_.accept(":"))
+      family.required = typeNames();
     if (!tokens_.accept(";"))
       family.members = members(tokens_);
     return family;

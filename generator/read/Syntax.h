@@ -29,6 +29,7 @@ struct Constant {
 };
 
 struct Enumeration {
+  bool isExtern = false;
   bool isFlags = false;
   Name name;
   std::optional<Name> bridgeName;
@@ -132,10 +133,11 @@ struct Family {
   Name name;
   std::vector<Name> typeParameters;
   Identifier iid;
+  std::vector<TypeName> required; ///< the interfaces that its objects have besides
   std::vector<Member> members;
 };
 
-/// Instances of families that are bridged.
+/// Instances of families that are bridged or, if `extern`, known.
 struct Instantiation {
   Form form = Form::Full;
   std::vector<TypeName> types;

@@ -54,8 +54,10 @@ Places::Places(const Model &model, const std::vector<HandWrittenClass> &handWrit
 }
 
 bool Places::hasPage(const Type &type) {
-  if (type.unit == nullptr)
+  if (type.unit == nullptr || type.isOpen)
     return false;
+  if (type.kind == Kind::Enum)
+    return !asEnum(type).isExtern;
   if (type.kind == Kind::Interface)
     return asInterface(type).hasProtocol();
   return type.kind != Kind::Class || asClass(type).isBridged();

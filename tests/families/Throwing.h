@@ -1,7 +1,7 @@
 #ifndef WRT_TESTS_THROWING_H
 #define WRT_TESTS_THROWING_H
 
-#include "platform/linux/components/async/AsyncInterfaces.h"
+#include "platform/linux/components/async/AsyncFamilies.h"
 
 namespace wrt::test {
 

@@ -26,17 +26,17 @@ const Cell handlerBefore("async.handler.set_before_completion.normal", [] {
       setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
         EXPECT_EQ([UIntBridge class], [static_cast<id>(done) class]);
         EXPECT_EQ(object, [static_cast<id>(done) inner]);
-        EXPECT_EQ(kCompleted, asyncStatus);
+        EXPECT_EQ(WRTAsyncStatusCompleted, asyncStatus);
         EXPECT_EQ(17u, [done getResultsWithError:nullptr]);
         calledGate->open();
         return 0;
       }
                         error:&error];
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(kStarted, [infoOf(operation) getStatusWithError:nullptr]);
+  EXPECT_EQ(WRTAsyncStatusStarted, [infoOf(operation) getStatusWithError:nullptr]);
   gate->open();
   called.wait();
-  EXPECT_EQ(kCompleted, [infoOf(operation) getStatusWithError:nullptr]);
+  EXPECT_EQ(WRTAsyncStatusCompleted, [infoOf(operation) getStatusWithError:nullptr]);
   EXPECT_EQ(0, [infoOf(operation) getErrorCodeWithError:&error]);
 });
 
@@ -47,7 +47,7 @@ const Cell handlerAfter("async.handler.set_after_completion.normal", [] {
   [static_cast<UIntOperation>(ended<UInt32>([UIntBridge class], status::kOk, 5))
       setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
         EXPECT_EQ(thread, std::this_thread::get_id());
-        EXPECT_EQ(kCompleted, asyncStatus);
+        EXPECT_EQ(WRTAsyncStatusCompleted, asyncStatus);
         EXPECT_EQ(5u, [done getResultsWithError:nullptr]);
         ++calls;
         return 0;
@@ -99,7 +99,7 @@ const Cell cancelRunning("async.cancel.running.normal", [] {
       });
   [operation
       setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-        EXPECT_EQ(kCanceled, asyncStatus);
+        EXPECT_EQ(WRTAsyncStatusCanceled, asyncStatus);
         NSError *error = nil;
         EXPECT_EQ(0u, [done getResultsWithError:&error]);
         EXPECT_EQ(status::kAbort, [error code]);
@@ -111,7 +111,7 @@ const Cell cancelRunning("async.cancel.running.normal", [] {
   NSError *error = staleErrorOfCaller();
   [infoOf(operation) cancelWithError:&error];
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(kCanceled, [infoOf(operation) getStatusWithError:nullptr]);
+  EXPECT_EQ(WRTAsyncStatusCanceled, [infoOf(operation) getStatusWithError:nullptr]);
   [infoOf(operation) closeWithError:&error];
   EXPECT_EQ(status::kIllegalStateChange, [error code]) << "the work has not ended";
   proceed->open();
@@ -142,8 +142,9 @@ const Cell cancelRaces("async.cancel.other_threads.normal", [] {
           setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
             NSError *error = nil;
             const unsigned int result = [done getResultsWithError:&error];
-            EXPECT_TRUE(asyncStatus == kCompleted ? result == 17 && !error
-                                                  : asyncStatus == kCanceled && error);
+            EXPECT_TRUE(asyncStatus == WRTAsyncStatusCompleted
+                            ? result == 17 && !error
+                            : asyncStatus == WRTAsyncStatusCanceled && error);
             ++*counter;
             return 0;
           }

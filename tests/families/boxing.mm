@@ -1,8 +1,8 @@
 // Boxed values: property values and references.
+#include "platform/linux/components/values/NumericConversion.h"
 
 #include "tests/families/Families.h"
 
-#include "platform/linux/components/values/NumericConversion.h"
 #include "platform/linux/components/values/Reference.h"
 
 #include <WRTBridge.h>
@@ -205,7 +205,7 @@ const Cell references("boxing.reference.each.normal", [] {
   EXPECT_EQ(0, [static_cast<WRTIReference__1_WRTINT32_Bridge *>(wrong) getValueWithError:&error]);
   EXPECT_EQ(stale, error) << "a reference to another type lacks the interface";
 
-  using Color = Struct<WRTColor, "Windows.UI.Color", UInt8, UInt8, UInt8, UInt8>;
+  using Color = types::Color;
   abi::IReference__1_WRTColor *color = nullptr;
   makeReference<Color>(&color, WRTColor{1, 2, 3, 4});
   id<WRTIReference__1_WRTColor_Bridge> colorBridge =

@@ -19,7 +19,7 @@ namespace {
 
 using namespace implement;
 
-using Folder = ClassRef<abi::IStorageFolder, "Windows.Storage.StorageFolder">;
+using Folder = types::StorageFolder;
 using Folders = id<WRTIVector__1_WRTStorageFolder_P_Bridge>;
 using ObservableFolders = id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge>;
 

@@ -12,7 +12,7 @@ namespace wrt::test {
 
 namespace {
 
-using FileType = ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">;
+using FileType = types::StorageFile;
 
 const Cell resultsEarly("async.results.early.refused", [] {
   PoolDrained drained;
@@ -39,9 +39,8 @@ const Cell resultsByKind("async.results.each_kind.normal", [] {
         [WRTIAsyncOperation__1_WRTbool_Bridge class], status::kOk, static_cast<uint8_t>(byte));
     EXPECT_EQ(byte ? 1 : 0, static_cast<int>([yes getResultsWithError:&error]));
   }
-  id<WRTIAsyncOperation__1_WRTStartupTaskState_Bridge> state =
-      ended<Enum<"Windows.ApplicationModel.StartupTaskState">>(
-          [WRTIAsyncOperation__1_WRTStartupTaskState_Bridge class], status::kOk, -3);
+  id<WRTIAsyncOperation__1_WRTStartupTaskState_Bridge> state = ended<types::StartupTaskState>(
+      [WRTIAsyncOperation__1_WRTStartupTaskState_Bridge class], status::kOk, -3);
   EXPECT_EQ(-3, [state getResultsWithError:&error]);
 
   auto file = make<StandIn<abi::IStorageFile>>();
@@ -80,7 +79,7 @@ const Cell resultsFailing("async.results.uint32.failing", [] {
         return 0;
       }
                         error:nullptr];
-  EXPECT_EQ(kError, seen);
+  EXPECT_EQ(WRTAsyncStatusError, seen);
   NSError *error = nil;
   EXPECT_EQ(0u, [operation getResultsWithError:&error]);
   EXPECT_EQ(status::kBounds, [error code]);

@@ -47,8 +47,8 @@ using namespace implement;
 
 using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
 using Commands = id<WRTIVector__1_WRTIUICommand_P_Bridge>;
-using Region = ClassRef<abi::IRegionOfInterest, "Windows.Media.Devices.RegionOfInterest">;
-using FocusMode = Enum<"Windows.Media.Devices.FocusMode">;
+using Region = types::RegionOfInterest;
+using FocusMode = types::FocusMode;
 
 Strings newStrings(std::initializer_list<std::u16string_view> texts = {}) {
   abi::IVector__1_WRTHSTRING *vector = nullptr;

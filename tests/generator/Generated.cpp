@@ -41,7 +41,9 @@ Generated generateAddOn(const std::string &known, const std::string &declaration
   std::deque<Source> read;
   read.emplace_back("sample.idl", declarations);
   read.emplace_back("known.idl", known, Origin::Known);
-  return generateAll(read, {nullptr, "", {}, false, nullptr, {"Bridges", "Contoso"}});
+  Extras extras;
+  extras.target = {"Bridges", "Contoso"};
+  return generateAll(read, extras);
 }
 
 Generated generateFrom(const std::string &declarations) {

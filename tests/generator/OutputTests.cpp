@@ -96,7 +96,9 @@ enum Unused { One = 1 }
 full IList<Part>, IList<Other>;
 )");
   Diagnostics diagnostics;
-  const auto outputs = generate(sources, {nullptr, "", {"N.Whole"}, {}}, diagnostics);
+  Extras extras;
+  extras.selection = {"N.Whole"};
+  const auto outputs = generate(sources, extras, diagnostics);
   ASSERT_TRUE(outputs);
   std::istringstream digest(outputs->files().at("surface.digest"));
   std::string classes;
@@ -110,7 +112,8 @@ full IList<Part>, IList<Other>;
                      "WRTWholeBridge class 6\n");
   EXPECT_EQ(outputs->files().at("include/WRTObjcBridge/types/a.h").find("Unused"),
             std::string::npos);
-  EXPECT_FALSE(generate(sources, {nullptr, "", {"N.Hole"}, {}}, diagnostics));
+  extras.selection = {"N.Hole"};
+  EXPECT_FALSE(generate(sources, extras, diagnostics));
 }
 
 TEST_F(Outputs, OfAUnitDoNotChangeWithTheMembersOfAnother) {

@@ -278,7 +278,8 @@ std::string selectionOf(const Model &model) {
     list += (list.empty() ? "" : ", ") + ("\"" + name + "\"");
   };
   for (const auto &[name, type] : model.types()) {
-    if (type->kind == Kind::Delegate && type->isInstance)
+    const bool isForComponents = type->kind == Kind::Enum && asEnum(*type).isExtern;
+    if (isForComponents || (type->kind == Kind::Delegate && type->isInstance))
       continue;
     const Form form = type->kind == Kind::Interface ? asInterface(*type).form
                       : type->kind == Kind::Class   ? asClass(*type).form

@@ -14,7 +14,7 @@ rm -rf "$work"
 mkdir -p "$work/families"
 for file in "$source"/generic/*.idl; do
   # The families without the lists of their instances, and without what only those name.
-  sed -e '/^\(full\|proxy\)/,/;/d' -e '/^using Windows\.Foundation\(\.Collections\)\?;/b' -e '/^using /d' "$file" > "$work/families/${file##*/}"
+  sed -e '/^\(full\|proxy\|extern\) [A-Z].*;$/d' -e '/^\(full\|proxy\|extern\)\( [A-Z]\|$\)/,/;/d' -e '/^using Windows\.Foundation\(\.Collections\)\?;/b' -e '/^using /d' "$file" > "$work/families/${file##*/}"
 done
 {
   # The types that the families themselves name.

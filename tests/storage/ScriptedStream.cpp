@@ -41,7 +41,7 @@ private:
 
 /// An operation that takes no handler.
 template <class Result, class Progress>
-struct RefusingBase : Implements<IAsync<Result, Progress>, IAsyncInfo> {
+struct RefusingBase : Implements<IAsync<Result, Progress>, abi::IAsyncInfo> {
   explicit RefusingBase(HRESULT status) : status(status) {}
   HRESULT WRT_ABI put_Completed(CompletedHandler<Result, Progress> *) override { return status; }
   HRESULT WRT_ABI get_Completed(CompletedHandler<Result, Progress> **) override { return status; }

@@ -1,6 +1,6 @@
 // Foundation's collections handed in: seen through the bridges, which call every slot.
 
-#include "platform/linux/components/collections/CollectionInterfaces.h"
+#include "platform/linux/components/generic/Types.h"
 #include "tests/families/Families.h"
 
 #import <WRTObjcBridge/IIterator.h>

@@ -20,7 +20,7 @@ namespace {
 using namespace implement;
 
 using Strings = WRTIVector__1_WRTHSTRING_Bridge;
-using FileType = ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">;
+using FileType = types::StorageFile;
 
 Strings *stringsOf(NSArray *elements) {
   implement::IVector<String> *vector = nullptr;
@@ -66,9 +66,9 @@ const Cell eachFamily("support.each.all_families.normal", [] {
   EXPECT_EQ(static_cast<void *>(file->identity()), [[bridges objectAtIndex:0] inner]);
   EXPECT_EQ([NSNull null], [bridges objectAtIndex:1]);
 
-  implement::IVector<Enum<"Windows.Media.Devices.AutoFocusRange">> *ranges = nullptr;
-  makeVector<Enum<"Windows.Media.Devices.AutoFocusRange">>(&ranges, {2, -1, 0});
-  ComPtr<implement::IVectorView<Enum<"Windows.Media.Devices.AutoFocusRange">>> view;
+  implement::IVector<types::AutoFocusRange> *ranges = nullptr;
+  makeVector<types::AutoFocusRange>(&ranges, {2, -1, 0});
+  ComPtr<implement::IVectorView<types::AutoFocusRange>> view;
   ranges->GetView(view.put());
   ranges->Release();
   EXPECT_TRUE([WRTArray([WRTIVectorView__1_WRTAutoFocusRange_Bridge bridge:view.get()], &error)

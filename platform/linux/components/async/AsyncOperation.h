@@ -29,7 +29,7 @@
 /// After a cancellation the outcome no longer matters.
 ///
 /// The out-parameter may have the generated declaration of the interface or the one of
-/// AsyncInterfaces.h; identifiers that differ do not compile.
+/// the families (Types.h); identifiers that differ do not compile.
 ///
 /// Results that are there already: `completedAsync<UInt32>(operation, 17)`, `failedAsync<UInt32>(
 /// operation, status::kBounds)`.
@@ -92,7 +92,7 @@ struct ResultPlace<void> {};
 
 /// What the object behind an operation has whatever its interface: control and result.
 template <class Result, class Progress>
-class AsyncControl : public Implements<IAsync<Result, Progress>, IAsyncInfo> {
+class AsyncControl : public Implements<IAsync<Result, Progress>, abi::IAsyncInfo> {
 public:
   HRESULT WRT_ABI get_Id(uint32_t *id) override { return state_.copyId(id); }
   HRESULT WRT_ABI get_Status(int32_t *status) override { return state_.copyStatus(status); }

@@ -46,9 +46,9 @@ HRESULT AsyncState::cancel() {
     std::lock_guard lock(mutex_);
     if (closed_)
       return status::kIllegalMethodCall;
-    if (status_ != kStarted)
+    if (status_ != WRTAsyncStatusStarted)
       return status::kOk;
-    status_ = kCanceled;
+    status_ = WRTAsyncStatusCanceled;
   }
   // Runs the work's own callbacks, which may do anything.
   stop_.request_stop();
@@ -70,7 +70,7 @@ HRESULT AsyncState::setHandler(void *operation, Handler *handler) {
   if (handler == nullptr)
     return status::kPointer;
   ComPtr<Handler> now;
-  int32_t status = kStarted;
+  int32_t status = WRTAsyncStatusStarted;
   {
     std::lock_guard lock(mutex_);
     if (closed_)
@@ -96,16 +96,16 @@ HRESULT AsyncState::copyHandler(Handler **handler) const {
 }
 
 HRESULT AsyncState::resultStatus() const {
-  if (closed_ || status_ == kStarted)
+  if (closed_ || status_ == WRTAsyncStatusStarted)
     return status::kIllegalMethodCall;
-  return status_ == kCanceled ? status::kAbort : errorCode_;
+  return status_ == WRTAsyncStatusCanceled ? status::kAbort : errorCode_;
 }
 
 bool AsyncState::end(HRESULT outcome) {
   ended_ = true;
-  if (status_ != kStarted)
+  if (status_ != WRTAsyncStatusStarted)
     return false;
-  status_ = outcome < 0 ? kError : kCompleted;
+  status_ = outcome < 0 ? WRTAsyncStatusError : WRTAsyncStatusCompleted;
   errorCode_ = outcome < 0 ? outcome : status::kOk;
   return outcome >= 0;
 }
@@ -115,7 +115,7 @@ ComPtr<AsyncState::Handler> AsyncState::takeHandler() { return std::exchange(han
 void AsyncState::tell(void *operation, const ComPtr<Handler> &handler, int32_t status) {
   // What a completion handler answers concerns nobody.
   if (handler)
-    handler->Invoke(static_cast<IAsyncAction *>(operation), status);
+    handler->Invoke(static_cast<abi::IAsyncAction *>(operation), status);
 }
 
 } // namespace wrt::implement

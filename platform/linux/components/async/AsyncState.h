@@ -1,7 +1,7 @@
 #ifndef WRT_COMPONENTS_ASYNC_STATE_H
 #define WRT_COMPONENTS_ASYNC_STATE_H
 
-#include "platform/linux/components/async/AsyncInterfaces.h"
+#include "platform/linux/components/async/AsyncFamilies.h"
 #include "platform/linux/implement/ComPtr.h"
 
 #include <mutex>
@@ -48,14 +48,14 @@ public:
   template <class Change>
   HRESULT ifOpen(Change change) const {
     std::lock_guard lock(mutex_);
-    return closed_ ? status::kIllegalMethodCall : change(status_ == kStarted);
+    return closed_ ? status::kIllegalMethodCall : change(status_ == WRTAsyncStatusStarted);
   }
 
   /// The same, closed or not.
   template <class Change>
   void exclusively(Change change) {
     std::lock_guard lock(mutex_);
-    change(status_ == kStarted);
+    change(status_ == WRTAsyncStatusStarted);
   }
 
   /// The work ended: `publish` puts its result into place if the operation has completed by that.
@@ -63,7 +63,7 @@ public:
   template <class Publish>
   void finish(void *operation, HRESULT outcome, Publish publish) {
     ComPtr<Handler> handler;
-    int32_t status = kStarted;
+    int32_t status = WRTAsyncStatusStarted;
     {
       std::lock_guard lock(mutex_);
       if (end(outcome))
@@ -84,7 +84,7 @@ private:
 
   mutable std::mutex mutex_;
   const uint32_t id_;
-  int32_t status_ = kStarted;
+  int32_t status_ = WRTAsyncStatusStarted;
   HRESULT errorCode_ = status::kOk;
   bool ended_ = false; ///< the work has; from then on the handler may be called
   bool closed_ = false;

@@ -1,7 +1,7 @@
 #ifndef WRT_COMPONENTS_ITERATOR_H
 #define WRT_COMPONENTS_ITERATOR_H
 
-#include "platform/linux/components/collections/CollectionInterfaces.h"
+#include "platform/linux/components/collections/GiveOut.h"
 #include "platform/linux/components/collections/Store.h"
 #include "platform/linux/implement/Implements.h"
 

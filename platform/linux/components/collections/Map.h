@@ -8,7 +8,6 @@
 #define WRT_COMPONENTS_MAP_H
 
 #include "platform/linux/components/collections/MapView.h"
-#include "platform/linux/components/collections/ObservableInterfaces.h"
 
 namespace wrt::implement {
 
@@ -49,7 +48,8 @@ public:
       *replaced = !isNew;
       return status::kOk;
     });
-    changed(*replaced != 0 ? kItemChanged : kItemInserted, storedKey);
+    changed(*replaced != 0 ? WRTCollectionChangeItemChanged : WRTCollectionChangeItemInserted,
+            storedKey);
     return status::kOk;
   }
 
@@ -66,7 +66,7 @@ public:
       return removed.empty() ? status::kBounds : status::kOk;
     });
     if (status >= 0)
-      changed(kItemRemoved, storedKey);
+      changed(WRTCollectionChangeItemRemoved, storedKey);
     return status;
   }
 
@@ -76,7 +76,7 @@ public:
       std::swap(entries, removed);
       return status::kOk;
     });
-    changed(kReset, Stored<K>{});
+    changed(WRTCollectionChangeReset, Stored<K>{});
     return status::kOk;
   }
 

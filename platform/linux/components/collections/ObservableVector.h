@@ -5,7 +5,19 @@
 #include "platform/linux/components/collections/Vector.h"
 #include "platform/linux/implement/EventSource.h"
 
+#include <abi/Windows.Foundation.Collections.abi.h>
+
 namespace wrt::implement {
+
+/// What a vector tells with each change. Its bridge is a proxy, so its members are not declared.
+struct IVectorChangedEventArgs : abi::IVectorChangedEventArgs {
+  virtual HRESULT WRT_ABI get_CollectionChange(int32_t *change) = 0;
+  /// 0 when all of the vector changed.
+  virtual HRESULT WRT_ABI get_Index(uint32_t *index) = 0;
+
+protected:
+  ~IVectorChangedEventArgs() = default;
+};
 
 /// The arguments of one change.
 class VectorChange final : public Implements<IVectorChangedEventArgs> {

@@ -8,7 +8,6 @@
 #ifndef WRT_COMPONENTS_VECTOR_H
 #define WRT_COMPONENTS_VECTOR_H
 
-#include "platform/linux/components/collections/ObservableInterfaces.h"
 #include "platform/linux/components/collections/VectorView.h"
 
 namespace wrt::implement {
@@ -34,28 +33,31 @@ public:
   HRESULT WRT_ABI First(IIterator<T> **iterator) override { return list_.first(iterator); }
 
   HRESULT WRT_ABI SetAt(uint32_t index, Abi<T> item) override {
-    return place(kItemChanged, item, [&](Items<T> &items, Stored<T> &fresh) -> int64_t {
-      if (index >= items.size())
-        return kNowhere;
-      std::swap(items[index], fresh);
-      return index;
-    });
+    return place(WRTCollectionChangeItemChanged, item,
+                 [&](Items<T> &items, Stored<T> &fresh) -> int64_t {
+                   if (index >= items.size())
+                     return kNowhere;
+                   std::swap(items[index], fresh);
+                   return index;
+                 });
   }
 
   HRESULT WRT_ABI InsertAt(uint32_t index, Abi<T> item) override {
-    return place(kItemInserted, item, [&](Items<T> &items, Stored<T> &fresh) -> int64_t {
-      if (index > items.size())
-        return kNowhere;
-      items.insert(items.begin() + index, std::move(fresh));
-      return index;
-    });
+    return place(WRTCollectionChangeItemInserted, item,
+                 [&](Items<T> &items, Stored<T> &fresh) -> int64_t {
+                   if (index > items.size())
+                     return kNowhere;
+                   items.insert(items.begin() + index, std::move(fresh));
+                   return index;
+                 });
   }
 
   HRESULT WRT_ABI Append(Abi<T> item) override {
-    return place(kItemInserted, item, [&](Items<T> &items, Stored<T> &fresh) -> int64_t {
-      items.push_back(std::move(fresh));
-      return static_cast<int64_t>(items.size()) - 1;
-    });
+    return place(WRTCollectionChangeItemInserted, item,
+                 [&](Items<T> &items, Stored<T> &fresh) -> int64_t {
+                   items.push_back(std::move(fresh));
+                   return static_cast<int64_t>(items.size()) - 1;
+                 });
   }
 
   HRESULT WRT_ABI RemoveAt(uint32_t index) override {
@@ -112,14 +114,15 @@ private:
   /// Removes the element at the index that `where` answers.
   template <class Where>
   HRESULT remove(Where where) {
-    return changeOne(kItemRemoved, {}, [&](Items<T> &items, Stored<T> &removed) -> int64_t {
-      const size_t index = where(items);
-      if (index >= items.size())
-        return kNowhere;
-      removed = std::move(items[index]);
-      items.erase(items.begin() + static_cast<int64_t>(index));
-      return static_cast<int64_t>(index);
-    });
+    return changeOne(WRTCollectionChangeItemRemoved, {},
+                     [&](Items<T> &items, Stored<T> &removed) -> int64_t {
+                       const size_t index = where(items);
+                       if (index >= items.size())
+                         return kNowhere;
+                       removed = std::move(items[index]);
+                       items.erase(items.begin() + static_cast<int64_t>(index));
+                       return static_cast<int64_t>(index);
+                     });
   }
 
   /// Makes `all` the elements; the old ones are dropped outside of the lock.
@@ -128,7 +131,7 @@ private:
       std::swap(items, all);
       return status::kOk;
     });
-    changed(kReset, 0);
+    changed(WRTCollectionChangeReset, 0);
     return status::kOk;
   }
 

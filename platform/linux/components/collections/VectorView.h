@@ -1,8 +1,8 @@
 /// Read-only lists. A member that returns one:
 ///
 ///     HRESULT WRT_ABI get_Files(abi::IVectorView__1_WRTStorageFile_P **files) override {
-///       return makeVectorView<ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">>(
-///           files, {file1, file2}); // ComPtr<abi::IStorageFile>
+///       // Each is a ComPtr<abi::IStorageFile>.
+///       return makeVectorView<types::StorageFile>(files, {file1, file2});
 ///     }
 ///
 /// A runtime class that is such a list derives from `VectorViewObject`.

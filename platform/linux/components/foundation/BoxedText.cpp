@@ -18,11 +18,11 @@ ComPtr<abi::IInspectable> boxText(std::u16string_view text) {
 }
 
 std::optional<std::u16string> unboxText(abi::IInspectable *value) {
-  constexpr int kString = 12; // Windows.Foundation.PropertyType
   const auto boxed = ComPtr(value).as<abi::IPropertyValue>();
   int type = 0;
   StringHolder text;
-  if (!boxed || boxed->get_Type(&type) < 0 || type != kString || boxed->GetString(text.put()) < 0)
+  if (!boxed || boxed->get_Type(&type) < 0 || type != WRTPropertyTypeString ||
+      boxed->GetString(text.put()) < 0)
     return std::nullopt;
   return std::u16string(text.view());
 }

@@ -28,6 +28,34 @@ struct TextOrObject : Inspectable {
   };
 };
 
+} // namespace
+} // namespace wrt::components
+
+namespace wrt::implement {
+
+// The keys are objects to everybody else.
+using components::TextOrObject;
+template <>
+inline constexpr GUID kIdentifier<IMap<TextOrObject, Inspectable>> =
+    kIdentifier<IMap<Inspectable, Inspectable>>;
+template <>
+inline constexpr GUID kIdentifier<IMapView<TextOrObject, Inspectable>> =
+    kIdentifier<IMapView<Inspectable, Inspectable>>;
+template <>
+inline constexpr GUID kIdentifier<IKeyValuePair<TextOrObject, Inspectable>> =
+    kIdentifier<IKeyValuePair<Inspectable, Inspectable>>;
+template <>
+inline constexpr GUID kIdentifier<IIterable<PairOf<TextOrObject, Inspectable>>> =
+    kIdentifier<IIterable<PairOf<Inspectable, Inspectable>>>;
+template <>
+inline constexpr GUID kIdentifier<IIterator<PairOf<TextOrObject, Inspectable>>> =
+    kIdentifier<IIterator<PairOf<Inspectable, Inspectable>>>;
+
+} // namespace wrt::implement
+
+namespace wrt::components {
+namespace {
+
 /// Windows.UI.Xaml.ResourceDictionary as a plain map: there are no merged and no theme
 /// dictionaries.
 class ResourceDictionary final

@@ -111,7 +111,9 @@ private:
     *result = nullptr;
     return status::kInvalidArgument;
   }
-  static bool isEncoding(int encoding) { return encoding >= 0 && encoding <= 2; }
+  static bool isEncoding(int encoding) {
+    return encoding >= 0 && encoding <= WRTUnicodeEncodingUtf16BE;
+  }
 
   static HRESULT read(abi::IStorageFile *file, std::optional<TextEncoding> encoding,
                       TextOperation **result) {

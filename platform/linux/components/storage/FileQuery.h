@@ -5,8 +5,12 @@
 
 namespace wrt::components {
 
-/// The order and depth in which a query yields files, by Windows.Storage.Search.CommonFileQuery.
-enum class FileOrder { kDefault = 0, kByName = 1, kByDate = 5 };
+/// The order and depth in which a query yields files.
+enum class FileOrder {
+  kDefault = WRTCommonFileQueryDefaultQuery,
+  kByName = WRTCommonFileQueryOrderByName,
+  kByDate = WRTCommonFileQueryOrderByDate
+};
 
 /// Which files of a folder are meant.
 struct FileQuery {

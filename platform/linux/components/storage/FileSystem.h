@@ -4,6 +4,7 @@
 #define WRT_COMPONENTS_FILE_SYSTEM_H
 
 #include <WRTStatus.h>
+#include <abi/Windows.Storage.abi.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -25,8 +26,13 @@ struct ItemFacts {
   int64_t created = 0;   ///< likewise; the time of the last modification where no other is known
 };
 
-/// What to do when the name is taken. Values of Windows.Storage.CreationCollisionOption.
-enum class Collision { kUniqueName = 0, kReplace = 1, kFail = 2, kOpen = 3 };
+/// What to do when the name is taken.
+enum class Collision {
+  kUniqueName = WRTCreationCollisionOptionGenerateUniqueName,
+  kReplace = WRTCreationCollisionOptionReplaceExisting,
+  kFail = WRTCreationCollisionOptionFailIfExists,
+  kOpen = WRTCreationCollisionOptionOpenIfExists
+};
 
 /// The path without "." and "..", which mean what they mean to the system: behind a symbolic link
 /// ".." is the folder above the one that it leads to. A slash at the end stays. What is not

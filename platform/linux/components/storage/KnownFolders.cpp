@@ -27,20 +27,20 @@ Path userFolder(const std::string &variable, const char *usualName) {
 }
 
 struct KnownFolder {
-  int id; ///< Windows.Storage.KnownFolderId
+  WRTKnownFolderId id;
   const char *variable;
   const char *usualName;
   const char *below; ///< within that folder
 };
 constexpr KnownFolder kFolders[] = {
-    {1, "PICTURES", "Pictures", "Camera Roll"},
-    {2, "DOCUMENTS", "Documents", ""},
-    {5, "MUSIC", "Music", ""},
-    {7, "PICTURES", "Pictures", ""},
-    {8, "MUSIC", "Music", "Playlists"},
-    {11, "PICTURES", "Pictures", "Saved Pictures"},
-    {12, "PICTURES", "Pictures", "Screenshots"},
-    {13, "VIDEOS", "Videos", ""},
+    {WRTKnownFolderIdCameraRoll, "PICTURES", "Pictures", "Camera Roll"},
+    {WRTKnownFolderIdDocumentsLibrary, "DOCUMENTS", "Documents", ""},
+    {WRTKnownFolderIdMusicLibrary, "MUSIC", "Music", ""},
+    {WRTKnownFolderIdPicturesLibrary, "PICTURES", "Pictures", ""},
+    {WRTKnownFolderIdPlaylists, "MUSIC", "Music", "Playlists"},
+    {WRTKnownFolderIdSavedPictures, "PICTURES", "Pictures", "Saved Pictures"},
+    {WRTKnownFolderIdScreenshots, "PICTURES", "Pictures", "Screenshots"},
+    {WRTKnownFolderIdVideosLibrary, "VIDEOS", "Videos", ""},
 };
 
 HRESULT findKnown(int id, ComPtr<abi::IStorageFolder> &folder) {
@@ -65,13 +65,27 @@ class KnownFolders final
                                abi::IKnownFoldersStatics3> {
 public:
   using Result = abi::IStorageFolder;
-  HRESULT WRT_ABI get_CameraRoll(Result **result) override { return known(1, result); }
-  HRESULT WRT_ABI get_DocumentsLibrary(Result **result) override { return known(2, result); }
-  HRESULT WRT_ABI get_MusicLibrary(Result **result) override { return known(5, result); }
-  HRESULT WRT_ABI get_PicturesLibrary(Result **result) override { return known(7, result); }
-  HRESULT WRT_ABI get_Playlists(Result **result) override { return known(8, result); }
-  HRESULT WRT_ABI get_SavedPictures(Result **result) override { return known(11, result); }
-  HRESULT WRT_ABI get_VideosLibrary(Result **result) override { return known(13, result); }
+  HRESULT WRT_ABI get_CameraRoll(Result **result) override {
+    return known(WRTKnownFolderIdCameraRoll, result);
+  }
+  HRESULT WRT_ABI get_DocumentsLibrary(Result **result) override {
+    return known(WRTKnownFolderIdDocumentsLibrary, result);
+  }
+  HRESULT WRT_ABI get_MusicLibrary(Result **result) override {
+    return known(WRTKnownFolderIdMusicLibrary, result);
+  }
+  HRESULT WRT_ABI get_PicturesLibrary(Result **result) override {
+    return known(WRTKnownFolderIdPicturesLibrary, result);
+  }
+  HRESULT WRT_ABI get_Playlists(Result **result) override {
+    return known(WRTKnownFolderIdPlaylists, result);
+  }
+  HRESULT WRT_ABI get_SavedPictures(Result **result) override {
+    return known(WRTKnownFolderIdSavedPictures, result);
+  }
+  HRESULT WRT_ABI get_VideosLibrary(Result **result) override {
+    return known(WRTKnownFolderIdVideosLibrary, result);
+  }
 
   // There is nothing like them here.
   HRESULT WRT_ABI get_HomeGroup(Result **r) override { return notImplemented(r); }

@@ -36,11 +36,13 @@ public:
   HRESULT WRT_ABI get_FileTypeFilter(abi::IVector__1_WRTHSTRING **types) override {
     return handOut<IVector<String>>(types_, types);
   }
-  HRESULT WRT_ABI get_FolderDepth(int *depth) override { return give(deep_, depth); }
+  HRESULT WRT_ABI get_FolderDepth(int *depth) override {
+    return give(deep_ ? WRTFolderDepthDeep : WRTFolderDepthShallow, depth);
+  }
   HRESULT WRT_ABI put_FolderDepth(int depth) override {
-    if (depth != 0 && depth != 1)
+    if (depth != WRTFolderDepthShallow && depth != WRTFolderDepthDeep)
       return status::kInvalidArgument;
-    deep_ = depth;
+    deep_ = depth == WRTFolderDepthDeep;
     return status::kOk;
   }
   HRESULT WRT_ABI get_ApplicationSearchFilter(HSTRING *text) override {
@@ -55,12 +57,14 @@ public:
   HRESULT WRT_ABI put_Language(HSTRING text) override { return take(text, language_); }
   HRESULT WRT_ABI get_IndexerOption(int *option) override { return give(indexer_, option); }
   HRESULT WRT_ABI put_IndexerOption(int option) override {
-    if (option < 0 || option > 3)
+    if (option < 0 || option > WRTIndexerOptionOnlyUseIndexerAndOptimizeForIndexedProperties)
       return status::kInvalidArgument;
     indexer_ = option; // there is no index: every query looks at the folders themselves
     return status::kOk;
   }
-  HRESULT WRT_ABI get_DateStackOption(int *option) override { return give(0, option); }
+  HRESULT WRT_ABI get_DateStackOption(int *option) override {
+    return give(WRTDateStackOptionNone, option);
+  }
   HRESULT WRT_ABI get_GroupPropertyName(HSTRING *name) override {
     return name == nullptr ? status::kPointer : makeString(u"", name);
   }
@@ -102,7 +106,7 @@ private:
 
   const FileOrder order_;
   const ComPtr<Vector<String>> types_;
-  std::atomic<int> deep_;
+  std::atomic<bool> deep_;
   std::atomic<int> indexer_ = 0;
   mutable std::mutex mutex_; ///< guards the texts
   StringHolder applicationFilter_, userFilter_, language_;
@@ -180,7 +184,7 @@ HRESULT queryOf(abi::IQueryOptions *options, FileQuery *query) {
     return status::kInvalidArgument;
   const auto order = ComPtr(options).as<IFileOrder>();
   query->order = order ? order->fileOrder() : FileOrder::kDefault;
-  query->deep = depth == 1;
+  query->deep = depth == WRTFolderDepthDeep;
   unsigned count = 0;
   status = types->get_Size(&count);
   for (unsigned i = 0; status >= 0 && i < count; ++i) {

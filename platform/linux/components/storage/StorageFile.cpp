@@ -37,9 +37,10 @@ public:
 
   using Opening = abi::IAsyncOperation__1_WRTIRandomAccessStream_P;
   HRESULT WRT_ABI OpenAsync(int mode, Opening **result) override {
-    if (mode != 0 && mode != 1)
+    if (mode != WRTFileAccessModeRead && mode != WRTFileAccessModeReadWrite)
       return refuse(result);
-    const auto access = mode == 0 ? FileStore::Access::kRead : FileStore::Access::kReadWrite;
+    const auto access =
+        mode == WRTFileAccessModeRead ? FileStore::Access::kRead : FileStore::Access::kReadWrite;
     return startAsync<StreamRef>(
         result, [path = path(), access](const Work<> &, ComPtr<abi::IRandomAccessStream> &stream) {
           return openStream(path, access, stream);

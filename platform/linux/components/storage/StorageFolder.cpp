@@ -55,7 +55,7 @@ public:
 private:
   template <class T, ItemKind kind, class Operation, class Make>
   HRESULT create(HSTRING name, int option, Operation **result, Make makeItem) {
-    if (!isItemName(viewOf(name)) || option < 0 || option > 3)
+    if (!isItemName(viewOf(name)) || option < 0 || option > WRTCreationCollisionOptionOpenIfExists)
       return refuse(result);
     return startAsync<T>(result, [path = path() / toPath(viewOf(name)), option,
                                   makeItem](const Work<> &, Stored<T> &item) mutable {
@@ -82,7 +82,7 @@ public:
 
   HRESULT WRT_ABI
   GetFilesAsyncOverloadDefaultOptionsStartAndCount(FilesOperation **result) override {
-    return GetFilesAsync(0, 0, kAll, result);
+    return GetFilesAsync(WRTCommonFileQueryDefaultQuery, 0, kAll, result);
   }
   HRESULT WRT_ABI GetFilesAsyncOverloadDefaultStartAndCount(int query,
                                                             FilesOperation **result) override {
@@ -106,7 +106,7 @@ public:
 
   HRESULT WRT_ABI
   GetFoldersAsyncOverloadDefaultOptionsStartAndCount(FoldersOperation **result) override {
-    return GetFoldersAsync(0, 0, kAll, result);
+    return GetFoldersAsync(WRTCommonFolderQueryDefaultQuery, 0, kAll, result);
   }
   HRESULT WRT_ABI GetFoldersAsyncOverloadDefaultStartAndCount(int query,
                                                               FoldersOperation **result) override {
@@ -114,7 +114,7 @@ public:
   }
   HRESULT WRT_ABI GetFoldersAsync(int query, unsigned start, unsigned count,
                                   FoldersOperation **result) override {
-    if (query != 0)
+    if (query != WRTCommonFolderQueryDefaultQuery)
       return refuse(result);
     return startAsync<FolderListRef>(
         result,
@@ -173,11 +173,10 @@ public:
     return answer(isFileOrder(query, &order), supported);
   }
   HRESULT WRT_ABI IsCommonFolderQuerySupported(int query, unsigned char *supported) override {
-    return answer(query == 0, supported);
+    return answer(query == WRTCommonFolderQueryDefaultQuery, supported);
   }
   HRESULT WRT_ABI GetIndexedStateAsync(abi::IAsyncOperation__1_WRTIndexedState **result) override {
-    constexpr int32_t kNotIndexed = 1; // Windows.Storage.Search.IndexedState
-    return completedAsync<Enum<"Windows.Storage.Search.IndexedState">>(result, kNotIndexed);
+    return completedAsync<types::IndexedState>(result, WRTIndexedStateNotIndexed);
   }
 
   // Their results have no members that could be called.

@@ -59,13 +59,15 @@ public:
   }
   HRESULT WRT_ABI
   GetBasicPropertiesAsync(abi::IAsyncOperation__1_WRTBasicProperties_P **result) override {
-    return answerAsync<BasicPropertiesRef>(result, [&](ComPtr<abi::IBasicProperties> &properties) {
-      ItemFacts facts;
-      const HRESULT status = path_->with([&](const Path &own) { return readFacts(own, &facts); });
-      if (status >= 0)
-        properties = makeBasicProperties(facts);
-      return status;
-    });
+    return answerAsync<types::BasicProperties>(
+        result, [&](ComPtr<abi::IBasicProperties> &properties) {
+          ItemFacts facts;
+          const HRESULT status =
+              path_->with([&](const Path &own) { return readFacts(own, &facts); });
+          if (status >= 0)
+            properties = makeBasicProperties(facts);
+          return status;
+        });
   }
 
   HRESULT WRT_ABI get_Name(HSTRING *name) override {
@@ -74,8 +76,8 @@ public:
   HRESULT WRT_ABI get_Path(HSTRING *result) override { return text(path(), result); }
   HRESULT WRT_ABI get_Attributes(int *attributes) override {
     return facts(attributes, [](const ItemFacts &facts) {
-      constexpr int kReadOnly = 0x1, kDirectory = 0x10; // Windows.Storage.FileAttributes
-      return (facts.readOnly ? kReadOnly : 0) | (facts.kind == ItemKind::kFolder ? kDirectory : 0);
+      return (facts.readOnly ? WRTFileAttributesReadOnly : 0) |
+             (facts.kind == ItemKind::kFolder ? WRTFileAttributesDirectory : 0);
     });
   }
   HRESULT WRT_ABI get_DateCreated(WRTDateTime *created) override {
@@ -108,12 +110,12 @@ public:
   }
 
   HRESULT WRT_ABI get_DisplayName(HSTRING *name) override {
-    return text(kType == kFileType ? path().stem() : path().filename(), name);
+    return text(kType == WRTStorageItemTypesFile ? path().stem() : path().filename(), name);
   }
   HRESULT WRT_ABI get_DisplayType(HSTRING *type) override {
     if (type == nullptr)
       return status::kPointer;
-    if (kType != kFileType)
+    if (kType != WRTStorageItemTypesFile)
       return makeString(u"File folder", type);
     std::u16string extension = textOf(path().extension());
     std::ranges::transform(extension, extension.begin(), [](char16_t c) {
@@ -152,8 +154,9 @@ public:
   }
 
 protected:
-  static constexpr int kFileType = 1, kFolderType = 2; // Windows.Storage.StorageItemTypes
-  static constexpr int kType = std::is_same_v<Default, abi::IStorageFile> ? kFileType : kFolderType;
+  static constexpr int kType = std::is_same_v<Default, abi::IStorageFile>
+                                   ? WRTStorageItemTypesFile
+                                   : WRTStorageItemTypesFolder;
 
   Path path() const { return path_->get(); }
 

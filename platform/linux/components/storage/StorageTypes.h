@@ -18,11 +18,9 @@
 
 namespace wrt::components {
 
-using FileRef = ClassRef<abi::IStorageFile, "Windows.Storage.StorageFile">;
-using FolderRef = ClassRef<abi::IStorageFolder, "Windows.Storage.StorageFolder">;
+using FileRef = types::StorageFile;
+using FolderRef = types::StorageFolder;
 using ItemRef = Ref<abi::IStorageItem>;
-using BasicPropertiesRef =
-    ClassRef<abi::IBasicProperties, "Windows.Storage.FileProperties.BasicProperties">;
 using FileListRef = Ref<IVectorView<FileRef>>;
 using FolderListRef = Ref<IVectorView<FolderRef>>;
 using ItemListRef = Ref<IVectorView<ItemRef>>;

@@ -10,11 +10,11 @@
 
 namespace wrt::implement {
 
-using DateTime = Struct<WRTDateTime, "Windows.Foundation.DateTime", Int64>;
-using TimeSpan = Struct<WRTTimeSpan, "Windows.Foundation.TimeSpan", Int64>;
-using Point = Struct<WRTPoint, "Windows.Foundation.Point", Single, Single>;
-using Size = Struct<WRTSize, "Windows.Foundation.Size", Single, Single>;
-using Rect = Struct<WRTRect, "Windows.Foundation.Rect", Single, Single, Single, Single>;
+using types::DateTime;
+using types::Point;
+using types::Rect;
+using types::Size;
+using types::TimeSpan;
 
 /// One value of a property type.
 template <class T>
@@ -34,8 +34,7 @@ struct Elements {
 struct OtherType {};
 
 /// What a property value holds. The first alternatives stand in the order of `PropertyType` from
-/// Empty on, the arrays in the order of `PropertyType` from UInt8Array on (Windows 10 SDK
-/// 10.0.16299.0, windows.foundation.idl).
+/// Empty on, the arrays in the order of `PropertyType` from UInt8Array on.
 template <class... Types>
 using PropertyVariant =
     std::variant<std::monostate, Scalar<Types>..., OtherType, Elements<Types>...>;
@@ -45,10 +44,10 @@ using PropertyContent =
 
 /// The `PropertyType` of what is held.
 constexpr int32_t propertyTypeOf(const PropertyContent &content) {
-  constexpr int32_t kOtherType = 20;
-  constexpr int32_t kFirstArray = 1025;
   const auto index = static_cast<int32_t>(content.index());
-  return index <= kOtherType ? index : kFirstArray + index - (kOtherType + 1);
+  return index <= WRTPropertyTypeOtherType
+             ? index
+             : WRTPropertyTypeUInt8Array + index - (WRTPropertyTypeOtherType + 1);
 }
 
 /// Whether `T` is a type that numbers are converted to and from; characters and booleans are none.

@@ -10,13 +10,19 @@
 #define WRT_COMPONENTS_REFERENCE_H
 
 #include "platform/linux/components/generic/InterfaceCast.h"
-#include "platform/linux/components/values/BoxName.h"
 #include "platform/linux/components/values/GiveOutArray.h"
 #include "platform/linux/components/values/PropertyValueMembers.h"
-#include "platform/linux/components/values/ReferenceInterfaces.h"
 #include "platform/linux/implement/Implements.h"
 
 namespace wrt::implement {
+
+/// The runtime class name of boxed values: ``Windows.Foundation.IReference`1<Int32>`` for
+/// "IReference" and `Int32`.
+template <class T>
+std::u16string boxName(std::u16string_view family) {
+  std::u16string name = u"Windows.Foundation.";
+  return ((name += family) += u"`1<") += std::u16string(T::kName) + u">";
+}
 
 /// A value of one of the property types.
 template <class T>
@@ -32,7 +38,7 @@ public:
 
 private:
   std::u16string_view runtimeClassName() const override {
-    static const std::u16string name = boxName("IReference", T::kSignature.view());
+    static const std::u16string name = boxName<T>(u"IReference");
     return name;
   }
 };
@@ -49,7 +55,7 @@ public:
 
 private:
   std::u16string_view runtimeClassName() const override {
-    static const std::u16string name = boxName("IReference", T::kSignature.view());
+    static const std::u16string name = boxName<T>(u"IReference");
     return name;
   }
 
@@ -70,7 +76,7 @@ public:
 
 private:
   std::u16string_view runtimeClassName() const override {
-    static const std::u16string name = boxName("IReferenceArray", T::kSignature.view());
+    static const std::u16string name = boxName<T>(u"IReferenceArray");
     return name;
   }
 };

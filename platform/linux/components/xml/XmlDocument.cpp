@@ -159,7 +159,7 @@ private:
   }
 };
 
-using DocumentRef = ClassRef<abi::IXmlDocument, "Windows.Data.Xml.Dom.XmlDocument">;
+using DocumentRef = types::XmlDocument;
 
 class DocumentFactory final : public ActivationFactory<abi::IXmlDocumentStatics> {
 public:

@@ -80,10 +80,9 @@ public:
   HRESULT WRT_ABI get_NodeType(int *type) override {
     if (type == nullptr)
       return status::kPointer;
-    constexpr int kDocumentType =
-        10; // Windows.Data.Xml.Dom.NodeType, which is the library's but here
+    // Windows.Data.Xml.Dom.NodeType is the library's but here.
     const xmlElementType own = nodeRef().node->type;
-    *type = own == XML_DTD_NODE ? kDocumentType : static_cast<int>(own);
+    *type = own == XML_DTD_NODE ? WRTNodeTypeDocumentTypeNode : static_cast<int>(own);
     return status::kOk;
   }
   HRESULT WRT_ABI get_NodeName(HSTRING *name) override {

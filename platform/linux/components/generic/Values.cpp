@@ -1,4 +1,4 @@
-#include "platform/linux/components/generic/Types.h"
+#include "platform/linux/components/generic/Values.h"
 
 namespace wrt::implement {
 

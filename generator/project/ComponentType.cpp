@@ -1,0 +1,48 @@
+#include "generator/project/ComponentType.h"
+
+namespace bridgegen {
+
+namespace {
+
+std::string instanceOf(const Type &type, const Instance &instance) {
+  std::string text = type.simpleName();
+  const char *separator = "<";
+  for (const Type *argument : instance.arguments) {
+    text += separator + componentType(*argument);
+    separator = ", ";
+  }
+  return text + ">";
+}
+
+} // namespace
+
+std::string componentInterface(const Type &type) {
+  if (!type.isInstance)
+    return "abi::" + type.scopeName();
+  return instanceOf(type,
+                    type.isDelegate() ? *asDelegate(type).instance : *asInterface(type).instance);
+}
+
+std::string componentType(const Type &type) {
+  switch (type.kind) {
+  case Kind::Scalar:
+  case Kind::String:
+    return type.name;
+  case Kind::Object:
+    return type.isTypeParameter() ? type.bridgeName : "Inspectable";
+  case Kind::Enum:
+  case Kind::Struct:
+  case Kind::Class:
+    return "types::" + type.scopeName();
+  case Kind::Interface:
+  case Kind::Delegate:
+    break;
+  }
+  return "Ref<" + componentInterface(type) + ">";
+}
+
+bool hasComponentType(const Type &type) {
+  return type.kind != Kind::Interface && type.kind != Kind::Delegate && !type.isTypeParameter();
+}
+
+} // namespace bridgegen
