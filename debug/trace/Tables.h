@@ -1,7 +1,7 @@
 #ifndef WRT_TRACE_TABLES_H
 #define WRT_TRACE_TABLES_H
 
-#include "debug/Encoding.h"
+#include "catalogue/reader/CatalogueTables.h"
 
 #include <map>
 #include <string>
@@ -9,8 +9,9 @@
 
 namespace wrt::trace {
 
-/// A method of a bridge class that may cross: a line of `catalogue.tsv` with WinRT's name for it.
-struct Method {
+/// A method of a bridge class that may cross. Its extended encoding is the plain one if no protocol
+/// has it, its interface empty for an activation and a cast.
+struct Method : catalogue::Method {
   enum class What {
     Member,   ///< calls a slot
     Accessor, ///< asks for an interface
@@ -18,12 +19,6 @@ struct Method {
   };
 
   What what;
-  std::string className;
-  bool isClassMethod;
-  std::string selector;
-  std::string encoding; ///< with offsets of 32-bit targets
-  std::string extendedEncoding;
-  std::string interface; ///< as in `IUriRuntimeClass`; empty for an activation and a cast
   /// As in `Windows.Foundation.IUriRuntimeClass.get_Host`, `QueryInterface IClosable`; empty for a
   /// cast.
   std::string member;

@@ -1,6 +1,7 @@
 #ifndef WRT_TRACE_VALUES_H
 #define WRT_TRACE_VALUES_H
 
+#include "debug/Encoding.h"
 #include "debug/trace/Tables.h"
 
 namespace wrt::trace {

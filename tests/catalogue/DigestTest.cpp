@@ -4,13 +4,13 @@
 
 #include <gtest/gtest.h>
 
-using namespace wrt::test;
+using namespace wrt;
 
 namespace {
 
 std::map<std::string, std::string> byClass(const char *path) {
   std::map<std::string, std::string> lines;
-  for (const std::string &line : readLines(path))
+  for (const std::string &line : catalogue::readLines(path))
     lines[line.substr(0, line.find(' '))] = line;
   return lines;
 }

@@ -28,7 +28,7 @@ std::map<std::string, GUID> readDeclaredIids(const std::vector<std::string> &pat
   std::map<std::string, GUID> iids;
   for (const std::string &path : paths) {
     std::string text;
-    for (const std::string &line : readLines(path.c_str()))
+    for (const std::string &line : catalogue::readLines(path))
       text += line + "\n";
     for (std::sregex_iterator match(text.begin(), text.end(), declaration), end; match != end;
          ++match)

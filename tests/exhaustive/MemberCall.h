@@ -19,7 +19,7 @@ enum class Outcome { kSuccess, kFailing, kInterfaceMissing };
 class MemberCall {
 public:
   /// `argumentObject` is the object behind every bridge that is passed in.
-  MemberCall(const CatalogueMethod &method, RecordingObject &object,
+  MemberCall(const catalogue::Method &method, RecordingObject &object,
              RecordingObject &argumentObject);
 
   /// Calls the member and collects what is wrong.
@@ -48,7 +48,7 @@ private:
       problems_.push_back(what);
   }
 
-  const CatalogueMethod &method_;
+  const catalogue::Method &method_;
   RecordingObject &object_;
   RecordingObject &argumentObject_;
   EncodedType result_;

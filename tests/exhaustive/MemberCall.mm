@@ -40,10 +40,10 @@ alignas(16) unsigned char room[8][64];
 
 } // namespace
 
-MemberCall::MemberCall(const CatalogueMethod &method, RecordingObject &object,
+MemberCall::MemberCall(const catalogue::Method &method, RecordingObject &object,
                        RecordingObject &argumentObject)
     : method_(method), object_(object), argumentObject_(argumentObject) {
-  std::vector<EncodedType> types = parseEncoding(method.protocolEncoding);
+  std::vector<EncodedType> types = parseEncoding(method.extendedEncoding);
   result_ = types.front();
   for (size_t i = 3; i + 1 < types.size(); ++i)
     arguments_.push_back({types[i]});
@@ -199,8 +199,8 @@ void MemberCall::run(Outcome outcome) {
     return;
   }
   SEL selector = sel_getUid(method_.selector.c_str());
-  Method method = method_.isClassMethod() ? class_getClassMethod(type, selector)
-                                          : class_getInstanceMethod(type, selector);
+  Method method = method_.isClassMethod ? class_getClassMethod(type, selector)
+                                        : class_getInstanceMethod(type, selector);
   if (!method) {
     expect(false, "no such method");
     return;
@@ -209,7 +209,7 @@ void MemberCall::run(Outcome outcome) {
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   const int before = object_.references;
   const int argumentBefore = argumentObject_.references;
-  id receiver = method_.isClassMethod() ? static_cast<id>(type) : [type bridge:object_.pointer()];
+  id receiver = method_.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
   makeArguments();
   const bool missing = outcome == Outcome::kInterfaceMissing;
   object_.queryStatus = missing ? kNoInterface : 0;

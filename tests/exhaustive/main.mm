@@ -16,6 +16,7 @@
 #include <set>
 
 using namespace wrt::test;
+namespace catalogue = wrt::catalogue;
 
 namespace {
 
@@ -25,7 +26,7 @@ class Run {
 public:
   explicit Run(std::map<std::string, GUID> iids) : declared_(std::move(iids)) {}
 
-  void surface(const SurfaceClass &line, const std::vector<CatalogueMethod> &methods) {
+  void surface(const catalogue::Class &line, const std::vector<catalogue::Method> &methods) {
     Class type = objc_lookUpClass(line.name.c_str());
     if (!type || line.superclass != class_getName(class_getSuperclass(type))) {
       std::printf("exhaustive: no class %s under %s\n", line.name.c_str(), line.superclass.c_str());
@@ -33,10 +34,10 @@ public:
       return;
     }
     std::multiset<std::string> listed;
-    for (const CatalogueMethod &method : methods)
+    for (const catalogue::Method &method : methods)
       // Comes with automatic reference counting, which this runtime has not.
       if (method.selector != ".cxx_destruct")
-        listed.insert(method.side + method.selector);
+        listed.insert(method.side() + method.selector);
     std::multiset<std::string> present;
     for (const char side : {'-', '+'}) {
       unsigned count = 0;
@@ -52,7 +53,7 @@ public:
     }
   }
 
-  void member(const CatalogueMethod &method) {
+  void member(const catalogue::Method &method) {
     for (Outcome outcome : {Outcome::kSuccess, Outcome::kFailing, Outcome::kInterfaceMissing}) {
       static const char *const kNames[] = {"success", "failing", "interface missing"};
       MemberCall call(method, object_, argument_);
@@ -65,12 +66,12 @@ public:
   }
 
   /// An accessor hands out the interface that it asks for, or the failure.
-  void accessor(const CatalogueMethod &method) {
+  void accessor(const catalogue::Method &method) {
     std::vector<std::string> problems;
     Class type = objc_lookUpClass(method.className.c_str());
     SEL selector = sel_getUid(method.selector.c_str());
-    Method implementation = method.isClassMethod() ? class_getClassMethod(type, selector)
-                                                   : class_getInstanceMethod(type, selector);
+    Method implementation = method.isClassMethod ? class_getClassMethod(type, selector)
+                                                 : class_getInstanceMethod(type, selector);
     if (!implementation) {
       report(method, "accessor", {"no such method"});
       return;
@@ -81,8 +82,7 @@ public:
     NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
     for (bool missing : {false, true}) {
       object_.queryStatus = 0;
-      id receiver =
-          method.isClassMethod() ? static_cast<id>(type) : [type bridge:object_.pointer()];
+      id receiver = method.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
       object_.queries.clear();
       object_.queryStatus = missing ? kNoInterface : 0;
       activationRequest() = {{}, {}, missing ? nullptr : &object_};
@@ -106,7 +106,7 @@ public:
     ++accessors_;
   }
 
-  void activation(const CatalogueMethod &method) {
+  void activation(const catalogue::Method &method) {
     std::vector<std::string> problems;
     activationRequest() = {{}, {}, &object_};
     Class type = objc_lookUpClass(method.className.c_str());
@@ -140,8 +140,8 @@ public:
 private:
   /// Which interface the library asked for, if it came to that: the one that is declared for a
   /// plain interface; for an instantiation one and the same, of its own, in every class.
-  void checkRequest(const CatalogueMethod &method) {
-    const GUID *asked = method.isClassMethod()    ? &activationRequest().iid
+  void checkRequest(const catalogue::Method &method) {
+    const GUID *asked = method.isClassMethod      ? &activationRequest().iid
                         : object_.queries.empty() ? nullptr
                                                   : &object_.queries.front();
     if (!asked) {
@@ -155,12 +155,11 @@ private:
       report(method, "request", {"another interface was asked for"});
   }
 
-  void report(const CatalogueMethod &method, const char *where,
+  void report(const catalogue::Method &method, const char *where,
               const std::vector<std::string> &problems) {
     for (const std::string &problem : problems) {
       if (++wrong_ <= 50) {
-        std::printf("exhaustive: %c[%s %s] (%s): %s\n", method.isClassMethod() ? '+' : '-',
-                    method.className.c_str(), method.selector.c_str(), where, problem.c_str());
+        std::printf("exhaustive: %s (%s): %s\n", method.name().c_str(), where, problem.c_str());
       }
     }
   }
@@ -187,15 +186,15 @@ int main(int argc, char **argv) {
   setenv("WRT_LOG_LEVEL", "1", 1);
   Run run(readDeclaredIids({argv + 1, argv + argc}));
   size_t listed = 0;
-  for (const SurfaceClass &line : surfaceClasses()) {
+  for (const catalogue::Class &line : surfaceClasses()) {
     const auto found = catalogueTable().find(line.name);
     const bool isEmpty = found == catalogueTable().end();
-    run.surface(line, isEmpty ? std::vector<CatalogueMethod>() : found->second);
+    run.surface(line, isEmpty ? std::vector<catalogue::Method>() : found->second);
     // What is written by hand has tests of its own.
-    if (line.kind == "core" || isEmpty)
+    if (line.isHandWritten() || isEmpty)
       continue;
     listed += found->second.size();
-    for (const CatalogueMethod &method : found->second) {
+    for (const catalogue::Method &method : found->second) {
       if (method.slot)
         run.member(method);
       else if (method.selector == "activateInstance")

@@ -8,12 +8,11 @@
 //
 // The last line of all but `facts` says what was seen. Exit status: 0 when all is well, 1 when
 // something differs or the image cannot be read, 2 for wrong usage.
-#include "Catalogue.h"
+#include "CatalogueComparison.h"
 #include "Metadata.h"
 #include "ProductRules.h"
 #include "Text.h"
 
-#include <fstream>
 #include <iostream>
 #include <string_view>
 
@@ -45,23 +44,12 @@ int facts(const Image &image) {
   return 0;
 }
 
-/// The lines of a file; throws when it cannot be read.
-std::vector<std::string> readLines(const std::string &file) {
-  std::ifstream stream(file);
-  if (!stream)
-    throw FormatError("cannot read " + file);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(stream, line);)
-    lines.push_back(line);
-  return lines;
-}
-
 ProductFacts readFacts(const std::string &imports, const std::string &names) {
   ProductFacts facts;
-  for (const std::string &line : readLines(imports))
+  for (const std::string &line : wrt::catalogue::readLines(imports))
     facts.imports.insert(line);
   // Export lines of a module definition: a name, and DATA for what is no function.
-  for (const std::string &line : readLines(names))
+  for (const std::string &line : wrt::catalogue::readLines(names))
     facts.imports.insert("WRTBridge_zorvex.dll " + line.substr(0, line.find(' ')));
   return facts;
 }
@@ -96,9 +84,10 @@ int main(int argc, char **argv) {
     }
     if (command == "compare" && argc == 4) {
       const Metadata metadata = Metadata::read(Image::read(argv[2]));
-      return summarize(metadata, compareWithCatalogue(metadata, readCatalogue(argv[3])));
+      return summarize(metadata,
+                       compareWithCatalogue(metadata, wrt::catalogue::readMethods(argv[3])));
     }
-  } catch (const FormatError &error) {
+  } catch (const std::runtime_error &error) {
     std::cerr << "inspectimage: " << argv[2] << ": " << error.what() << '\n';
     return 1;
   }

@@ -70,17 +70,9 @@ void writeMethodSizes(const SizeReport &report, std::ostream &out) {
     out << "| " << size << " | " << grouped(count) << " |\n";
 }
 
-/// Whether the class is one of `core/`, which no goal is set for.
-bool isHandWritten(const std::string &className) {
-  static const std::set<std::string> classes = {"WRTUnknownBridge",      "WRTInspectableBridge",
-                                                "WRTInterfaceProxy",     "WRTClassProxy",
-                                                "WRTIInspectableBridge", "WRTHSTRINGBridge"};
-  return classes.contains(className);
-}
-
 /// Whether the method gets or sets a number or a structure: no object on either side.
-bool isValueAccessor(const CatalogueEntry &entry) {
-  if (entry.slot == "-")
+bool isValueAccessor(const catalogue::Method &entry) {
+  if (!entry.slot)
     return false;
   const std::string &selector = entry.selector;
   if (selector.starts_with("get") && selector.ends_with("WithError:"))
@@ -117,7 +109,8 @@ void writeReport(const SizeReport &report, std::ostream &out) {
   writeMethodSizes(report, out);
 }
 
-SizeCheck checkSizes(const SizeReport &report, const std::vector<CatalogueEntry> &catalogue,
+SizeCheck checkSizes(const SizeReport &report, const std::vector<catalogue::Method> &methods,
+                     const std::vector<catalogue::Class> &classes,
                      const std::vector<std::string> &listed, const SizeGoals &goals) {
   SizeCheck result;
   const auto require = [&](const std::string &what, std::uintmax_t is, std::uintmax_t goal) {
@@ -129,12 +122,16 @@ SizeCheck checkSizes(const SizeReport &report, const std::vector<CatalogueEntry>
     if (section.name == ".text")
       require(".text", section.virtualSize, goals.text);
   }
+  std::set<std::string> handWritten;
+  for (const catalogue::Class &each : classes) {
+    if (each.isHandWritten())
+      handWritten.insert(each.name);
+  }
   std::set<std::string> unneeded(listed.begin(), listed.end());
-  for (const CatalogueEntry &entry : catalogue) {
-    if (isHandWritten(entry.className))
+  for (const catalogue::Method &entry : methods) {
+    if (handWritten.contains(entry.className))
       continue;
-    const std::string name =
-        join(entry.isClassMethod ? '+' : '-', '[', entry.className, ' ', entry.selector, ']');
+    const std::string name = entry.name();
     const auto method = report.methods.find(name);
     if (method == report.methods.end()) {
       result.problems.push_back(join("the map has no ", name));

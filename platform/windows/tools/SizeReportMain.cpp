@@ -1,5 +1,5 @@
 // sizereport write IMAGE MAP DOCUMENT            puts the report between the marks in DOCUMENT
-// sizereport check IMAGE MAP CATALOGUE LIST      compares with the goals
+// sizereport check IMAGE MAP CATALOGUE DIGEST LIST   compares with the goals
 //
 // LIST names the methods that may be larger than others, one on a line, with a `#` and the reason
 // behind. The last line says what was looked at. Exit status: 0 when all is well, 1 when a goal is
@@ -35,12 +35,9 @@ int write(const SizeReport &report, const std::filesystem::path &document) {
   return out.flush() ? 0 : 1;
 }
 
-std::vector<std::string> readList(const std::filesystem::path &file) {
-  std::ifstream stream(file);
-  if (!stream)
-    throw FormatError(join("cannot open ", file.string()));
+std::vector<std::string> readList(const std::string &file) {
   std::vector<std::string> names;
-  for (std::string line; std::getline(stream, line);) {
+  for (std::string line : wrt::catalogue::readLines(file)) {
     line.resize(std::min(line.size(), line.find('#')));
     line.resize(line.find_last_not_of(' ') + 1);
     if (!line.empty())
@@ -49,9 +46,10 @@ std::vector<std::string> readList(const std::filesystem::path &file) {
   return names;
 }
 
-int check(const SizeReport &report, const std::filesystem::path &catalogue,
-          const std::filesystem::path &list) {
-  const SizeCheck result = checkSizes(report, readCatalogue(catalogue), readList(list));
+int check(const SizeReport &report, const std::string &catalogue, const std::string &digest,
+          const std::string &list) {
+  const SizeCheck result = checkSizes(report, wrt::catalogue::readMethods(catalogue),
+                                      wrt::catalogue::readClasses(digest), readList(list));
   for (const std::string &problem : result.problems)
     std::cout << problem << '\n';
   std::cout << report.file << " bytes, " << report.content.shapes << " shapes, " << result.methods
@@ -67,12 +65,13 @@ int main(int argc, char **argv) {
   try {
     if (command == "write" && argc == 5)
       return write(SizeReport::read(argv[2], argv[3]), argv[4]);
-    if (command == "check" && argc == 6)
-      return check(SizeReport::read(argv[2], argv[3]), argv[4], argv[5]);
-  } catch (const FormatError &error) {
+    if (command == "check" && argc == 7)
+      return check(SizeReport::read(argv[2], argv[3]), argv[4], argv[5], argv[6]);
+  } catch (const std::runtime_error &error) {
     std::cerr << "sizereport: " << error.what() << '\n';
     return 1;
   }
-  std::cerr << "usage: sizereport write IMAGE MAP DOCUMENT | check IMAGE MAP CATALOGUE LIST\n";
+  std::cerr
+      << "usage: sizereport write IMAGE MAP DOCUMENT | check IMAGE MAP CATALOGUE DIGEST LIST\n";
   return 2;
 }

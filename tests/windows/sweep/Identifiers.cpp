@@ -1,11 +1,6 @@
 #include "Identifiers.h"
 
-#include "PortableExecutable.h"
-#include "Text.h"
-
-#include <fstream>
-#include <sstream>
-#include <vector>
+#include "catalogue/reader/CatalogueTables.h"
 
 namespace wrt::sweep {
 
@@ -24,30 +19,17 @@ emulator::Iid parse(std::string text) {
 
 } // namespace
 
-Identifiers Identifiers::read(const std::filesystem::path &file) {
+Identifiers Identifiers::read(const std::string &file) {
   Identifiers result;
   // Written by hand, so not in the table.
   result.bridges["WRTIInspectableBridge"] = parse("AF86E2E0-B12D-4C6A-9C5A-D7AA65101E90");
-  std::ifstream stream(file);
-  std::vector<std::vector<std::string>> classes;
-  int number = 0;
-  for (std::string line; std::getline(stream, line);) {
-    ++number;
-    std::vector<std::string> columns;
-    std::istringstream text(line);
-    for (std::string column; std::getline(text, column, '\t');)
-      columns.push_back(column);
-    if (columns.size() == 4 && columns[0] == "interface" && columns[3].size() == 36)
-      result.interfaces[columns[1]] = result.bridges[columns[2]] = parse(columns[3]);
-    else if (columns.size() == 5 && columns[0] == "class")
-      classes.push_back(columns);
-    else
-      throw pe::FormatError(pe::join(file.string(), ":", number, ": no interface and no class"));
-  }
-  for (const auto &each : classes) {
-    result.classes[each[2]] = {{each[3].begin(), each[3].end()}, each[4]};
-    if (each[4] != "-")
-      result.bridges[each[2]] = result.interfaces.at(each[4]);
+  const catalogue::Identifiers listed = catalogue::readIdentifiers(file);
+  for (const catalogue::Interface &each : listed.interfaces)
+    result.interfaces[each.name] = result.bridges[each.bridge] = parse(each.identifier);
+  for (const catalogue::RuntimeClass &each : listed.classes) {
+    result.classes[each.bridge] = {each.name.begin(), each.name.end()};
+    if (!each.defaultInterface.empty())
+      result.bridges[each.bridge] = result.interfaces.at(each.defaultInterface);
   }
   return result;
 }

@@ -3,30 +3,22 @@
 
 #include "HostObject.h"
 
-#include <filesystem>
 #include <map>
 #include <string>
 
 namespace wrt::sweep {
 
-/// The generator's second table, `identifiers.tsv`: what bridges ask for and what they activate.
+/// What bridges ask for and what they activate, as `identifiers.tsv` has it.
 struct Identifiers {
-  struct RuntimeClass {
-    /// WinRT's.
-    std::u16string name;
-    /// The name of the interface that stands for the class, or `-`.
-    std::string interface;
-  };
-
   /// By the name that the catalogue gives to interfaces.
   std::map<std::string, emulator::Iid> interfaces;
   /// By the name of the bridge class, of a runtime class that of its default interface.
   std::map<std::string, emulator::Iid> bridges;
-  /// By the name of the bridge class.
-  std::map<std::string, RuntimeClass> classes;
+  /// WinRT's names by that of the bridge class.
+  std::map<std::string, std::u16string> classes;
 
-  /// Throws `pe::FormatError` with the line's number.
-  static Identifiers read(const std::filesystem::path &file);
+  /// Throws as `catalogue::readIdentifiers` does.
+  static Identifiers read(const std::string &file);
 };
 
 } // namespace wrt::sweep

@@ -17,10 +17,6 @@ constexpr const char16_t *kText = u"crossing";
 constexpr std::uint32_t kStale = 0x5A5A5A58;
 constexpr std::uint32_t kRoomSize = 64;
 
-std::string key(const pe::CatalogueEntry &method) {
-  return pe::join(method.isClassMethod ? '+' : '-', method.className, ' ', method.selector);
-}
-
 emulator::Iid readIid(emulator::Machine &machine, Address address) {
   emulator::Iid iid;
   std::ranges::copy(machine.read(address, iid.size()), iid.begin());
@@ -40,8 +36,8 @@ Stage::Stage(const std::vector<std::string> &files, Identifiers identifiers)
       *process_.findModule(std::filesystem::path(files.back()).filename().string());
   for (const auto &[name, type] : pe::Metadata::read(product.image).classes)
     for (const pe::ObjCMethod &method : type.methods)
-      implementations_[pe::join(method.isClassMethod ? '+' : '-', name, ' ', method.selector)] =
-          product.address(method.implementation);
+      implementations_[pe::join(method.isClassMethod ? '+' : '-', '[', name, ' ', method.selector,
+                                ']')] = product.address(method.implementation);
   for (const char *name :
        {"testLiveObjects", "testLiveStrings", "testLiveTaskBlocks", "testLiveDelegates"})
     counters_.push_back(process_.find(name));
@@ -99,9 +95,9 @@ Stage::Counts Stage::counts() {
   return counts;
 }
 
-std::vector<std::string> Stage::call(const pe::CatalogueEntry &method, Outcome outcome) {
+std::vector<std::string> Stage::call(const catalogue::Method &method, Outcome outcome) {
   Call call{method, outcome, {}, {}, {}, {}, {}, {}, 0, {}};
-  if (!implementations_.count(key(method)))
+  if (!implementations_.count(method.name()))
     return {"no such method"};
   const std::vector<EncodedType> types = debug::parseEncoding(
       method.extendedEncoding.empty() || method.extendedEncoding == "-" ? method.encoding
@@ -184,7 +180,7 @@ Registers Stage::enter(Call &call, Address receiver) {
   for (std::size_t i = 0; i < call.types.size(); ++i)
     put(arguments, placement.next(call.types[i]), wordsOf(call.types[i], call.values[i]));
   put(arguments, {placement.nextWord()}, {room_ + kRoomSize});
-  return machine_.enter(implementations_.at(key(call.method)), arguments);
+  return machine_.enter(implementations_.at(call.method.name()), arguments);
 }
 
 std::uint32_t Stage::receive(int slot, const HostCall &) {
@@ -192,7 +188,7 @@ std::uint32_t Stage::receive(int slot, const HostCall &) {
     throw emulator::Fault(pe::join("slot ", slot, " is called outside of a method"));
   Call &call = *current_;
   ++call.calls;
-  call.expect(call.method.slot == std::to_string(slot), pe::join("slot ", slot, " is called"));
+  call.expect(call.method.slot == slot, pe::join("slot ", slot, " is called"));
   checkUnwinding();
   const Registers at = machine_.registers();
   Placement placement;
@@ -269,7 +265,7 @@ void Stage::checkRequests(Call &call) {
   if (call.method.isClassMethod) {
     const auto type = identifiers_.classes.find(call.method.className);
     call.expect(type != identifiers_.classes.end() && call.activated.size() == 1 &&
-                    call.activated[0] == type->second.name,
+                    call.activated[0] == type->second,
                 "another class is activated");
   }
   if (!call.isActivation()) {

@@ -1,12 +1,13 @@
 #ifndef WRT_TESTS_SWEEP_STAGE_H
 #define WRT_TESTS_SWEEP_STAGE_H
 
-#include "Catalogue.h"
 #include "HostObject.h"
 #include "Identifiers.h"
 #include "Layout.h"
 #include "ObjectiveC.h"
 #include "Unwinder.h"
+
+#include "catalogue/reader/CatalogueTables.h"
 
 #include <array>
 #include <unordered_map>
@@ -27,12 +28,12 @@ public:
   Stage(const std::vector<std::string> &files, Identifiers identifiers);
 
   /// Calls a method in one way and says what is wrong with what it did.
-  std::vector<std::string> call(const pe::CatalogueEntry &method, Outcome outcome);
+  std::vector<std::string> call(const catalogue::Method &method, Outcome outcome);
 
 private:
   /// One call while it is under way.
   struct Call {
-    const pe::CatalogueEntry &method;
+    const catalogue::Method &method;
     Outcome outcome;
     EncodedType result;
     std::vector<EncodedType> types;
@@ -49,7 +50,7 @@ private:
       if (!holds)
         problems.push_back(what);
     }
-    bool isMember() const { return method.slot != "-"; }
+    bool isMember() const { return method.slot.has_value(); }
     bool isActivation() const { return method.selector == "activateInstance"; }
   };
   /// What the doubles count: objects, strings, task memory, delegates.

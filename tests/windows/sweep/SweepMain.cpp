@@ -24,7 +24,7 @@ int sweep(const std::string &catalogueFile, const std::string &identifiersFile,
   std::size_t methods = 0;
   std::size_t outcomes = 0;
   std::size_t wrong = 0;
-  for (const wrt::pe::CatalogueEntry &method : wrt::pe::readCatalogue(catalogueFile)) {
+  for (const wrt::catalogue::Method &method : wrt::catalogue::readMethods(catalogueFile)) {
     // The hand-written classes are in no line of the identifiers; they have tests of their own.
     if (!identifiers.classes.count(method.className) &&
         !identifiers.bridges.count(method.className))
@@ -32,14 +32,13 @@ int sweep(const std::string &catalogueFile, const std::string &identifiersFile,
     ++methods;
     for (const Outcome outcome :
          {Outcome::kSuccess, Outcome::kFailing, Outcome::kInterfaceMissing}) {
-      if (outcome == Outcome::kFailing && method.slot == "-")
+      if (outcome == Outcome::kFailing && !method.slot)
         continue;
       ++outcomes;
       static const char *const kNames[] = {"success", "failing", "interface missing"};
       for (const std::string &problem : stage.call(method, outcome))
         if (++wrong <= kPrinted)
-          std::cout << (method.isClassMethod ? '+' : '-') << '[' << method.className << ' '
-                    << method.selector << "] (" << kNames[static_cast<int>(outcome)]
+          std::cout << method.name() << " (" << kNames[static_cast<int>(outcome)]
                     << "): " << problem << '\n';
     }
   }

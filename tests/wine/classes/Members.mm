@@ -94,17 +94,17 @@ void add(const std::string &whole, const std::function<void(NSError **)> &body) 
 }
 
 /// The method that WinRT's name for a member stands for: the shortest one that begins with it.
-const CatalogueMethod *find(const std::string &className, std::string member) {
+const catalogue::Method *find(const std::string &className, std::string member) {
   const size_t mark = member.find('_');
   if (mark != std::string::npos)
     member.erase(mark, 1); // add_Stopped
   std::string beginning = member + "With";
   beginning[0] = static_cast<char>(tolower(beginning[0]));
-  const CatalogueMethod *found = nullptr;
+  const catalogue::Method *found = nullptr;
   const auto methods = catalogueTable().find("WRT" + className + "Bridge");
   if (methods == catalogueTable().end())
     return nullptr;
-  for (const CatalogueMethod &each : methods->second) {
+  for (const catalogue::Method &each : methods->second) {
     const bool fits =
         each.selector.starts_with(beginning) || each.selector.starts_with("get" + member + "With");
     if (each.slot && fits && (!found || each.selector.size() < found->selector.size()))
@@ -116,15 +116,15 @@ const CatalogueMethod *find(const std::string &className, std::string member) {
 // Whatever the answer is, nothing is given.
 void callPlainly(const std::string &whole, NSError **error) {
   const std::string className = whole.substr(0, whole.find('.'));
-  const CatalogueMethod *method = find(className, whole.substr(whole.find('.') + 1));
+  const catalogue::Method *method = find(className, whole.substr(whole.find('.') + 1));
   ASSERT_NE(nullptr, method) << whole << " is no member of the catalogue's";
-  id receiver = method->isClassMethod() ? static_cast<id>(NSClassFromString([NSString
-                                              stringWithUTF8String:method->className.c_str()]))
-                                        : newInstance(className);
+  id receiver = method->isClassMethod ? static_cast<id>(NSClassFromString([NSString
+                                            stringWithUTF8String:method->className.c_str()]))
+                                      : newInstance(className);
   ASSERT_NE(nil, receiver);
   SEL selector = NSSelectorFromString([NSString stringWithUTF8String:method->selector.c_str()]);
   // The error follows the last argument; what stands behind it nobody takes.
-  const auto types = debug::parseEncoding(method->protocolEncoding);
+  const auto types = debug::parseEncoding(method->extendedEncoding);
   void *arguments[6] = {};
   ASSERT_GE(std::size(arguments), types.size() - 3);
   for (size_t i = 3; i + 1 < types.size(); ++i) {
@@ -153,7 +153,7 @@ void readExpectations(const char *path) {
                                                       {"stub", Answer::Stub},
                                                       {"not_implemented", Answer::NotImplemented},
                                                       {"no_interface", Answer::NoInterface}};
-  for (std::string line : readLines(path)) {
+  for (std::string line : catalogue::readLines(path)) {
     line.erase(std::min(line.find('#'), line.size()));
     std::istringstream parts(line);
     std::string name, word;

@@ -1,8 +1,7 @@
-#include "Catalogue.h"
+#include "CatalogueComparison.h"
 
 #include "Text.h"
 
-#include <fstream>
 #include <set>
 #include <tuple>
 
@@ -10,26 +9,7 @@ namespace wrt::pe {
 
 namespace {
 
-std::vector<std::string> splitAtTabs(const std::string &line) {
-  std::vector<std::string> columns(1);
-  for (const char c : line) {
-    if (c == '\t') {
-      columns.emplace_back();
-    } else {
-      columns.back().push_back(c);
-    }
-  }
-  return columns;
-}
-
-std::string nothingIfDash(const std::string &column) { return column == "-" ? "" : column; }
-
-std::string nameMethod(const std::string &className, bool isClassMethod,
-                       const std::string &selector) {
-  return join(isClassMethod ? '+' : '-', '[', className, ' ', selector, ']');
-}
-
-const ObjCMethod *findMethod(const ObjCClass &owner, const CatalogueEntry &entry) {
+const ObjCMethod *findMethod(const ObjCClass &owner, const catalogue::Method &entry) {
   for (const ObjCMethod &method : owner.methods) {
     if (method.isClassMethod == entry.isClassMethod && method.selector == entry.selector)
       return &method;
@@ -39,31 +19,13 @@ const ObjCMethod *findMethod(const ObjCClass &owner, const CatalogueEntry &entry
 
 } // namespace
 
-std::vector<CatalogueEntry> readCatalogue(const std::filesystem::path &file) {
-  std::ifstream stream(file);
-  if (!stream)
-    throw FormatError(join("cannot open ", file.string()));
-  std::vector<CatalogueEntry> entries;
-  std::string line;
-  for (int number = 1; std::getline(stream, line); ++number) {
-    if (line.empty() || line[0] == '#')
-      continue;
-    const auto columns = splitAtTabs(line);
-    if (columns.size() != 7 || (columns[1] != "+" && columns[1] != "-"))
-      throw FormatError(join(file.string(), ":", number, ": not a method in seven columns"));
-    entries.push_back({columns[0], columns[1] == "+", columns[2], columns[3],
-                       nothingIfDash(columns[4]), nothingIfDash(columns[5]), columns[6]});
-  }
-  return entries;
-}
-
 std::vector<std::string> compareWithCatalogue(const Metadata &metadata,
-                                              const std::vector<CatalogueEntry> &catalogue) {
+                                              const std::vector<catalogue::Method> &listed) {
   std::vector<std::string> differences;
   std::set<std::string> listedClasses;
   std::set<std::tuple<std::string, bool, std::string>> listedMethods;
-  for (const CatalogueEntry &entry : catalogue) {
-    const std::string name = nameMethod(entry.className, entry.isClassMethod, entry.selector);
+  for (const catalogue::Method &entry : listed) {
+    const std::string name = entry.name();
     const auto different = [&](const char *what, const std::string &is,
                                const std::string &shouldBe) {
       if (is != shouldBe)
@@ -97,8 +59,8 @@ std::vector<std::string> compareWithCatalogue(const Metadata &metadata,
       continue;
     for (const ObjCMethod &method : owner->second.methods) {
       if (!listedMethods.count({className, method.isClassMethod, method.selector})) {
-        differences.push_back(join(nameMethod(className, method.isClassMethod, method.selector),
-                                   ": not in the catalogue"));
+        differences.push_back(join(method.isClassMethod ? '+' : '-', '[', className, ' ',
+                                   method.selector, "]: not in the catalogue"));
       }
     }
   }
