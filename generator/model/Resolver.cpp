@@ -125,7 +125,7 @@ Type *Resolver::instantiate(const Family &family, std::vector<const Type *> argu
                             Position at) {
   // Making an instance of a delegate looks its arguments up, so one inside another might have no
   // end.
-  if (family.delegate && insideDelegate_)
+  if (!family.interface && insideDelegate_)
     return fail(at, kDelegateInDelegate);
   std::string name = family.name + "<";
   for (const Type *argument : arguments)
