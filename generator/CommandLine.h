@@ -1,9 +1,11 @@
 #ifndef WRT_GENERATOR_COMMAND_LINE_H
 #define WRT_GENERATOR_COMMAND_LINE_H
 
+#include "generator/metadata/ImportOptions.h"
 #include "generator/model/Target.h"
 
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -11,7 +13,8 @@ namespace bridgegen {
 
 /// What a run is asked to do.
 struct CommandLine {
-  bool help = false;
+  std::optional<metadata::ImportOptions>
+      import; ///< of `bridgegen import`; then nothing else counts
   bool listOutputs = false;
   std::string output;          ///< the folder of the outputs; empty if `reference` is not
   std::string reference;       ///< the folder of the reference's pages; empty if `output` is not
@@ -25,12 +28,10 @@ struct CommandLine {
   std::vector<std::string> files;
 };
 
-/// Reads the arguments without the program's name. Nothing and a `problem` when they are not right.
+/// Reads the arguments without the program's name. Nothing when there is nothing to do any more:
+/// help was printed to `out`, or what is wrong to `errors`, and `status` is the program's.
 std::optional<CommandLine> parseCommandLine(const std::vector<std::string> &arguments,
-                                            std::string &problem);
-
-/// What `--help` prints.
-std::string help();
+                                            std::ostream &out, std::ostream &errors, int &status);
 
 } // namespace bridgegen
 

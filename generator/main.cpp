@@ -16,7 +16,6 @@ namespace {
 using namespace bridgegen;
 
 constexpr int kWrongInput = 1;
-constexpr int kWrongUsage = 2;
 
 /// The whole file, or nothing when it cannot be read.
 std::optional<std::string> contents(const std::string &path) {
@@ -80,25 +79,14 @@ int generate(const CommandLine &commandLine) {
 } // namespace
 
 int main(int count, char **arguments) {
+  int status = 0;
+  const auto commandLine = parseCommandLine(
+      std::vector<std::string>(arguments + 1, arguments + count), std::cout, std::cerr, status);
+  if (!commandLine)
+    return status;
   try {
-    if (count > 1 && std::string(arguments[1]) == "import")
-      return metadata::importCommand(std::vector<std::string>(arguments + 2, arguments + count));
-  } catch (const std::exception &failure) {
-    std::cerr << "bridgegen: " << failure.what() << '\n';
-    return kWrongInput;
-  }
-  std::string problem;
-  const auto commandLine =
-      parseCommandLine(std::vector<std::string>(arguments + 1, arguments + count), problem);
-  if (!commandLine) {
-    std::cerr << "bridgegen: " << problem << "; 'bridgegen --help' tells more\n";
-    return kWrongUsage;
-  }
-  if (commandLine->help) {
-    std::cout << help();
-    return 0;
-  }
-  try {
+    if (commandLine->import)
+      return metadata::importCommand(*commandLine->import);
     return commandLine->listOutputs ? listOutputs(*commandLine) : generate(*commandLine);
   } catch (const std::exception &failure) {
     std::cerr << "bridgegen: " << failure.what() << '\n';

@@ -2,6 +2,7 @@
 #define WRT_GENERATOR_METADATA_IMPORT_H
 
 #include "generator/metadata/DeclarationWriter.h"
+#include "generator/metadata/ImportOptions.h"
 
 namespace bridgegen::metadata {
 
@@ -20,8 +21,8 @@ std::optional<Imported> importTypes(const Library &library, const std::deque<Sou
                                     const Wanted &wanted, const BridgeNames &bridgeNames,
                                     Diagnostics &diagnostics, std::deque<Source> &written);
 
-/// `bridgegen import` with its arguments: answers the exit status.
-int importCommand(const std::vector<std::string> &arguments);
+/// `bridgegen import`: answers the exit status.
+int importCommand(const ImportOptions &options);
 
 } // namespace bridgegen::metadata
 

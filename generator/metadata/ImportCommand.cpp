@@ -1,6 +1,5 @@
 #include "generator/metadata/Comparison.h"
 #include "generator/metadata/Import.h"
-#include "generator/metadata/ImportOptions.h"
 #include "generator/read/Files.h"
 
 #include <fstream>
@@ -66,17 +65,13 @@ int run(const ImportOptions &options, Diagnostics &diagnostics, std::deque<Sourc
 
 } // namespace
 
-int importCommand(const std::vector<std::string> &arguments) {
-  int status = 0;
-  const std::optional<ImportOptions> options =
-      parseImportOptions(arguments, std::cout, std::cerr, status);
-  if (!options)
-    return status;
+int importCommand(const ImportOptions &options) {
   Diagnostics diagnostics;
   std::deque<Source> known;
   std::deque<Source> written;
+  int status = 0;
   try {
-    status = run(*options, diagnostics, known, written);
+    status = run(options, diagnostics, known, written);
   } catch (const Refused &refused) {
     std::cerr << refused.what() << '\n';
     return 1;

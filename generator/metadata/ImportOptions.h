@@ -3,8 +3,6 @@
 
 #include "generator/metadata/Selection.h"
 
-#include <ostream>
-
 namespace bridgegen::metadata {
 
 /// What `bridgegen import` is asked to do.
@@ -17,12 +15,6 @@ struct ImportOptions {
   std::map<std::string, std::string> bridgeNames; ///< by the full names of types
   bool check = false;
 };
-
-/// Reads the arguments behind `import`. Nothing when there is nothing to do any more: help was
-/// printed, or what is wrong, and `status` is the program's.
-std::optional<ImportOptions> parseImportOptions(const std::vector<std::string> &arguments,
-                                                std::ostream &out, std::ostream &errors,
-                                                int &status);
 
 } // namespace bridgegen::metadata
 
