@@ -120,7 +120,7 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
   }
 
   // Behind four sizes, of the stack and of the heap, as wide as pointers.
-  const std::size_t directoryCount = optional + 72 + 4 * image.pointerSize_ + 4;
+  const std::size_t directoryCount = optional + 72 + std::size_t{4} * image.pointerSize_ + 4;
   const std::uint32_t directories = reader.u32(directoryCount);
   const auto directory = [&](std::size_t index) {
     const std::size_t entry = directoryCount + 4 + 8 * index;

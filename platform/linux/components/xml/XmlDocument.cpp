@@ -12,7 +12,7 @@ constexpr std::u16string_view kName = u"Windows.Data.Xml.Dom.XmlDocument";
 class XmlDocument final
     : public XmlNodeObject<abi::IXmlDocument, abi::IXmlDocumentIO, abi::IXmlDocumentIO2> {
 public:
-  explicit XmlDocument(std::shared_ptr<XmlTree> tree)
+  explicit XmlDocument(const std::shared_ptr<XmlTree> &tree)
       : XmlNodeObject({tree, tree->document()}, kName) {}
 
   HRESULT WRT_ABI get_DocumentElement(abi::IXmlElement **result) override {
