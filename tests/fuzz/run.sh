@@ -22,9 +22,8 @@ if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
 fi
 cmake/build.sh linux-asan "${names[@]/#/fuzz_}"
 # As the tests have it: what is not ours is not looked at.
-export ASAN_OPTIONS=suppressions=$PWD/cmake/suppressions/asan.supp:allocator_may_return_null=1
-export LSAN_OPTIONS=suppressions=$PWD/cmake/suppressions/lsan.supp:print_suppressions=0
-export UBSAN_OPTIONS=suppressions=$PWD/cmake/suppressions/ubsan.supp:print_stacktrace=1
+mapfile -t environment < build/linux-asan/test-environment
+export "${environment[@]}"
 cd build/linux-asan/fuzz
 for name in "${names[@]}"; do
   mkdir -p "new/$name"
