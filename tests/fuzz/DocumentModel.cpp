@@ -11,10 +11,10 @@ enum Kind { kElement, kText, kComment, kDocument };
 /// A node of the model. Nodes live as long as the model, in a tree or not.
 struct Model {
   Kind kind;
-  std::u16string name, value;
+  std::u16string content; ///< an element's name; a text
   Model *parent = nullptr;
-  std::vector<Model *> children;
-  std::vector<std::pair<std::u16string, std::u16string>> attributes;
+  std::vector<Model *> children = {};
+  std::vector<std::pair<std::u16string, std::u16string>> attributes = {};
 
   bool isWithin(const Model *ancestor) const {
     return this == ancestor || (parent != nullptr && parent->isWithin(ancestor));
@@ -40,18 +40,18 @@ struct Model {
   }
   std::u16string xml() const {
     if (kind == kText)
-      return escaped(value);
+      return escaped(content);
     if (kind == kComment)
-      return u"<!--" + value + u"-->";
+      return u"<!--" + content + u"-->";
     std::u16string inside;
     for (const Model *child : children)
       inside += child->xml();
     if (kind == kDocument)
       return inside;
-    std::u16string tag = u"<" + name;
+    std::u16string tag = u"<" + content;
     for (const auto &[key, text] : attributes)
       tag += u" " + key + u"=\"" + escaped(text) + u"\"";
-    return children.empty() ? tag + u"/>" : tag + u">" + inside + u"</" + name + u">";
+    return children.empty() ? tag + u"/>" : tag + u">" + inside + u"</" + content + u">";
   }
 };
 
@@ -74,12 +74,11 @@ public:
 private:
   struct Slot {
     Node node;
-    Model *model;
+    Model *model = nullptr;
   };
 
-  Model *add(Kind kind, std::u16string_view name = {}, std::u16string_view value = {}) {
-    models_.push_back(std::make_unique<Model>(
-        Model{kind, std::u16string(name), std::u16string(value), {}, {}, {}}));
+  Model *add(Kind kind, std::u16string_view content = {}) {
+    models_.push_back(std::make_unique<Model>(Model{kind, std::u16string(content)}));
     return models_.back().get();
   }
   Slot &slot() { return choices_.of(slots_); }
@@ -93,84 +92,71 @@ private:
     static constexpr std::u16string_view kNames[] = {u"a", u"b", u"c"};
     static constexpr std::u16string_view kTexts[] = {u"", u"x", u"1<2", u"y z"};
     const StringHolder name(choices_.of(kNames)), text(choices_.of(kTexts));
-    switch (choices_.below(11)) {
-    case 0: {
-      ComPtr<abi::IXmlElement> made;
-      document_->CreateElement(name.get(), made.put());
-      slots_.push_back({made.as<abi::IXmlNode>(), add(kElement, name.view())});
-      break;
-    }
-    case 1: {
-      ComPtr<abi::IXmlText> made;
-      document_->CreateTextNode(text.get(), made.put());
-      slots_.push_back({made.as<abi::IXmlNode>(), add(kText, {}, text.view())});
-      break;
-    }
-    case 2: {
-      ComPtr<abi::IXmlComment> made;
-      document_->CreateComment(text.get(), made.put());
-      slots_.push_back({made.as<abi::IXmlNode>(), add(kComment, {}, text.view())});
-      break;
-    }
-    case 3: {
-      Slot &target = slot();
-      if (const auto element = target.node.as<abi::IXmlElement>()) {
-        expect(element->SetAttribute(name.get(), text.get()), true, "SetAttribute");
-        target.model->setAttribute(std::u16string(name.view()), std::u16string(text.view()));
-      }
-      break;
-    }
-    case 4: {
-      Slot &target = slot();
-      if (const auto element = target.node.as<abi::IXmlElement>()) {
-        expect(element->RemoveAttribute(name.get()), true, "RemoveAttribute");
-        std::erase_if(target.model->attributes,
-                      [&](const auto &pair) { return pair.first == name.view(); });
-      }
-      break;
-    }
-    case 5: {
-      Slot &target = slot();
-      target.node->Normalize();
-      normalize(target.model);
-      break;
-    }
-    case 6: {
-      Slot &target = slot();
-      Node copy;
-      if (models_.size() > 1000)
-        break; // copies of copies grow
-      expect(target.node->CloneNode(1, copy.put()), target.model->kind != kDocument, "CloneNode");
-      if (copy)
-        slots_.push_back({copy, clone(target.model)});
-      break;
-    }
-    case 7: {
+    const auto make = [&](auto member, Kind kind, const StringHolder &content) {
+      ComPtr<abi::IUnknown> made;
+      (document_.get()->*member)(content.get(), Answer{made});
+      slots_.push_back({made.as<abi::IXmlNode>(), add(kind, content.view())});
+    };
+    using Document = abi::IXmlDocument;
+    const Operation insertion = [&] {
       Slot &parent = slot(), &child = slot();
-      Node removed;
-      const bool allowed = child.model->parent == parent.model;
-      expect(parent.node->RemoveChild(child.node.get(), removed.put()), allowed, "RemoveChild");
-      if (allowed)
-        child.model->unlink();
-      break;
-    }
-    case 8:
-    case 9: {
-      Slot &parent = slot(), &child = slot();
-      Slot *const before = choices_.below(2) == 0 ? nullptr : &slot();
+      const Slot before = choices_.below(2) == 0 ? Slot() : slot();
       Node added;
-      insert(parent.model, child.model, before == nullptr ? nullptr : before->model, false,
-             parent.node->InsertBefore(
-                 child.node.get(), before == nullptr ? nullptr : before->node.get(), added.put()));
-      break;
-    }
-    default: {
-      Slot &parent = slot(), &child = slot(), &old = slot();
-      Node replaced;
-      insert(parent.model, child.model, old.model, true,
-             parent.node->ReplaceChild(child.node.get(), old.node.get(), replaced.put()));
-    }
-    }
+      insert(parent.model, child.model, before.model, false,
+             parent.node->InsertBefore(child.node.get(), before.node.get(), added.put()));
+    };
+    const Operation operations[] = {
+        [&] { make(&Document::CreateElement, kElement, name); },
+        [&] { make(&Document::CreateTextNode, kText, text); },
+        [&] { make(&Document::CreateComment, kComment, text); },
+        [&] {
+          const Slot &target = slot();
+          if (const auto element = target.node.as<abi::IXmlElement>()) {
+            expect(element->SetAttribute(name.get(), text.get()), true, "SetAttribute");
+            target.model->setAttribute(std::u16string(name.view()), std::u16string(text.view()));
+          }
+        },
+        [&] {
+          const Slot &target = slot();
+          if (const auto element = target.node.as<abi::IXmlElement>()) {
+            expect(element->RemoveAttribute(name.get()), true, "RemoveAttribute");
+            std::erase_if(target.model->attributes,
+                          [&](const auto &pair) { return pair.first == name.view(); });
+          }
+        },
+        [&] {
+          const Slot &target = slot();
+          target.node->Normalize();
+          normalize(target.model);
+        },
+        [&] {
+          const Slot &target = slot();
+          Node copy;
+          if (models_.size() > 1000)
+            return; // copies of copies grow
+          expect(target.node->CloneNode(1, copy.put()), target.model->kind != kDocument,
+                 "CloneNode");
+          if (copy)
+            slots_.push_back({copy, clone(target.model)});
+        },
+        [&] {
+          const Slot &parent = slot(), &child = slot();
+          Node removed;
+          const bool allowed = child.model->parent == parent.model;
+          expect(parent.node->RemoveChild(child.node.get(), removed.put()), allowed, "RemoveChild");
+          if (allowed)
+            child.model->unlink();
+        },
+        insertion,
+        insertion,
+        [&] {
+          const Slot &parent = slot(), &child = slot(), &old = slot();
+          Node replaced;
+          insert(parent.model, child.model, old.model, true,
+                 parent.node->ReplaceChild(child.node.get(), old.node.get(), replaced.put()));
+        },
+    };
+    choices_.of(operations)();
   }
 
   void insert(Model *parent, Model *child, Model *before, bool replaces, HRESULT status) {
@@ -197,9 +183,9 @@ private:
   void normalize(Model *model) {
     Model *previous = nullptr;
     for (Model *child : std::vector(model->children)) {
-      if (child->kind == kText && (previous != nullptr || child->value.empty())) {
+      if (child->kind == kText && (previous != nullptr || child->content.empty())) {
         if (previous != nullptr)
-          previous->value += child->value;
+          previous->content += child->content;
         child->unlink();
         continue;
       }
@@ -209,7 +195,7 @@ private:
   }
 
   Model *clone(const Model *original) {
-    Model *copy = add(original->kind, original->name, original->value);
+    Model *copy = add(original->kind, original->content);
     copy->attributes = original->attributes;
     for (const Model *child : original->children) {
       copy->children.push_back(clone(child));

@@ -8,6 +8,7 @@
 #include <abi/Windows.Data.Xml.Dom.abi.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,6 +35,17 @@ public:
 
 private:
   const uint8_t *next_, *end_;
+};
+
+using Operation = std::function<void()>;
+
+/// Where an operation puts its answer, whatever interface that has.
+struct Answer {
+  ComPtr<abi::IUnknown> &place;
+  template <class Interface>
+  operator Interface **() const {
+    return reinterpret_cast<Interface **>(place.put());
+  }
 };
 
 /// Ends the process, saying what is wrong.

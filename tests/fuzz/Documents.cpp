@@ -13,6 +13,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <utility>
 
 namespace wrt::test {
 
@@ -38,6 +40,8 @@ std::u16string xmlOf(const Node &node) {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr std::u16string_view kDocuments[] = {
     u"<a/>",
     u"<a i='1'><b>x</b><!--c--><?p d?><![CDATA[y]]><b xml:id='k'/></a>",
@@ -46,25 +50,13 @@ constexpr std::u16string_view kDocuments[] = {
     u"<!DOCTYPE a [<!ENTITY e '<b>x</b>'><!ENTITY f 'text'><!ATTLIST b i ID #IMPLIED>]>"
     u"<a i='-&f;-'><b i='k'>&e;</b></a>",
 };
-constexpr std::u16string_view kNames[] = {
-    u"a", u"b", u"i", u"1", u"xmlns", u"", std::u16string_view(u"a\0b", 3)};
+constexpr std::u16string_view kNames[] = {u"a", u"b", u"i", u"1", u"xmlns", u"", u"a\0b"sv};
 constexpr std::u16string_view kQualified[] = {u"a", u"n:i", u"m:b", u"xml:id", u"xmlns:n", u":"};
 constexpr std::u16string_view kUris[] = {u"", u"urn:1", u"urn:2",
                                          u"http://www.w3.org/XML/1998/namespace"};
-constexpr std::u16string_view kTexts[] = {u"",
-                                          u"x",
-                                          u"k",
-                                          u"<&>\"'",
-                                          u"]]>",
-                                          u"a--b",
-                                          u"-",
-                                          u"?>",
-                                          u"a\n\tb",
-                                          u"\x01",
-                                          u"\xFFFE",
-                                          u"\xD800",
-                                          u"\xD83D\xDE00",
-                                          std::u16string_view(u"a\0b", 3)};
+constexpr std::u16string_view kTexts[] = {
+    u"",   u"x",      u"k",    u"<&>\"'", u"]]>",    u"a--b",         u"-",
+    u"?>", u"a\n\tb", u"\x01", u"\xFFFE", u"\xD800", u"\xD83D\xDE00", u"a\0b"sv};
 constexpr std::u16string_view kPaths[] = {u"//*",
                                           u"//@*",
                                           u"//node()",
@@ -112,77 +104,61 @@ private:
       values_->CreateString(string(text).get(), value.put());
     return value;
   }
-  void keep(const auto &object) {
-    if (Node found = object.template as<abi::IXmlNode>(); found && nodes_.size() < 200)
+  void keep(const ComPtr<abi::IUnknown> &object) {
+    if (!object || nodes_.size() >= 200)
+      return;
+    if (Node found = object.as<abi::IXmlNode>())
       nodes_.push_back(std::move(found));
   }
 
+  /// Performs one of these, and keeps the node that it answers.
+  template <size_t count>
+  void perform(const Operation (&operations)[count]) {
+    choices_.of(operations)();
+    keep(std::exchange(answer_, nullptr));
+  }
   /// Makes a node by one of the document's members.
   void create() {
-    const auto &document = documents_[choices_.below(2)];
+    auto *const document = documents_[choices_.below(2)].get();
     const StringHolder name(choices_.of(kNames)), qualified(choices_.of(kQualified));
     const StringHolder content(choices_.of(kTexts));
     const auto uri = boxed(choices_.of(kUris));
-    const auto make = [&]<class Interface>(auto member, const auto &...arguments) {
-      ComPtr<Interface> made;
-      if ((document.get()->*member)(arguments..., made.put()) >= 0)
-        keep(made);
-    };
-    using D = abi::IXmlDocument;
-    switch (choices_.below(10)) {
-    case 0:
-      return make.operator()<abi::IXmlElement>(&D::CreateElement, name.get());
-    case 1:
-      return make.operator()<abi::IXmlElement>(&D::CreateElementNS, uri.get(), qualified.get());
-    case 2:
-      return make.operator()<abi::IXmlAttribute>(&D::CreateAttribute, name.get());
-    case 3:
-      return make.operator()<abi::IXmlAttribute>(&D::CreateAttributeNS, uri.get(), qualified.get());
-    case 4:
-      return make.operator()<abi::IXmlText>(&D::CreateTextNode, content.get());
-    case 5:
-      return make.operator()<abi::IXmlComment>(&D::CreateComment, content.get());
-    case 6:
-      return make.operator()<abi::IXmlCDataSection>(&D::CreateCDataSection, content.get());
-    case 7:
-      return make.operator()<abi::IXmlProcessingInstruction>(&D::CreateProcessingInstruction,
-                                                             name.get(), content.get());
-    case 8:
-      return make.operator()<abi::IXmlEntityReference>(&D::CreateEntityReference,
-                                                       string(u"e").get());
-    default:
-      return make.operator()<abi::IXmlDocumentFragment>(&D::CreateDocumentFragment);
-    }
+    const Answer made{answer_};
+    perform({
+        [&] { document->CreateElement(name.get(), made); },
+        [&] { document->CreateElementNS(uri.get(), qualified.get(), made); },
+        [&] { document->CreateAttribute(name.get(), made); },
+        [&] { document->CreateAttributeNS(uri.get(), qualified.get(), made); },
+        [&] { document->CreateTextNode(content.get(), made); },
+        [&] { document->CreateComment(content.get(), made); },
+        [&] { document->CreateCDataSection(content.get(), made); },
+        [&] { document->CreateProcessingInstruction(name.get(), content.get(), made); },
+        [&] { document->CreateEntityReference(string(u"e").get(), made); },
+        [&] { document->CreateDocumentFragment(made); },
+    });
   }
 
   /// Puts nodes somewhere else, or copies them.
   void arrange() {
     const Node &parent = node(), &child = node(), &other = node();
-    Node result;
-    switch (choices_.below(7)) {
-    case 0:
-    case 1:
-      parent->AppendChild(child.get(), result.put());
-      break;
-    case 2:
-      parent->InsertBefore(child.get(), other.get(), result.put());
-      break;
-    case 3:
-      parent->RemoveChild(child.get(), result.put());
-      break;
-    case 4:
-      parent->ReplaceChild(child.get(), other.get(), result.put());
-      break;
-    case 5:
-      if (xmlOf(child).size() < 10'000) // copies of copies grow
-        child->CloneNode(choices_.below(2) != 0, result.put());
-      break;
-    default:
-      if (xmlOf(child).size() < 10'000)
-        documents_[choices_.below(2)]->ImportNode(child.get(), choices_.below(2) != 0,
-                                                  result.put());
-    }
-    keep(result);
+    const Answer result{answer_};
+    const auto mayCopy = [&] { return xmlOf(child).size() < 10'000; }; // copies of copies grow
+    const Operation append = [&] { parent->AppendChild(child.get(), result); };
+    perform({
+        append,
+        append,
+        [&] { parent->InsertBefore(child.get(), other.get(), result); },
+        [&] { parent->RemoveChild(child.get(), result); },
+        [&] { parent->ReplaceChild(child.get(), other.get(), result); },
+        [&] {
+          if (mayCopy())
+            child->CloneNode(choices_.below(2) != 0, result);
+        },
+        [&] {
+          if (mayCopy())
+            documents_[choices_.below(2)]->ImportNode(child.get(), choices_.below(2) != 0, result);
+        },
+    });
   }
 
   /// Changes attributes of an element.
@@ -194,118 +170,79 @@ private:
     const StringHolder name(choices_.of(kNames)), qualified(choices_.of(kQualified));
     const StringHolder content(choices_.of(kTexts));
     const auto uri = boxed(choices_.of(kUris));
-    ComPtr<abi::IXmlAttribute> result;
-    switch (choices_.below(8)) {
-    case 0:
-    case 1:
-      element->SetAttribute(name.get(), content.get());
-      break;
-    case 2:
-      element->SetAttributeNS(uri.get(), qualified.get(), content.get());
-      break;
-    case 3:
-      element->RemoveAttribute(name.get());
-      break;
-    case 4:
-      element->RemoveAttributeNS(uri.get(), name.get());
-      break;
-    case 5:
-      element->SetAttributeNode(node.get(), result.put());
-      break;
-    case 6:
-      element->RemoveAttributeNode(node.get(), result.put());
-      break;
-    default:
-      element->GetAttributeNode(name.get(), result.put());
-    }
-    keep(result);
+    const Answer result{answer_};
+    const Operation set = [&] { element->SetAttribute(name.get(), content.get()); };
+    perform({
+        set,
+        set,
+        [&] { element->SetAttributeNS(uri.get(), qualified.get(), content.get()); },
+        [&] { element->RemoveAttribute(name.get()); },
+        [&] { element->RemoveAttributeNS(uri.get(), name.get()); },
+        [&] { element->SetAttributeNode(node.get(), result); },
+        [&] { element->RemoveAttributeNode(node.get(), result); },
+        [&] { element->GetAttributeNode(name.get(), result); },
+    });
   }
 
   /// Changes what is in a node.
   void content() {
-    const Node &target = node();
+    const Node target = node();
     const StringHolder text(choices_.of(kTexts));
-    const auto data = target.as<abi::IXmlCharacterData>();
     const auto offset = static_cast<unsigned>(choices_.below(4));
-    switch (choices_.below(6)) {
-    case 0:
-      target->put_NodeValue(boxed(text.view()).get());
-      break;
-    case 1:
-      target.as<abi::IXmlNodeSerializer>()->put_InnerText(text.get());
-      break;
-    case 2:
-      target->Normalize();
-      break;
-    case 3:
-      if (data)
-        data->ReplaceData(offset, static_cast<unsigned>(choices_.below(3)), text.get());
-      break;
-    case 4:
-      if (const auto whole = target.as<abi::IXmlText>()) {
-        ComPtr<abi::IXmlText> second;
-        whole->SplitText(offset, second.put());
-        keep(second);
-      }
-      break;
-    default:
-      if (const auto io = target.as<abi::IXmlDocumentIO>())
-        io->LoadXml(string(choices_.of(kDocuments)).get());
-    }
+    perform({
+        [&] { target->put_NodeValue(boxed(text.view()).get()); },
+        [&] { target.as<abi::IXmlNodeSerializer>()->put_InnerText(text.get()); },
+        [&] { target->Normalize(); },
+        [&] {
+          if (const auto data = target.as<abi::IXmlCharacterData>())
+            data->ReplaceData(offset, static_cast<unsigned>(choices_.below(3)), text.get());
+        },
+        [&] {
+          if (const auto whole = target.as<abi::IXmlText>())
+            whole->SplitText(offset, Answer{answer_});
+        },
+        [&] {
+          if (const auto io = target.as<abi::IXmlDocumentIO>())
+            io->LoadXml(string(choices_.of(kDocuments)).get());
+        },
+    });
   }
 
   /// Finds nodes.
   void look() {
-    const Node &from = node();
-    Node found;
-    ComPtr<abi::IXmlNodeList> list;
-    switch (choices_.below(5)) {
-    case 0:
-      from->get_FirstChild(found.put());
-      break;
-    case 1:
-      from->get_ParentNode(found.put());
-      break;
-    case 2: {
-      ComPtr<abi::IXmlElement> element;
-      documents_[choices_.below(2)]->GetElementById(string(u"k").get(), element.put());
-      keep(element);
-      break;
-    }
-    case 3: {
-      ComPtr<abi::IXmlNamedNodeMap> map;
-      from->get_Attributes(map.put());
-      if (const auto view = map.as<abi::IVectorView__1_WRTIXmlNode_P>())
-        view->GetAt(static_cast<unsigned>(choices_.below(2)), found.put());
-      break;
-    }
-    default:
-      from.as<abi::IXmlNodeSelector>()->SelectNodes(string(choices_.of(kPaths)).get(), list.put());
-      if (list)
-        list->Item(static_cast<unsigned>(choices_.below(4)), found.put());
-    }
-    keep(found);
+    const Node from = node();
+    const Answer found{answer_};
+    perform({
+        [&] { from->get_FirstChild(found); },
+        [&] { from->get_ParentNode(found); },
+        [&] { documents_[choices_.below(2)]->GetElementById(string(u"k").get(), found); },
+        [&] {
+          ComPtr<abi::IXmlNamedNodeMap> map;
+          from->get_Attributes(map.put());
+          if (const auto view = map.as<abi::IVectorView__1_WRTIXmlNode_P>())
+            view->GetAt(static_cast<unsigned>(choices_.below(2)), found);
+        },
+        [&] {
+          ComPtr<abi::IXmlNodeList> list;
+          from.as<abi::IXmlNodeSelector>()->SelectNodes(string(choices_.of(kPaths)).get(),
+                                                        list.put());
+          if (list)
+            list->Item(static_cast<unsigned>(choices_.below(4)), found);
+        },
+    });
+  }
+
+  /// What the table holds is not what keeps nodes alive.
+  void forget() {
+    if (nodes_.size() > 2)
+      nodes_.erase(nodes_.begin() + static_cast<int64_t>(2 + choices_.below(nodes_.size() - 2)));
   }
 
   void step() {
-    switch (choices_.below(8)) {
-    case 0:
-      return create();
-    case 1:
-      return attribute();
-    case 2:
-      return content();
-    case 3:
-    case 4:
-      return look();
-    case 5:
-      // What the table holds is not what keeps nodes alive.
-      if (nodes_.size() > 2)
-        nodes_.erase(nodes_.begin() + static_cast<int64_t>(2 + choices_.below(nodes_.size() - 2)));
-      return;
-    default:
-      return arrange();
-    }
+    static constexpr void (Sequence::*kSteps[])() = {
+        &Sequence::create, &Sequence::attribute, &Sequence::content, &Sequence::look,
+        &Sequence::look,   &Sequence::forget,    &Sequence::arrange, &Sequence::arrange};
+    (this->*choices_.of(kSteps))();
   }
 
   static void check(const Node &document) {
@@ -352,6 +289,7 @@ private:
       activation::findFactory(u"Windows.Foundation.PropertyValue").as<abi::IPropertyValueStatics>();
   ComPtr<abi::IXmlDocument> documents_[2];
   std::vector<Node> nodes_;
+  ComPtr<abi::IUnknown> answer_;
 };
 
 } // namespace

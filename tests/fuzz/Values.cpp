@@ -31,32 +31,23 @@ void check(From from) {
   }
 }
 
-template <class From>
-void checkAll(const uint8_t *data) {
-  From from{};
-  std::memcpy(&from, data, sizeof from);
-  check<uint8_t>(from);
-  check<int16_t>(from);
-  check<uint16_t>(from);
-  check<int32_t>(from);
-  check<uint32_t>(from);
-  check<int64_t>(from);
-  check<uint64_t>(from);
-  check<float>(from);
-  check<double>(from);
-}
+template <class... Numbers>
+struct Types {
+  template <class From>
+  static void checkFrom(const uint8_t *data) {
+    From from{};
+    std::memcpy(&from, data, sizeof from);
+    (check<Numbers>(from), ...);
+  }
+  static void checkAll(const uint8_t *data) { (checkFrom<Numbers>(data), ...); }
+};
+using Numbers =
+    Types<uint8_t, int16_t, uint16_t, int32_t, uint32_t, int64_t, uint64_t, float, double>;
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-  for (; size >= sizeof(double); data += sizeof(double), size -= sizeof(double)) {
-    checkAll<uint8_t>(data);
-    checkAll<int16_t>(data);
-    checkAll<uint32_t>(data);
-    checkAll<int64_t>(data);
-    checkAll<uint64_t>(data);
-    checkAll<float>(data);
-    checkAll<double>(data);
-  }
+  for (; size >= sizeof(double); data += sizeof(double), size -= sizeof(double))
+    Numbers::checkAll(data);
   return 0;
 }
