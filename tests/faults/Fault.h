@@ -43,8 +43,6 @@ Owner ownerOf(const void *address);
 struct Report {
   /// How often the library called each function of `kFaults`.
   unsigned calls[std::size(kFaults)];
-  /// Whether the fault has been met.
-  bool isStruck;
   /// Whether the cell's own code could not go on without what it did not get.
   bool isGivenUp;
   /// What was wrong first; its first word is the kind. Empty for nothing.

@@ -71,7 +71,6 @@ Strike ask(const char *function, const void *caller) {
         1;
     if (&fault != planned || call != plannedCall)
       continue;
-    current->isStruck = true;
     strike = fault.strike;
     noteStrike(fault);
   }
