@@ -3,8 +3,11 @@
 
 #include "generator/Generate.h"
 
+#include <filesystem>
+#include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace bridgegen::test {
@@ -24,6 +27,16 @@ Generated generateFrom(const std::string &declarations);
 
 /// The same as an add-on of prefix `Contoso` to a product that has `known`, from `known.idl`.
 Generated generateAddOn(const std::string &known, const std::string &declarations);
+
+/// A test with a folder that is made on demand and gone afterwards.
+class FolderTest : public testing::Test {
+protected:
+  FolderTest() { std::filesystem::remove_all(folder_); }
+  ~FolderTest() override { std::filesystem::remove_all(folder_); }
+
+  const std::filesystem::path folder_ =
+      std::filesystem::temp_directory_path() / ("bridgegen-" + std::to_string(getpid()));
+};
 
 /// The whole file.
 std::string readFile(const std::string &path);

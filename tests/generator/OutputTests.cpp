@@ -2,10 +2,7 @@
 #include "tests/generator/Generated.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <sstream>
-#include <unistd.h>
 
 namespace bridgegen::test {
 namespace {
@@ -19,26 +16,20 @@ const char *const kOther = R"(
 full interface ISecond {11111111-0000-0000-0000-000000000002} { Int32 Count { get; } }
 )";
 
-/// A folder that is gone after the test.
-class Outputs : public testing::Test {
-protected:
-  void SetUp() override {
-    folder_ =
-        fs::temp_directory_path() / ("bridgegen-" + std::to_string(getpid()) + "-" +
-                                     testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  fs::path folder_;
-};
-
-OutputSet outputsOf(const Generated &generated) {
-  OutputSet outputs;
-  for (const auto &[path, text] : generated.files)
-    outputs.add(path, text);
-  return outputs;
+std::string changed(std::string declarations, std::string_view name) {
+  return declarations.replace(declarations.find(name), name.size(), "Total");
 }
+
+class Outputs : public FolderTest {
+protected:
+  /// How many of the outputs were written into the folder.
+  size_t commit(const Generated &generated) {
+    OutputSet outputs;
+    for (const auto &[path, text] : generated.files)
+      outputs.add(path, text);
+    return outputs.commit(folder_);
+  }
+};
 
 TEST_F(Outputs, DoNotDependOnTheOrderOfTheFiles) {
   const Generated forwards = generateFrom({{"x/a.idl", kSample}, {"y/b.idl", kOther}});
@@ -49,18 +40,16 @@ TEST_F(Outputs, DoNotDependOnTheOrderOfTheFiles) {
 
 TEST_F(Outputs, AreWrittenOnlyWhenTheyChange) {
   const Generated before = generateFrom({{"a.idl", kSample}, {"b.idl", kOther}});
-  EXPECT_EQ(outputsOf(before).commit(folder_), before.files.size());
-  EXPECT_EQ(outputsOf(before).commit(folder_), 0U);
+  EXPECT_EQ(commit(before), before.files.size());
+  EXPECT_EQ(commit(before), 0U);
 
   const fs::path untouched = folder_ / "classes/b.mm";
   const fs::path touched = folder_ / "classes/a.mm";
   const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
   fs::last_write_time(untouched, old);
   fs::last_write_time(touched, old);
-  std::string changed = kSample;
-  changed.replace(changed.find("Run"), 3, "Walk");
-  const Generated after = generateFrom({{"a.idl", changed}, {"b.idl", kOther}});
-  EXPECT_GT(outputsOf(after).commit(folder_), 0U);
+  const Generated after = generateFrom({{"a.idl", changed(kSample, "Run")}, {"b.idl", kOther}});
+  EXPECT_GT(commit(after), 0U);
   EXPECT_EQ(fs::last_write_time(untouched), old);
   EXPECT_NE(fs::last_write_time(touched), old);
   EXPECT_EQ(readFile(touched), after.files.at("classes/a.mm"));
@@ -68,11 +57,11 @@ TEST_F(Outputs, AreWrittenOnlyWhenTheyChange) {
 
 TEST_F(Outputs, OfARemovedFileGo) {
   const Generated before = generateFrom({{"a.idl", "enum E { }"}, {"b.idl", kOther}});
-  outputsOf(before).commit(folder_);
+  commit(before);
   const fs::path foreign = folder_ / "include/WRTObjcBridge/WRTTypes.h";
   fs::copy_file(folder_ / "catalogue.tsv", foreign);
   const Generated after = generateFrom({{"a.idl", "enum E { }"}});
-  outputsOf(after).commit(folder_);
+  commit(after);
   for (const auto &[path, text] : before.files)
     EXPECT_EQ(fs::exists(folder_ / path), after.files.contains(path)) << path;
   EXPECT_TRUE(fs::exists(foreign));
@@ -117,14 +106,11 @@ full IList<Part>, IList<Other>;
 }
 
 TEST_F(Outputs, OfAUnitDoNotChangeWithTheMembersOfAnother) {
-  std::string changed = kOther;
-  changed.replace(changed.find("Count"), 5, "Total");
   const Generated before = generateFrom({{"a.idl", kSample}, {"b.idl", kOther}});
-  const Generated after = generateFrom({{"a.idl", kSample}, {"b.idl", changed}});
+  const Generated after = generateFrom({{"a.idl", kSample}, {"b.idl", changed(kOther, "Count")}});
   for (const auto &[path, text] : before.files) {
-    if (path.find("/a.") != path.npos) {
+    if (path.find("/a.") != path.npos)
       EXPECT_EQ(text, after.files.at(path)) << path;
-    }
   }
   EXPECT_NE(before.files.at("surface.digest"), after.files.at("surface.digest"));
 }
