@@ -13,22 +13,19 @@
 namespace wrt::test {
 namespace {
 
-class BareBuffer final : public Implements<abi::IBuffer> {
+template <class... Access>
+class BareBuffer : public Implements<abi::IBuffer, Access...> {
 public:
   HRESULT WRT_ABI get_Capacity(unsigned *) override { return status::kNotImplemented; }
   HRESULT WRT_ABI get_Length(unsigned *) override { return status::kNotImplemented; }
   HRESULT WRT_ABI put_Length(unsigned) override { return status::kNotImplemented; }
 };
 
-class FailingBuffer final : public Implements<abi::IBuffer, abi::IBufferByteAccess> {
+class FailingBuffer final : public BareBuffer<abi::IBufferByteAccess> {
 public:
   explicit FailingBuffer(HRESULT status, StreamScript *script = nullptr)
       : status_(status), script_(script) {}
-  HRESULT WRT_ABI get_Capacity(unsigned *) override { return status::kNotImplemented; }
-  HRESULT WRT_ABI get_Length(unsigned *) override { return status::kNotImplemented; }
   HRESULT WRT_ABI put_Length(unsigned length) override {
-    if (!script_)
-      return status::kNotImplemented;
     script_->length = length;
     return script_->lengthStatus;
   }
@@ -36,38 +33,7 @@ public:
 
 private:
   HRESULT status_;
-  StreamScript *script_;
-};
-
-/// An operation that takes no handler.
-template <class Result, class Progress>
-struct RefusingBase : Implements<IAsync<Result, Progress>, abi::IAsyncInfo> {
-  explicit RefusingBase(HRESULT status) : status(status) {}
-  HRESULT WRT_ABI put_Completed(CompletedHandler<Result, Progress> *) override { return status; }
-  HRESULT WRT_ABI get_Completed(CompletedHandler<Result, Progress> **) override { return status; }
-  HRESULT WRT_ABI GetResults(Abi<Result> *) override { return status; }
-  HRESULT WRT_ABI get_Id(uint32_t *) override { return status; }
-  HRESULT WRT_ABI get_Status(int32_t *) override { return status; }
-  HRESULT WRT_ABI get_ErrorCode(HRESULT *) override { return status; }
-  HRESULT WRT_ABI Cancel() override { return status; }
-  HRESULT WRT_ABI Close() override { return status; }
-  const HRESULT status;
-};
-
-template <class Result, class Progress>
-struct Refusing final : RefusingBase<Result, Progress> {
-  using RefusingBase<Result, Progress>::RefusingBase;
-  HRESULT WRT_ABI put_Progress(ProgressHandler<Result, Progress> *) override {
-    return this->status;
-  }
-  HRESULT WRT_ABI get_Progress(ProgressHandler<Result, Progress> **) override {
-    return this->status;
-  }
-};
-
-template <class Result>
-struct Refusing<Result, void> final : RefusingBase<Result, void> {
-  using RefusingBase<Result, void>::RefusingBase;
+  StreamScript *script_; ///< null where nobody sets the length
 };
 
 /// Starts an operation as scripted: not at all, one that takes no handler, or one that ends with
@@ -77,13 +43,14 @@ HRESULT scripted(Declared **operation, HRESULT start, HRESULT handler, Work work
   *operation = nullptr;
   if (start < 0)
     return start;
-  if (handler == status::kNoInterface)
+  if (handler == status::kNoInterface) {
     *operation = reinterpret_cast<Declared *>(makeBareBuffer().detach());
-  else if (handler < 0)
-    return handOut<IAsync<Result, Progress>>(make<Refusing<Result, Progress>>(handler), operation);
-  else
+    return status::kOk;
+  }
+  if (handler >= 0)
     return startAsync<Result, Progress>(operation, std::move(work));
-  return status::kOk;
+  failedAsync<Result, Progress>(operation, handler);
+  return ComPtr(*operation).template as<abi::IAsyncInfo>()->Close(); // takes none any more
 }
 
 class ScriptedStream final
@@ -223,7 +190,7 @@ ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script) {
 ComPtr<abi::IRandomAccessStream> makeScriptedStream(StreamScript &script) {
   return make<ScriptedStream>(script);
 }
-ComPtr<abi::IBuffer> makeBareBuffer() { return make<BareBuffer>(); }
+ComPtr<abi::IBuffer> makeBareBuffer() { return make<BareBuffer<>>(); }
 ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status) { return make<FailingBuffer>(status); }
 
 } // namespace wrt::test

@@ -19,6 +19,7 @@ void settleAfterwards() {
 }
 
 TemporaryFolder::TemporaryFolder() {
+  settleAfterwards();
   std::string name = std::filesystem::temp_directory_path() / "wrt storage XXXXXX";
   path_ = mkdtemp(name.data());
   // For the cells that look at it without privileges.
