@@ -4,15 +4,12 @@
 #include "platform/linux/ledger/WRTLedger.h"
 
 #include <gtest/gtest.h>
+#include <latch>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace wrt::test {
-
-inline std::string describe(WRTLedgerCounts counts) {
-  std::string text(WRTLedgerDescribe(counts, nullptr, 0), '\0');
-  WRTLedgerDescribe(counts, text.data(), text.size() + 1);
-  return text;
-}
 
 /// A test after which the ledger has to stand where it stood before.
 class LedgerTest : public testing::Test {
@@ -20,11 +17,31 @@ protected:
   void TearDown() override { EXPECT_EQ(change(), "nothing"); }
 
   /// What was handed out and not given back since the test began.
-  std::string change() const { return describe(WRTLedgerDifference(before_, WRTLedgerRead())); }
+  std::string change() const {
+    const WRTLedgerCounts counts = WRTLedgerDifference(before_, WRTLedgerRead());
+    std::string text(WRTLedgerDescribe(counts, nullptr, 0), '\0');
+    WRTLedgerDescribe(counts, text.data(), text.size() + 1);
+    return text;
+  }
 
 private:
   WRTLedgerCounts before_ = WRTLedgerRead();
 };
+
+/// Runs `work(index)` on `count` threads that start together, `rounds` times on each, and waits for
+/// all of them.
+template <class Work>
+void onThreads(int count, int rounds, Work work) {
+  std::latch start(count);
+  std::vector<std::jthread> threads;
+  for (int index = 0; index < count; ++index) {
+    threads.emplace_back([&, index] {
+      start.arrive_and_wait();
+      for (int round = 0; round < rounds; ++round)
+        work(index);
+    });
+  }
+}
 
 } // namespace wrt::test
 
