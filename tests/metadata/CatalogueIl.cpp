@@ -1,16 +1,17 @@
-#include "tests/metadata/CatalogueIl.h"
+#include "tests/metadata/MetadataTool.h"
 
 #include "generator/output/Writer.h"
+
+#include <iomanip>
+#include <sstream>
 
 namespace bridgegen::test {
 
 namespace {
 
-constexpr const char *kAttributes = "[Windows.Foundation]Windows.Foundation.Metadata.";
-
 std::string name(const std::string &text) { return "'" + text + "'"; }
 
-std::string builtIn(const Type &type) {
+std::string ilType(const Type &type) {
   static const std::map<std::string_view, const char *> kScalars{
       {"Boolean", "bool"},
       {"UInt8", "uint8"},
@@ -27,76 +28,42 @@ std::string builtIn(const Type &type) {
       {"HResult", "valuetype [Windows.Foundation]Windows.Foundation.HResult"},
       {"EventRegistrationToken",
        "valuetype [Windows.Foundation]Windows.Foundation.EventRegistrationToken"}};
+  if (type.isInstance) {
+    const Instance &instance =
+        *(type.kind == Kind::Delegate ? asDelegate(type).instance : asInterface(type).instance);
+    std::string arguments;
+    for (const Type *argument : instance.arguments)
+      arguments += (arguments.empty() ? "" : ",") + ilType(*argument);
+    return "class [Windows.Foundation]" + instance.familyName + "`" +
+           std::to_string(instance.arguments.size()) + "<" + arguments + ">";
+  }
   if (type.scalar)
     return kScalars.at(type.scalar->name);
-  return type.kind == Kind::String ? "string" : "object";
+  if (type.kind == Kind::String || type.kind == Kind::Object)
+    return type.kind == Kind::String ? "string" : "object";
+  const bool isValue = type.kind == Kind::Enum || type.kind == Kind::Struct;
+  return (isValue ? "valuetype " : "class ") + name(type.name);
 }
 
-std::string ilType(const Type &type);
-
-std::string ilInstance(const Instance &instance) {
-  std::string text = "[Windows.Foundation]" + instance.familyName + "`" +
-                     std::to_string(instance.arguments.size());
-  for (size_t i = 0; i < instance.arguments.size(); ++i)
-    text += (i ? "," : "<") + ilType(*instance.arguments[i]);
-  return text + ">";
-}
-
-const std::optional<Instance> &instanceOf(const Type &type) {
-  return type.kind == Kind::Delegate ? asDelegate(type).instance : asInterface(type).instance;
-}
-
-std::string ilType(const Type &type) {
-  if (type.isInstance)
-    return "class " + ilInstance(*instanceOf(type));
-  switch (type.kind) {
-  case Kind::Enum:
-  case Kind::Struct:
-    return "valuetype " + name(type.name);
-  case Kind::Delegate:
-  case Kind::Interface:
-  case Kind::Class:
-    return "class " + name(type.name);
-  case Kind::Scalar:
-  case Kind::String:
-  case Kind::Object:
-    break;
-  }
-  return builtIn(type);
-}
-
-/// An interface in a list: an instance is a type, anything else a name.
-std::string ilListed(const InterfaceType &interface) {
-  return interface.isInstance ? ilType(interface) : name(interface.name);
-}
-
-std::string hexadecimal(std::string_view bytes) {
-  std::string text;
-  for (const char byte : bytes) {
-    text += ' ';
-    text += "0123456789ABCDEF"[static_cast<unsigned char>(byte) >> 4];
-    text += "0123456789ABCDEF"[static_cast<unsigned char>(byte) & 15];
-  }
-  return text;
-}
+/// Of a result, which there may be none of.
+std::string ilType(const Type *type) { return type ? ilType(*type) : "void"; }
 
 /// `arguments` as they stand in the attribute's value.
 std::string custom(const std::string &attribute, const std::string &types,
                    const std::string &arguments) {
-  using namespace std::string_literals;
-  return ".custom instance void " + (kAttributes + attribute) + "::.ctor(" + types + ") = (" +
-         hexadecimal("\1\0"s + arguments + "\0\0"s) + " )\n";
+  std::ostringstream bytes;
+  bytes << std::hex << std::uppercase << std::setfill('0');
+  for (const char byte : std::string("\1\0", 2) + arguments + std::string(2, '\0'))
+    bytes << ' ' << std::setw(2) << static_cast<unsigned>(static_cast<unsigned char>(byte));
+  return ".custom instance void [Windows.Foundation]Windows.Foundation.Metadata." + attribute +
+         "::.ctor(" + types + ") = (" + bytes.str() + " )\n";
 }
 
 /// A string or a type in an attribute's value; none here is longer than 127 bytes.
 std::string counted(const std::string &text) { return static_cast<char>(text.size()) + text; }
 
-std::string littleEndian(uint32_t value) {
-  std::string bytes;
-  for (int shift = 0; shift < 32; shift += 8)
-    bytes += static_cast<char>(value >> shift);
-  return bytes;
-}
+/// The number 1 in an attribute's value: the version since which there is something.
+const std::string kOne("\1\0\0\0", 4);
 
 std::string guidAttribute(const Guid &guid) {
   std::string bytes;
@@ -125,37 +92,31 @@ public:
     for (const auto &[name, type] : model.types()) {
       if (type->isInstance)
         continue;
-      switch (type->kind) {
-      case Kind::Enum:
+      if (type->kind == Kind::Enum)
         write(asEnum(*type));
-        break;
-      case Kind::Struct:
+      else if (type->kind == Kind::Struct)
         write(asStruct(*type));
-        break;
-      case Kind::Delegate:
+      else if (type->kind == Kind::Delegate)
         write(asDelegate(*type));
-        break;
-      case Kind::Interface:
+      else if (type->kind == Kind::Interface)
         write(asInterface(*type));
-        break;
-      case Kind::Class:
+      else if (type->kind == Kind::Class)
         write(asClass(*type));
-        break;
-      case Kind::Scalar:
-      case Kind::String:
-      case Kind::Object:
-        break;
-      }
     }
     return writer_.text();
   }
 
 private:
+  Writer::Scope scope(const std::string &head) { return writer_.scope(head + "\n{\n", "}\n"); }
+  Writer::Scope scope(const Type &type, const std::string &base,
+                      const std::string &layout = "auto") {
+    return scope(".class public " + layout + " ansi sealed " + name(type.name) +
+                 " extends [mscorlib]System." + base);
+  }
+
   void write(const EnumType &type) {
     const char *underlying = type.isFlags ? "uint32" : "int32";
-    const auto scope = writer_.scope(".class public auto ansi sealed " + name(type.name) +
-                                         " extends [mscorlib]System.Enum\n{\n",
-                                     "}\n");
+    const auto body = scope(type, "Enum");
     writer_.write(".field private specialname rtspecialname % value__\n", underlying);
     for (const EnumType::Constant &constant : type.constants)
       writer_.write(".field public static literal valuetype % % = %(%)\n", name(type.name),
@@ -164,17 +125,13 @@ private:
   }
 
   void write(const StructType &type) {
-    const auto scope = writer_.scope(".class public sequential ansi sealed " + name(type.name) +
-                                         " extends [mscorlib]System.ValueType\n{\n",
-                                     "}\n");
+    const auto body = scope(type, "ValueType", "sequential");
     for (const StructType::Field &field : type.fields)
       writer_.write(".field public % %\n", ilType(*field.type), name(field.name));
   }
 
   void write(const DelegateType &type) {
-    const auto scope = writer_.scope(".class public auto ansi sealed " + name(type.name) +
-                                         " extends [mscorlib]System.MulticastDelegate\n{\n",
-                                     "}\n");
+    const auto body = scope(type, "MulticastDelegate");
     writer_.append(guidAttribute(type.iid));
     std::string arguments;
     for (const DelegateType::Argument &argument : type.arguments)
@@ -184,12 +141,11 @@ private:
                   ".ctor(object 'object', native int 'method') runtime managed {}\n"
                   ".method public hidebysig newslot specialname virtual instance % Invoke(%) "
                   "runtime managed {}\n",
-                  type.result ? ilType(*type.result) : "void", arguments);
+                  ilType(type.result), arguments);
   }
 
   void write(const InterfaceType &type) {
-    const auto scope = writer_.scope(
-        ".class interface public abstract auto ansi " + name(type.name) + "\n{\n", "}\n");
+    const auto body = scope(".class interface public abstract auto ansi " + name(type.name));
     writer_.append(guidAttribute(type.iid));
     std::map<std::string, std::vector<const Member *>> accessors;
     for (const Member &member : type.members) {
@@ -201,24 +157,16 @@ private:
       writeAssociation(type, property, members);
   }
 
-  static std::string resultOf(const Member &member) {
-    return member.result ? ilType(*member.result) : "void";
-  }
-
-  static std::string ilName(const Member &member) {
-    return member.overloadedName.empty() ? member.functionName() : member.overloadedName;
-  }
-
   void writeMethod(const Member &member) {
     std::string parameters;
     for (const Parameter &parameter : member.parameters)
       parameters += (parameters.empty() ? "" : ", ") + ilParameter(parameter);
-    const auto scope =
-        writer_.scope(".method public hidebysig newslot " +
-                          std::string(member.kind == MemberKind::Method ? "" : "specialname ") +
-                          "abstract virtual instance " + resultOf(member) + " " +
-                          name(ilName(member)) + "(" + parameters + ") cil managed\n{\n",
-                      "}\n");
+    const std::string special = member.kind == MemberKind::Method ? "" : "specialname ";
+    const auto body =
+        scope(".method public hidebysig newslot " + special + "abstract virtual instance " +
+              ilType(member.result) + " " +
+              name(member.overloadedName.empty() ? member.functionName() : member.overloadedName) +
+              "(" + parameters + ") cil managed");
     if (!member.overloadedName.empty())
       writer_.append(custom("OverloadAttribute", "string", counted(member.name)));
   }
@@ -229,18 +177,16 @@ private:
     const bool isEvent =
         first.kind == MemberKind::EventAdd || first.kind == MemberKind::EventRemove;
     const std::string valueType =
-        first.kind == MemberKind::Getter ? resultOf(first) : ilType(*first.parameters[0].type);
-    const auto scope = writer_.scope(
-        isEvent ? ".event " + valueType + " " + name(property) + "\n{\n"
-                : ".property instance " + valueType + " " + name(property) + "()\n{\n",
-        "}\n");
+        first.kind == MemberKind::Getter ? ilType(first.result) : ilType(*first.parameters[0].type);
+    const auto body = scope((isEvent ? ".event " : ".property instance ") + valueType + " " +
+                            name(property) + (isEvent ? "" : "()"));
     for (const Member *member : members) {
       static const std::map<MemberKind, const char *> kWords{
           {MemberKind::Getter, ".get"},
           {MemberKind::Setter, ".set"},
           {MemberKind::EventAdd, ".addon"},
           {MemberKind::EventRemove, ".removeon"}};
-      writer_.write("% instance % %::%(%)\n", kWords.at(member->kind), resultOf(*member),
+      writer_.write("% instance % %::%(%)\n", kWords.at(member->kind), ilType(member->result),
                     name(type.name), name(member->functionName()),
                     member->parameters.empty() ? "" : ilType(*member->parameters[0].type));
     }
@@ -249,18 +195,16 @@ private:
   void write(const ClassType &type) {
     std::string interfaces;
     for (const ClassType::Listed &listed : type.interfaces)
-      interfaces += (interfaces.empty() ? " implements " : ", ") + ilListed(*listed);
-    const auto scope = writer_.scope(".class public auto ansi sealed " + name(type.name) +
-                                         " extends [mscorlib]System.Object" + interfaces + "\n{\n",
-                                     "}\n");
+      interfaces += (interfaces.empty() ? " implements " : ", ") +
+                    (listed->isInstance ? ilType(*listed) : name(listed->name));
+    const auto body = scope(type, "Object" + interfaces);
     if (!type.interfaces.empty())
       writer_.append(custom("DefaultAttribute", "", ""));
     if (type.isActivatable)
-      writer_.append(custom("ActivatableAttribute", "uint32", littleEndian(1)));
+      writer_.append(custom("ActivatableAttribute", "uint32", kOne));
     for (const ClassType::Listed &side : type.classSide)
       writer_.append(custom(side.form == Form::Statics ? "StaticAttribute" : "ActivatableAttribute",
-                            "class [mscorlib]System.Type, uint32",
-                            counted(side->name) + littleEndian(1)));
+                            "class [mscorlib]System.Type, uint32", counted(side->name) + kOne));
   }
 
   Writer writer_;
@@ -271,9 +215,7 @@ private:
 std::string catalogueIl(const Model &model) { return IlWriter().run(model); }
 
 std::string selectionOf(const Model &model) {
-  std::string types;
-  std::string proxies;
-  std::string names;
+  std::string types, proxies, names;
   const auto add = [](std::string &list, const std::string &name) {
     list += (list.empty() ? "" : ", ") + ("\"" + name + "\"");
   };

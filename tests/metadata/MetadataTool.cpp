@@ -2,10 +2,9 @@
 //   metadata_tool il OUT.il OUT.toml FILE.idl...   the types as IL, and what of them is full
 //   metadata_tool winmd IN OUT                     Windows metadata of ilasm's image
 
+#include "tests/metadata/MetadataTool.h"
 #include "generator/model/Builder.h"
 #include "generator/read/Parser.h"
-#include "tests/metadata/CatalogueIl.h"
-#include "tests/metadata/WinmdRecipe.h"
 
 #include <deque>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "tests/metadata/WinmdRecipe.h"
+#include "tests/metadata/MetadataTool.h"
 
 #include "generator/metadata/Tables.h"
 
@@ -61,13 +61,12 @@ std::string_view attributeName(const Tables &tables, Row attribute) {
 void moveDefaults(std::string &image, const Tables &tables) {
   const std::span<const uint8_t> owners = tablesOf(Coded::HasCustomAttribute);
   const unsigned bits = tagBits(Coded::HasCustomAttribute);
-  const bool isWide = std::any_of(owners.begin(), owners.end(), [&](uint8_t table) {
+  const bool isWide = std::ranges::any_of(owners, [&](uint8_t table) {
     return tables.count(static_cast<Table>(table)) >= 1U << (16 - bits);
   });
   const size_t width = isWide ? 4 : 2;
-  const auto tag = static_cast<uint32_t>(
-      std::find(owners.begin(), owners.end(), static_cast<uint8_t>(Table::InterfaceImpl)) -
-      owners.begin());
+  const auto own = std::ranges::find(owners, static_cast<uint8_t>(Table::InterfaceImpl));
+  const auto tag = static_cast<uint32_t>(own - owners.begin());
 
   const uint32_t count = tables.count(Table::CustomAttribute);
   const size_t start = tables.offset({Table::CustomAttribute, 1});
