@@ -1,6 +1,5 @@
 #include "tests/faults/Fault.h"
 
-#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <cstring>
@@ -10,7 +9,6 @@
 #include <pthread.h>
 #include <string_view>
 #include <unistd.h>
-#include <vector>
 
 // The sanitizers' own, where they are there: called before they end the process.
 extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
@@ -19,39 +17,6 @@ namespace wrt::test::faults {
 
 namespace {
 
-struct Image {
-  uintptr_t begin = 0, end = 0;
-
-  bool has(const void *address) const {
-    const auto place = reinterpret_cast<uintptr_t>(address);
-    return place >= begin && place < end;
-  }
-};
-
-/// Where the shared library of that name lies.
-Image imageOf(std::string_view name) {
-  struct Search {
-    std::string_view name;
-    Image found;
-  } search{name, {}};
-  dl_iterate_phdr(
-      [](dl_phdr_info *info, size_t, void *data) {
-        auto &wanted = *static_cast<Search *>(data);
-        if (std::string_view(info->dlpi_name).find(wanted.name) == std::string_view::npos)
-          return 0;
-        wanted.found.begin = info->dlpi_addr;
-        for (int i = 0; i < info->dlpi_phnum; ++i)
-          if (info->dlpi_phdr[i].p_type == PT_LOAD)
-            wanted.found.end =
-                info->dlpi_addr + info->dlpi_phdr[i].p_vaddr + info->dlpi_phdr[i].p_memsz;
-        return 1;
-      },
-      &search);
-  return search.found;
-}
-
-const Image library = imageOf("/libWRTObjcBridge_zorvex."), support = imageOf("/libWRTSupport."),
-            platform = imageOf("/libWRTBridge_zorvex.");
 pthread_t mainThread;
 const Fault *planned;
 unsigned plannedCall;
@@ -114,9 +79,14 @@ void endCrash(int signal) {
 } // namespace
 
 Owner ownerOf(const void *address) {
-  if (library.has(address) || support.has(address))
+  dl_find_object found;
+  if (_dl_find_object(const_cast<void *>(address), &found) != 0)
+    return Owner::Other;
+  const std::string_view file = found.dlfo_link_map->l_name;
+  const auto isOf = [&](std::string_view name) { return file.find(name) != file.npos; };
+  if (isOf("/libWRTObjcBridge_zorvex.") || isOf("/libWRTSupport."))
     return Owner::Library;
-  return platform.has(address) ? Owner::Platform : Owner::Other;
+  return isOf("/libWRTBridge_zorvex.") ? Owner::Platform : Owner::Other;
 }
 
 void tell(const std::string &problem) {
