@@ -12,6 +12,7 @@
 
 #import <objc/runtime.h>
 
+#include <map>
 #include <mutex>
 #include <set>
 #include <utility>
@@ -40,10 +41,15 @@ using SetHandler = void (*)(id, SEL, Handler, NSError **);
 /// they answer. Each is told that its operation was canceled, at which none may look.
 class HandlerWatch {
 public:
-  HandlerWatch() { watch(std::make_index_sequence<3>()); }
+  HandlerWatch() {
+    seen.clear();
+    for (const char *name : kClasses)
+      originals[objc_getClass(name)] = replace(
+          objc_getClass(name), reinterpret_cast<IMP>(reinterpret_cast<void *>(&setHandler)));
+  }
   ~HandlerWatch() {
-    for (auto [method, original] : replaced_)
-      method_setImplementation(method, original);
+    for (auto [type, original] : originals)
+      replace(type, original);
   }
 
   static inline std::set<std::string> seen;
@@ -53,16 +59,19 @@ public:
       "WRTIAsyncOperationWithProgress__2_WRTIBuffer_P_WRTUINT32_Bridge"};
 
 private:
-  static inline IMP originals[3];
+  static inline std::map<Class, IMP> originals;
   static inline std::mutex mutex;
 
-  template <size_t index>
+  static IMP replace(Class type, IMP implementation) {
+    return method_setImplementation(
+        class_getInstanceMethod(type, @selector(setCompletedWithHandler:error:)), implementation);
+  }
   static void setHandler(id self, SEL selector, Handler handler, NSError **error) {
     const auto *block = static_cast<const wrt::block::Block *>(static_cast<void *>(handler));
     // The signature follows what the flags say the descriptor has.
     const auto *end = reinterpret_cast<const char *const *>(block->descriptor + 1);
     const std::string types = (block->flags & wrt::block::kHasCopyDispose) ? end[0] : end[-2];
-    reinterpret_cast<SetHandler>(reinterpret_cast<void *>(originals[index]))(
+    reinterpret_cast<SetHandler>(reinterpret_cast<void *>(originals.at([self class])))(
         self, selector,
         ^HRESULT(id operation, int) {
           const HRESULT answer = handler(operation, 2);
@@ -72,22 +81,6 @@ private:
         },
         error);
   }
-
-  template <size_t... index>
-  void watch(std::index_sequence<index...>) {
-    seen.clear();
-    const auto replace = [this](const char *type, IMP implementation) {
-      Method method =
-          class_getInstanceMethod(objc_getClass(type), @selector(setCompletedWithHandler:error:));
-      replaced_.emplace_back(method, method_setImplementation(method, implementation));
-      return replaced_.back().second;
-    };
-    ((originals[index] = replace(
-          kClasses[index], reinterpret_cast<IMP>(reinterpret_cast<void *>(&setHandler<index>)))),
-     ...);
-  }
-
-  std::vector<std::pair<Method, IMP>> replaced_;
 };
 
 const Cell roundTrip("conversion.data.stream.round_trip", [] {

@@ -121,33 +121,6 @@ TEST_F(Objects, DelegatesAnswerTheirOwnInterfaceUnknownAndAgileOnly) {
   expectRefusals(handler.get(), Handler::kIid, abi::IInspectable::kIid);
 }
 
-TEST_F(Objects, ArgumentsOfEveryKindArriveInADelegate) {
-  struct Pair {
-    int64_t first, second;
-  };
-  __block bool matched = false;
-  id block = static_cast<id>(^HRESULT(int8_t byte, double number, WRTEventRegistrationToken token,
-                                      float fraction, Pair pair, GUID guid, uint16_t *out) {
-    matched = byte == -1 && number == 0.5 && token.value == INT64_MIN && fraction == -2.5f &&
-              pair.first == 1 && pair.second == 2 && guid == Handler::kIid;
-    *out = 77;
-    return status::kOk;
-  });
-  struct Wide : abi::IUnknown {
-    virtual HRESULT WRT_ABI Invoke(int8_t, double, WRTEventRegistrationToken, float, Pair, GUID,
-                                   uint16_t *) = 0;
-  };
-  auto *delegate =
-      static_cast<Wide *>(makeDelegate<HRESULT(int8_t, double, WRTEventRegistrationToken, float,
-                                               Pair, GUID, uint16_t *)>(GUID{}, block));
-  uint16_t out = 0;
-  EXPECT_EQ(delegate->Invoke(-1, 0.5, {INT64_MIN}, -2.5f, {1, 2}, Handler::kIid, &out),
-            status::kOk);
-  EXPECT_TRUE(matched);
-  EXPECT_EQ(out, 77);
-  EXPECT_EQ(delegate->Release(), 0u);
-}
-
 /// Subscribes a handler that writes its letter down.
 WRTEventRegistrationToken subscribe(EventSource<Handler> &source, std::string *calls, char letter,
                                     HRESULT result = status::kOk) {
