@@ -15,15 +15,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
-#include <poll.h>
 #include <random>
 #include <sys/mman.h>
 #include <sys/resource.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -33,9 +30,8 @@ using namespace wrt::test::faults;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-/// A process that takes longer hangs, also where others keep the machine busy.
-constexpr auto kLimit = std::chrono::seconds(20);
+/// Seconds. A process that takes longer hangs, also where others keep the machine busy.
+constexpr unsigned kLimit = 20;
 /// Of calls of one function in one cell: cells that repeat themselves show nothing new behind it.
 constexpr unsigned kMostCalls = 24;
 
@@ -67,12 +63,10 @@ public:
     std::memset(report_, 0, sizeof *report_);
     if (ftruncate(output_, 0) != 0 || lseek(output_, 0, SEEK_SET) != 0)
       std::abort();
-    started_ = Clock::now();
     pid_ = fork();
-    if (pid_ != 0) {
-      handle_ = static_cast<int>(syscall(SYS_pidfd_open, pid_, 0));
+    if (pid_ != 0)
       return;
-    }
+    alarm(kLimit);
     dup2(output_, 1);
     dup2(output_, 2);
     strike(*outcome.fault, outcome.call, *report_);
@@ -83,31 +77,22 @@ public:
     _exit(0);
   }
 
-  bool isBusy() const { return outcome_ != nullptr; }
-  pollfd awaited() const { return {isBusy() ? handle_ : -1, POLLIN, 0}; }
   const Report &report() const { return *report_; }
 
-  /// Takes the outcome if the process has ended or its time is over; null otherwise.
-  Outcome *take() {
-    int status = 0;
-    const bool hangs = Clock::now() - started_ > kLimit;
-    if (hangs)
-      kill(pid_, SIGKILL);
-    if (waitpid(pid_, &status, hangs ? 0 : WNOHANG) == 0)
+  /// The outcome if this is the process that has ended like that; null otherwise.
+  Outcome *take(pid_t ended, int status) {
+    if (ended != pid_)
       return nullptr;
-    close(handle_);
     outcome_->isGivenUp = report_->isGivenUp;
-    outcome_->problem = report_->problem;
-    if (hangs)
-      outcome_->problem = "hangs";
-    else if (status != 0)
-      outcome_->problem = end(status);
-    return std::exchange(outcome_, nullptr);
+    outcome_->problem = status != 0 ? end(status) : report_->problem;
+    return outcome_;
   }
 
 private:
   /// What a process that did not end by itself has printed last.
   std::string end(int status) {
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM)
+      return "hangs";
     char text[1 << 14] = {};
     const off_t size = lseek(output_, 0, SEEK_END);
     if (pread(output_, text, sizeof text - 1,
@@ -123,9 +108,7 @@ private:
   Report *report_;
   int output_;
   Outcome *outcome_ = nullptr;
-  Clock::time_point started_;
   pid_t pid_ = 0;
-  int handle_ = -1;
 };
 
 /// Runs all of them, two at a time, and hands each to `done` with its report.
@@ -133,18 +116,19 @@ template <class Done>
 void run(std::vector<Outcome> &outcomes, Done done) {
   Child children[2];
   size_t next = 0;
-  for (;;) {
+  const auto start = [&](Child &child) {
+    if (next < outcomes.size())
+      child.start(outcomes[next++]);
+  };
+  for (Child &child : children)
+    start(child);
+  int status = 0;
+  for (pid_t ended; (ended = wait(&status)) > 0;)
     for (Child &child : children)
-      if (!child.isBusy() && next < outcomes.size())
-        child.start(outcomes[next++]);
-    pollfd awaited[] = {children[0].awaited(), children[1].awaited()};
-    if (awaited[0].fd < 0 && awaited[1].fd < 0)
-      return;
-    poll(awaited, 2, 500);
-    for (Child &child : children)
-      if (Outcome *outcome = child.isBusy() ? child.take() : nullptr)
+      if (const Outcome *outcome = child.take(ended, status)) {
         done(*outcome, child.report());
-  }
+        start(child);
+      }
 }
 
 } // namespace
