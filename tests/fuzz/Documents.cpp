@@ -97,11 +97,10 @@ public:
 
 private:
   Node &node() { return choices_.of(nodes_); }
-  StringHolder string(std::u16string_view text) { return StringHolder(text); }
   ComPtr<abi::IInspectable> boxed(std::u16string_view text) {
     ComPtr<abi::IInspectable> value;
     if (!text.empty())
-      values_->CreateString(string(text).get(), value.put());
+      values_->CreateString(StringHolder(text).get(), value.put());
     return value;
   }
   void keep(const ComPtr<abi::IUnknown> &object) {
@@ -133,7 +132,7 @@ private:
         [&] { document->CreateComment(content.get(), made); },
         [&] { document->CreateCDataSection(content.get(), made); },
         [&] { document->CreateProcessingInstruction(name.get(), content.get(), made); },
-        [&] { document->CreateEntityReference(string(u"e").get(), made); },
+        [&] { document->CreateEntityReference(StringHolder(u"e").get(), made); },
         [&] { document->CreateDocumentFragment(made); },
     });
   }
@@ -203,7 +202,7 @@ private:
         },
         [&] {
           if (const auto io = target.as<abi::IXmlDocumentIO>())
-            io->LoadXml(string(choices_.of(kDocuments)).get());
+            io->LoadXml(StringHolder(choices_.of(kDocuments)).get());
         },
     });
   }
@@ -215,7 +214,7 @@ private:
     perform({
         [&] { from->get_FirstChild(found); },
         [&] { from->get_ParentNode(found); },
-        [&] { documents_[choices_.below(2)]->GetElementById(string(u"k").get(), found); },
+        [&] { documents_[choices_.below(2)]->GetElementById(StringHolder(u"k").get(), found); },
         [&] {
           ComPtr<abi::IXmlNamedNodeMap> map;
           from->get_Attributes(map.put());
@@ -224,7 +223,7 @@ private:
         },
         [&] {
           ComPtr<abi::IXmlNodeList> list;
-          from.as<abi::IXmlNodeSelector>()->SelectNodes(string(choices_.of(kPaths)).get(),
+          from.as<abi::IXmlNodeSelector>()->SelectNodes(StringHolder(choices_.of(kPaths)).get(),
                                                         list.put());
           if (list)
             list->Item(static_cast<unsigned>(choices_.below(4)), found);

@@ -2,6 +2,7 @@
 
 #include "generator/output/Writer.h"
 
+#include <algorithm>
 #include <iomanip>
 #include <sstream>
 
@@ -14,13 +15,6 @@ std::string name(const std::string &text) { return "'" + text + "'"; }
 std::string ilType(const Type &type) {
   static const std::map<std::string_view, const char *> kScalars{
       {"Boolean", "bool"},
-      {"UInt8", "uint8"},
-      {"Int16", "int16"},
-      {"UInt16", "uint16"},
-      {"Int32", "int32"},
-      {"UInt32", "uint32"},
-      {"Int64", "int64"},
-      {"UInt64", "uint64"},
       {"Char16", "char"},
       {"Single", "float32"},
       {"Double", "float64"},
@@ -37,8 +31,12 @@ std::string ilType(const Type &type) {
     return "class [Windows.Foundation]" + instance.familyName + "`" +
            std::to_string(instance.arguments.size()) + "<" + arguments + ">";
   }
-  if (type.scalar)
-    return kScalars.at(type.scalar->name);
+  if (type.scalar) {
+    std::string integer(type.scalar->name);
+    std::ranges::transform(integer, integer.begin(), ::tolower);
+    const auto other = kScalars.find(type.scalar->name);
+    return other == kScalars.end() ? integer : other->second;
+  }
   if (type.kind == Kind::String || type.kind == Kind::Object)
     return type.kind == Kind::String ? "string" : "object";
   const bool isValue = type.kind == Kind::Enum || type.kind == Kind::Struct;

@@ -27,12 +27,6 @@ std::deque<Source> catalogue() {
   return sources;
 }
 
-std::deque<Source> one(const std::string &text) {
-  std::deque<Source> sources;
-  sources.emplace_back("known.idl", text);
-  return sources;
-}
-
 /// All declarations and then the notes, or else what is refused.
 std::string imported(const std::string &image, const std::deque<Source> &known,
                      const Wanted &wanted) {
@@ -135,13 +129,14 @@ TEST(Comparison, ListsWhatIsLackingBesidesAndElsewhere) {
   const std::string image = fixture("Contoso.winmd");
   Library library;
   library.add("Contoso.winmd", image);
-  const std::deque<Source> sources =
-      one("namespace Contoso;\n"
-          "enum Mood { Glum = -1, Merry = 2, Sad = 3 }\n"
-          "full interface IGreeter {c0000003-0000-0000-c000-000000000001}\n"
-          "{ String Name { get; set; } void Nod(); }\n"
-          "full interface IGuest {c0000008-0000-0000-c000-000000000002} { }\n"
-          "enum Colour { }\n");
+  std::deque<Source> sources;
+  sources.emplace_back("known.idl",
+                       "namespace Contoso;\n"
+                       "enum Mood { Glum = -1, Merry = 2, Sad = 3 }\n"
+                       "full interface IGreeter {c0000003-0000-0000-c000-000000000001}\n"
+                       "{ String Name { get; set; } void Nod(); }\n"
+                       "full interface IGuest {c0000008-0000-0000-c000-000000000002} { }\n"
+                       "enum Colour { }\n");
   Diagnostics diagnostics;
   const Known known(sources, diagnostics);
   std::string found;

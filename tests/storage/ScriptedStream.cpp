@@ -1,14 +1,11 @@
 #include "tests/storage/ScriptedStream.h"
 
-#include "platform/linux/activation/ActivationRegistry.h"
-
 #include "tests/support/PlatformTrace.h"
 
 #include <WRTBridge.h>
 
 #include <cstring>
 #include <dlfcn.h>
-#include <optional>
 
 namespace wrt::test {
 namespace {
@@ -139,13 +136,11 @@ private:
 };
 
 StreamScript *active = nullptr;
-std::optional<activation::Registration> streams;
-std::optional<activation::Registration> references;
 
 class StreamFactory final : public ActivationFactory<> {
 public:
   HRESULT WRT_ABI ActivateInstance(abi::IInspectable **instance) override {
-    *instance = makeScriptedStream(*active).detach();
+    *instance = make<ScriptedStream>(*active).detach()->identity();
     return status::kOk;
   }
 };
@@ -170,25 +165,18 @@ public:
 
 } // namespace
 
-ActiveScript::ActiveScript(StreamScript &script) {
+ActiveScript::ActiveScript(StreamScript &script)
+    : streams_(u"Windows.Storage.Streams.InMemoryRandomAccessStream",
+               activation::makeFactory<StreamFactory>),
+      references_(u"Windows.Storage.Streams.RandomAccessStreamReference",
+                  activation::makeFactory<ReferenceFactory>) {
   active = &script;
-  streams.emplace(u"Windows.Storage.Streams.InMemoryRandomAccessStream",
-                  activation::makeFactory<StreamFactory>);
-  references.emplace(u"Windows.Storage.Streams.RandomAccessStreamReference",
-                     activation::makeFactory<ReferenceFactory>);
 }
 
-ActiveScript::~ActiveScript() {
-  references.reset();
-  streams.reset();
-  active = nullptr;
-}
+ActiveScript::~ActiveScript() { active = nullptr; }
 
 ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script) {
   return make<ScriptedReference>(script);
-}
-ComPtr<abi::IRandomAccessStream> makeScriptedStream(StreamScript &script) {
-  return make<ScriptedStream>(script);
 }
 ComPtr<abi::IBuffer> makeBareBuffer() { return make<BareBuffer<>>(); }
 ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status) { return make<FailingBuffer>(status); }

@@ -1,6 +1,7 @@
 #ifndef WRT_TESTS_SCRIPTED_STREAM_H
 #define WRT_TESTS_SCRIPTED_STREAM_H
 
+#include "platform/linux/activation/ActivationRegistry.h"
 #include "platform/linux/components/async/AsyncOperation.h"
 #include "platform/linux/components/async/ThreadPool.h"
 #include "platform/linux/components/streams/StreamTypes.h"
@@ -44,8 +45,6 @@ struct StreamScript {
 };
 
 ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script);
-/// As a stream in memory that an application makes.
-ComPtr<abi::IRandomAccessStream> makeScriptedStream(StreamScript &script);
 /// A buffer whose bytes cannot be had: it lacks the interface, or the interface fails with
 /// `status`.
 ComPtr<abi::IBuffer> makeBareBuffer();
@@ -57,6 +56,9 @@ class ActiveScript {
 public:
   explicit ActiveScript(StreamScript &script);
   ~ActiveScript();
+
+private:
+  const activation::Registration streams_, references_;
 };
 
 } // namespace wrt::test

@@ -2,19 +2,14 @@
 
 #include "platform/linux/components/foundation/Text.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <unistd.h>
 
 namespace wrt::test {
 
-namespace {
-constexpr unsigned kNobody = 65534;
-int anything;
-} // namespace
-
 void settleAfterwards() {
+  static int anything;
   keepUntilDrained(std::shared_ptr<void>(&anything, [](void *) { waitForPool(); }));
 }
 
@@ -45,14 +40,5 @@ std::string contentOf(const std::filesystem::path &path) {
 
 StringHolder text(const std::string &utf8) { return StringHolder(components::toUtf16(utf8)); }
 std::string utf8(const StringHolder &text) { return components::toUtf8(text.view()); }
-
-NoPrivileges::NoPrivileges() {
-  if (getuid() == 0 && seteuid(kNobody) != 0)
-    std::abort();
-}
-NoPrivileges::~NoPrivileges() {
-  if (getuid() == 0 && seteuid(0) != 0)
-    std::abort();
-}
 
 } // namespace wrt::test

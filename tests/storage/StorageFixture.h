@@ -123,14 +123,6 @@ HRESULT outcome(const ComPtr<Object> &object, HRESULT (WRT_ABI Interface::*membe
     return operation->GetResults();
 }
 
-/// While it lives the process has no more rights than others have; does nothing for processes that
-/// had no more before.
-class NoPrivileges {
-public:
-  NoPrivileges();
-  ~NoPrivileges();
-};
-
 } // namespace wrt::test
 
 #endif

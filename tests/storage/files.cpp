@@ -9,8 +9,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -134,6 +136,17 @@ const Cell strangeNames("storage.item.names.strange", [] {
   for (const std::string &name : {all[0], all[1], all[3]})
     EXPECT_EQ(name, nameOf(fileAt(made.path() / name)));
 });
+
+/// While it lives the process has no more rights than others have; does nothing for processes that
+/// had no more before.
+struct NoPrivileges {
+  NoPrivileges() { become(65534); }
+  ~NoPrivileges() { become(0); }
+  static void become(uid_t user) {
+    if (getuid() == 0 && seteuid(user) != 0)
+      std::abort();
+  }
+};
 
 const Cell permissions("storage.item.permissions.denied", [] {
   const TemporaryFolder made;
