@@ -19,14 +19,10 @@ struct Generated {
   std::string errors;                       ///< as they are printed
 };
 
-/// Generates from files of these paths and contents.
-Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &sources);
-
-/// Generates from one file, `sample.idl`.
-Generated generateFrom(const std::string &declarations);
-
-/// The same as an add-on of prefix `Contoso` to a product that has `known`, from `known.idl`.
-Generated generateAddOn(const std::string &known, const std::string &declarations);
+/// Generates from files of these paths and contents; with `known`, as an add-on of prefix `Contoso`
+/// to a product that has that, from `known.idl`.
+Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &sources,
+                       const std::string &known = "");
 
 /// A test with a folder that is made on demand and gone afterwards.
 class FolderTest : public testing::Test {

@@ -84,8 +84,8 @@ TEST_P(Golden, HasTheseLines) {
   ASSERT_GE(parts.size(), 3U);
   const size_t own = parts[1].title == "known" ? 2 : 1;
   ASSERT_EQ(parts[own].title, "declarations");
-  Generated generated = own == 1 ? generateFrom(joined(parts[1].lines))
-                                 : generateAddOn(joined(parts[1].lines), joined(parts[2].lines));
+  Generated generated = generateFrom({{"sample.idl", joined(parts[own].lines)}},
+                                     own == 1 ? "" : joined(parts[1].lines));
   ASSERT_EQ(generated.errors, "");
   generated.files.merge(generated.pages);
   std::string text;

@@ -188,7 +188,7 @@ TEST_P(Refused, NamesPlaceAndReason) {
         ":" + std::to_string(at - lineStart + 1) + ": error: ");
   }
   ASSERT_EQ(places.size(), 1U) << "one '^' marks the token";
-  const Generated generated = generateFrom(text);
+  const Generated generated = generateFrom({{"sample.idl", text}});
   EXPECT_EQ(generated.errors, places[0] + GetParam().message + "\n");
   EXPECT_TRUE(generated.files.empty());
 }
@@ -227,7 +227,8 @@ TEST(Refusals, OfAddOnsTellWhatTheProductHas) {
        "34: error: bridge name 'Thing' is already that of 'A.Thing'"},
   };
   for (const auto &each : cases) {
-    const Generated generated = generateAddOn(full(kProduct), full(each.declarations));
+    const Generated generated =
+        generateFrom({{"sample.idl", full(each.declarations)}}, full(kProduct));
     EXPECT_EQ(generated.errors, each.error ? "sample.idl:1:" + std::string(each.error) + "\n" : "");
     EXPECT_EQ(generated.files.empty(), each.error != nullptr);
   }
@@ -243,7 +244,7 @@ TEST(Refusals, AreAllShownInTheOrderOfTheirPlaces) {
 }
 
 TEST(Refusals, OfStructuresThatContainEachOtherNameBoth) {
-  EXPECT_EQ(generateFrom("struct A { B b; }\nstruct B { A a; }").errors,
+  EXPECT_EQ(generateFrom({{"sample.idl", "struct A { B b; }\nstruct B { A a; }"}}).errors,
             "sample.idl:1:8: error: 'A' contains itself\n"
             "sample.idl:2:8: error: 'B' contains itself\n");
 }
@@ -255,7 +256,7 @@ TEST(Refusals, DoNotComeFromDoublingStructures) {
     const std::string inner = "S" + std::to_string(i - 1);
     text += "struct S" + std::to_string(i) + " { " + inner + " a; " + inner + " b; }\n";
   }
-  EXPECT_EQ(generateFrom(text).errors, "");
+  EXPECT_EQ(generateFrom({{"sample.idl", text}}).errors, "");
 }
 
 TEST(Refusals, OfUnitsNameTheFirstLine) {
