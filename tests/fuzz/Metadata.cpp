@@ -30,14 +30,11 @@ interface IVector<T> {913337e9-11a1-4345-a3a2-4e7f956e222d} { IVectorView<T> Get
 interface IVectorView<T> {bbe1fa4c-b0e3-4583-baef-1f1b2e483e56} { T GetAt(UInt32 index); }
 )";
 
-void tryImport(const metadata::Library &library, const std::string &nameSpace) {
+void tryImport(const metadata::Library &library, const metadata::Wanted &wanted) {
   std::deque<Source> known;
   known.emplace_back("known.idl", kKnown);
   std::deque<Source> written;
   Diagnostics diagnostics;
-  metadata::Wanted wanted;
-  if (!nameSpace.empty())
-    wanted.nameSpaces = {nameSpace};
   try {
     metadata::importTypes(library, known, wanted, {}, diagnostics, written);
   } catch (const metadata::Refused &) {
@@ -62,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
   } catch (const metadata::Refused &) {
     return 0;
   }
-  tryImport(library, "");
-  tryImport(library, "Contoso");
+  tryImport(library, {});
+  tryImport(library, {{"Contoso"}, {}, {}});
   return 0;
 }

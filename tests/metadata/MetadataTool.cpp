@@ -9,7 +9,7 @@
 #include <deque>
 #include <fstream>
 #include <iostream>
-#include <sstream>
+#include <iterator>
 
 namespace {
 
@@ -17,11 +17,9 @@ using namespace bridgegen;
 
 std::string contents(const std::string &path) {
   std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
   if (!file)
     throw std::runtime_error(path + " cannot be read");
-  return text.str();
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void write(const std::string &path, const std::string &text) {

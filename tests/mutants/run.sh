@@ -44,9 +44,7 @@ passes() {
   return 1
 }
 
-count=0
-wrong=0
-row() { printf '%-34s %-62s %s\n' "$1" "$2" "$3"; }
+count=0 wrong=0
 
 # apply FILE OLD NEW: where the old text stands exactly once.
 apply() {
@@ -77,7 +75,7 @@ try() {
   case $outcome in
     SURVIVED | "NO LONGER"* | "DOES NOT"*) wrong=$((wrong + 1)) ;;
   esac
-  row "$file" "$what" "$outcome"
+  printf '%-34s %-62s %s\n' "$file" "$what" "$outcome"
   # As new, so that its objects are made again.
   cp "$file" "$tree/$file"
 }

@@ -47,14 +47,6 @@ ComPtr<Interface> statics(std::u16string_view className) {
   return activation::findFactory(className).as<Interface>();
 }
 
-/// A new default instance of a class.
-template <class Interface>
-ComPtr<Interface> activate(std::u16string_view className) {
-  ComPtr<abi::IInspectable> object;
-  activation::findFactory(className)->ActivateInstance(object.put());
-  return object.as<Interface>();
-}
-
 /// An argument as members take it: texts as handles, references as pointers; anything else is
 /// itself.
 template <class T>
@@ -99,6 +91,13 @@ auto answer(const ComPtr<Object> &object, HRESULT (WRT_ABI Interface::*member)(P
       std::memset(&value, 0xCC, sizeof value);
     return value;
   }
+}
+
+/// A new default instance of a class.
+template <class Interface>
+ComPtr<Interface> activate(std::u16string_view className) {
+  return answer(activation::findFactory(className), &abi::IActivationFactory::ActivateInstance)
+      .template as<Interface>();
 }
 
 /// Calls `object`'s member with the first of `arguments`, waits for the end of the operation that

@@ -152,8 +152,10 @@ std::string logged() {
   return log;
 }
 
-/// What was logged and came of a scripted reference.
-std::pair<std::string, NSData *> readScripted(StreamScript &script) {
+/// What was logged and what came of a reference.
+using Reading = std::pair<std::string, NSData *>;
+
+Reading readScripted(StreamScript &script) {
   clearLog();
   const auto reference = makeReference(script);
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
@@ -162,7 +164,6 @@ std::pair<std::string, NSData *> readScripted(StreamScript &script) {
   [pool release];
   return {logged(), [data autorelease]};
 }
-const std::pair<std::string, NSData *> kSilence("", nil);
 
 const Cell readFailures("conversion.data.from_stream.failing_steps", [] {
   settleAfterwards();
@@ -182,12 +183,12 @@ const Cell readFailures("conversion.data.from_stream.failing_steps", [] {
       StreamScript script;
       script.size = 8;
       script.*step = failure;
-      EXPECT_EQ(std::pair(log, static_cast<NSData *>(nil)), readScripted(script));
+      EXPECT_EQ(Reading(log, nil), readScripted(script));
     }
   }
   StreamScript script;
   failNext(Lack::Semaphore);
-  EXPECT_EQ(kSilence, readScripted(script)) << "nobody could wait";
+  EXPECT_EQ(Reading("", nil), readScripted(script)) << "nobody could wait";
   clearLog();
   EXPECT_EQ(nil, WRTCreateNSDataFromRandomAccessStreamReference(nil));
   EXPECT_EQ(1u, logRecords().size());

@@ -35,24 +35,20 @@ using Folder = abi::IStorageFolder;
 using Item = abi::IStorageItem;
 using Query = abi::IStorageFolderQueryOperations;
 
-HRESULT findFile(const fs::path &path, ComPtr<File> &file) {
+HRESULT find(const fs::path &path, ComPtr<File> &file) {
   return outcome(statics<abi::IStorageFileStatics>(u"Windows.Storage.StorageFile"),
                  &abi::IStorageFileStatics::GetFileFromPathAsync, path, file.put());
 }
-HRESULT findFolder(const fs::path &path, ComPtr<Folder> &folder) {
+HRESULT find(const fs::path &path, ComPtr<Folder> &folder) {
   return outcome(statics<abi::IStorageFolderStatics>(u"Windows.Storage.StorageFolder"),
                  &abi::IStorageFolderStatics::GetFolderFromPathAsync, path, folder.put());
 }
-/// A file that is there.
-ComPtr<File> fileAt(const fs::path &path) {
-  ComPtr<File> file;
-  EXPECT_EQ(0, findFile(path, file)) << path;
-  return file;
-}
-ComPtr<Folder> folderAt(const fs::path &path) {
-  ComPtr<Folder> folder;
-  EXPECT_EQ(0, findFolder(path, folder)) << path;
-  return folder;
+/// A file or folder that is there.
+template <class Kind>
+ComPtr<Kind> at(const fs::path &path) {
+  ComPtr<Kind> found;
+  EXPECT_EQ(0, find(path, found)) << path;
+  return found;
 }
 
 std::string nameOf(const auto &object) { return answer(object, &Item::get_Name); }
@@ -115,14 +111,14 @@ const Cell lookup("storage.item.lookup.statuses", [] {
   for (const auto &[path, asFile, asFolder] : cases) {
     ComPtr<File> file;
     ComPtr<Folder> found;
-    EXPECT_EQ(asFile, findFile(folder.path() / path, file)) << path;
-    EXPECT_EQ(asFolder, findFolder(folder.path() / path, found)) << path;
+    EXPECT_EQ(asFile, find(folder.path() / path, file)) << path;
+    EXPECT_EQ(asFolder, find(folder.path() / path, found)) << path;
   }
-  EXPECT_EQ("far", nameOf(folderAt(folder.path() / "sub/../away/..//.")));
-  EXPECT_TRUE(folderAt("/"));
+  EXPECT_EQ("far", nameOf(at<Folder>(folder.path() / "sub/../away/..//.")));
+  EXPECT_TRUE(at<Folder>("/"));
   ComPtr<File> none;
-  EXPECT_EQ(kInvalid, findFile("a.txt", none)) << "relative";
-  EXPECT_EQ(kInvalid, findFile("", none));
+  EXPECT_EQ(kInvalid, find("a.txt", none)) << "relative";
+  EXPECT_EQ(kInvalid, find("", none));
 });
 
 const Cell strangeNames("storage.item.names.strange", [] {
@@ -131,10 +127,10 @@ const Cell strangeNames("storage.item.names.strange", [] {
                              "\xE6\x97\xA5\xF0\x9F\x98\x80.txt"};
   for (const std::string &name : all)
     made.add(name, name);
-  const auto folder = folderAt(made.path());
+  const auto folder = at<Folder>(made.path());
   EXPECT_EQ(all[0] + "|" + all[1] + "|" + all[2] + "|" + all[3], namesIn(folder));
   for (const std::string &name : {all[0], all[1], all[3]})
-    EXPECT_EQ(name, nameOf(fileAt(made.path() / name)));
+    EXPECT_EQ(name, nameOf(at<File>(made.path() / name)));
 });
 
 /// While it lives the process has no more rights than others have; does nothing for processes that
@@ -159,13 +155,13 @@ const Cell permissions("storage.item.permissions.denied", [] {
   clearLog();
   {
     const NoPrivileges noPrivileges;
-    const auto folder = folderAt(made.path());
+    const auto folder = at<Folder>(made.path());
     const std::string denied = "failed " + std::to_string(kDenied);
-    EXPECT_EQ(kDenied, readStatus(fileAt(secret))) << "it is there";
+    EXPECT_EQ(kDenied, readStatus(at<File>(secret))) << "it is there";
     ComPtr<File> file;
-    EXPECT_EQ(kDenied, findFile(made.path() / "closed/inner.txt", file));
-    EXPECT_EQ(denied, namesIn(folderAt(made.path() / "closed")));
-    EXPECT_EQ(denied, namesIn(folderAt(made.path() / "listed"))) << "names that lead nowhere";
+    EXPECT_EQ(kDenied, find(made.path() / "closed/inner.txt", file));
+    EXPECT_EQ(denied, namesIn(at<Folder>(made.path() / "closed")));
+    EXPECT_EQ(denied, namesIn(at<Folder>(made.path() / "listed"))) << "names that lead nowhere";
     EXPECT_EQ("secret.txt", query(folder, 1))
         << "a folder below that is closed does not keep the others from being listed";
     const auto log = logRecords();
@@ -182,7 +178,7 @@ const Cell permissions("storage.item.permissions.denied", [] {
 const Cell vanishing("storage.item.lifetime.vanishing", [] {
   const TemporaryFolder made;
   const fs::path path = made.add("short-lived.txt", "x");
-  const auto file = fileAt(path);
+  const auto file = at<File>(path);
   fs::remove(path);
   EXPECT_EQ(kNotFound, readStatus(file));
   ComPtr<abi::IBasicProperties> properties;
@@ -197,7 +193,7 @@ const Cell creating("storage.item.create.collisions", [] {
   const TemporaryFolder made;
   made.add("f.txt", "old");
   fs::create_directory(made.path() / "sub");
-  const auto folder = folderAt(made.path());
+  const auto folder = at<Folder>(made.path());
   const struct {
     const char *name;
     int option;
@@ -227,11 +223,11 @@ const Cell creating("storage.item.create.collisions", [] {
 
 const Cell changing("storage.item.change.statuses", [] {
   const TemporaryFolder made;
-  const auto file = fileAt(made.add("one.txt", "1"));
+  const auto file = at<File>(made.add("one.txt", "1"));
   made.add("two.txt", "2");
   fs::create_directory(made.path() / "sub");
   ComPtr<File> copy;
-  const auto sub = folderAt(made.path() / "sub");
+  const auto sub = at<Folder>(made.path() / "sub");
   const auto rename = [&](const char *name) {
     return outcome(file, &Item::RenameAsyncOverloadDefaultOptions, name);
   };
@@ -255,7 +251,7 @@ const Cell querying("storage.folder.query.normal", [] {
   fs::last_write_time(made.add("b.TXT", "b"), now - std::chrono::hours(2));
   fs::last_write_time(made.add("a.xml", "a"), now - std::chrono::hours(1));
   made.add("sub/c.txt", "c");
-  const auto folder = folderAt(made.path());
+  const auto folder = at<Folder>(made.path());
   EXPECT_EQ("a.xml|b.TXT", query(folder, 0));
   EXPECT_EQ("a.xml|b.TXT|c.txt", query(folder, 1));
   EXPECT_EQ("c.txt|a.xml|b.TXT", query(folder, 5));
@@ -282,7 +278,7 @@ const Cell querying("storage.folder.query.normal", [] {
 
 const Cell properties("storage.file.properties.normal", [] {
   const TemporaryFolder made;
-  const auto file = fileAt(made.add("page.HTML", "1"));
+  const auto file = at<File>(made.add("page.HTML", "1"));
   // Whoever writes between the look-up and the question is seen.
   const fs::path path = made.add("page.HTML", "12345");
   const timespec when[] = {{981158400, 0}, {981158400, 0}}; // 2001-02-03
@@ -311,13 +307,13 @@ const Cell texts("storage.file.text.encodings", [] {
       {"\xC0\x80", noText}}; // overlong
   for (const auto &[bytes, expected] : cases) {
     std::string result;
-    const HRESULT status = readStatus(fileAt(made.add("f", bytes)), &result);
+    const HRESULT status = readStatus(at<File>(made.add("f", bytes)), &result);
     EXPECT_EQ(expected, status < 0 ? std::to_string(status) : result) << bytes;
   }
 
   using IO = abi::IFileIOStatics;
   const auto io = statics<IO>(u"Windows.Storage.FileIO");
-  const auto file = fileAt(made.add("g", "before"));
+  const auto file = at<File>(made.add("g", "before"));
   const char *const words = "\xC3\xBC!";
   EXPECT_EQ(0, outcome(io, &IO::WriteTextAsync, file, words));
   EXPECT_EQ(0, outcome(io, &IO::AppendTextAsync, file, words));
@@ -332,7 +328,7 @@ const Cell streams("storage.file.stream.statuses", [] {
   using Stream = abi::IRandomAccessStream;
   const TemporaryFolder made;
   const fs::path path = made.add("f", "0123456789");
-  const auto file = fileAt(path);
+  const auto file = at<File>(path);
   ComPtr<Stream> stream;
   const auto open = [&](int mode) { return outcome(file, &File::OpenAsync, mode, stream.put()); };
   ASSERT_EQ(0, open(0));

@@ -98,9 +98,6 @@ struct Handler : abi::IUnknown {
   static constexpr GUID kIid{0x7E570003, 0, 0, {0, 0, 0, 0, 0, 0, 0, 3}};
 
   virtual HRESULT WRT_ABI Invoke(abi::IInspectable *sender, int32_t value) = 0;
-
-protected:
-  ~Handler() = default;
 };
 
 ComPtr<Handler> makeHandler(HRESULT (^block)(void *, int32_t)) {
