@@ -20,7 +20,8 @@ Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &s
   Generated generated;
   if (const std::optional<OutputSet> outputs = generate(read, extras, diagnostics))
     generated.files = outputs->files();
-  const Source platform("platform.tsv", "IDoor\nIDoor\tget_Width\n"); // that it has of the golden
+  // What the reference is told of the embedded platform.
+  const Source platform("platform.tsv", "IDoor\nIDoor\tget_Width\n");
   extras.isReference = true;
   extras.platform = &platform;
   if (!diagnostics.hasErrors())
