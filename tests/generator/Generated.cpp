@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <sstream>
 
 namespace bridgegen::test {
@@ -35,9 +36,7 @@ Generated generateFrom(const std::vector<std::pair<std::string, std::string>> &s
 std::string readFile(const std::string &path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path;
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
+  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace bridgegen::test

@@ -20,16 +20,14 @@ public:
 
 class FailingBuffer final : public BareBuffer<abi::IBufferByteAccess> {
 public:
-  explicit FailingBuffer(HRESULT status, StreamScript *script = nullptr)
-      : status_(status), script_(script) {}
+  explicit FailingBuffer(StreamScript *script = nullptr) : script_(script) {}
   HRESULT WRT_ABI put_Length(unsigned length) override {
     script_->length = length;
     return script_->lengthStatus;
   }
-  HRESULT WRT_ABI Buffer(uint8_t **) override { return status_; }
+  HRESULT WRT_ABI Buffer(uint8_t **) override { return status::kFail; }
 
 private:
-  HRESULT status_;
   StreamScript *script_; ///< null where nobody sets the length
 };
 
@@ -82,7 +80,7 @@ public:
           roomOf(buffer.get(), &room);
           std::memset(room.data(), 0x5A, script.delivered);
           buffer->put_Length(script.delivered);
-          filled = script.bareBuffer ? makeFailingBuffer(status::kFail) : buffer;
+          filled = script.bareBuffer ? makeFailingBuffer() : buffer;
           return script.readResult;
         });
   }
@@ -179,7 +177,7 @@ ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script) {
   return make<ScriptedReference>(script);
 }
 ComPtr<abi::IBuffer> makeBareBuffer() { return make<BareBuffer<>>(); }
-ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status) { return make<FailingBuffer>(status); }
+ComPtr<abi::IBuffer> makeFailingBuffer() { return make<FailingBuffer>(); }
 
 } // namespace wrt::test
 
@@ -193,5 +191,5 @@ extern "C" void *WRTCreateBufferWrappingBytes(void *bytes, uint32_t length) {
   if (!active)
     return forward(bytes, length);
   active->written = static_cast<const uint8_t *>(bytes);
-  return make<FailingBuffer>(wrt::status::kFail, active).detach();
+  return make<FailingBuffer>(active).detach();
 }

@@ -45,10 +45,9 @@ struct StreamScript {
 };
 
 ComPtr<abi::IRandomAccessStreamReference> makeReference(StreamScript &script);
-/// A buffer whose bytes cannot be had: it lacks the interface, or the interface fails with
-/// `status`.
+/// A buffer whose bytes cannot be had: it lacks the interface, or the interface fails.
 ComPtr<abi::IBuffer> makeBareBuffer();
-ComPtr<abi::IBuffer> makeFailingBuffer(HRESULT status);
+ComPtr<abi::IBuffer> makeFailingBuffer();
 
 /// The script of the streams that are activated, the references made to them and the buffers that
 /// are wrapped around bytes as long as it lives.

@@ -120,7 +120,7 @@ const Cell buffer("conversion.data.buffer.normal", [] {
   EXPECT_EQ(7, *static_cast<const uint8_t *>([copy bytes]));
 
   EXPECT_EQ(nil, WRTCreateNSDataFromIBuffer(
-                     reinterpret_cast<WRTIBuffer *>(makeFailingBuffer(kFailure).get()), 4));
+                     reinterpret_cast<WRTIBuffer *>(makeFailingBuffer().get()), 4));
   EXPECT_EQ(
       (std::vector<LogRecord>{{3, "WRTCreateNSDataFromIBuffer", "", "Failed buffer byte access"}}),
       logRecords());
