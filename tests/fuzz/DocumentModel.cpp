@@ -13,8 +13,8 @@ struct Model {
   Kind kind;
   std::u16string content; ///< an element's name; a text
   Model *parent = nullptr;
-  std::vector<Model *> children = {};
-  std::vector<std::pair<std::u16string, std::u16string>> attributes = {};
+  std::vector<Model *> children;
+  std::vector<std::pair<std::u16string, std::u16string>> attributes;
 
   bool isWithin(const Model *ancestor) const {
     return this == ancestor || (parent != nullptr && parent->isWithin(ancestor));
@@ -78,7 +78,7 @@ private:
   };
 
   Model *add(Kind kind, std::u16string_view content = {}) {
-    models_.push_back(std::make_unique<Model>(Model{kind, std::u16string(content)}));
+    models_.push_back(std::make_unique<Model>(Model{kind, std::u16string(content), {}, {}, {}}));
     return models_.back().get();
   }
   Slot &slot() { return choices_.of(slots_); }
