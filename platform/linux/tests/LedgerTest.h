@@ -34,6 +34,7 @@ template <class Work>
 void onThreads(int count, int rounds, Work work) {
   std::latch start(count);
   std::vector<std::jthread> threads;
+  threads.reserve(static_cast<size_t>(count));
   for (int index = 0; index < count; ++index) {
     threads.emplace_back([&, index] {
       start.arrive_and_wait();
