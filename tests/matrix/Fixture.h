@@ -2,10 +2,7 @@
 #define WRT_TESTS_MATRIX_FIXTURE_H
 
 #include "tests/component/TestObject.h"
-#include "tests/support/Cell.h"
-#include "tests/support/LogRecorder.h"
-#include "tests/support/PlatformTrace.h"
-#include "tests/support/ProbeObject.h"
+#include "tests/support/Bridges.h"
 
 #import <WRTObjcBridge/test.h>
 
@@ -14,7 +11,7 @@
 @interface OddArray : NSArray {
   NSUInteger _count;
 }
-- (instancetype)initWithCount:(int)count;
++ (instancetype)arrayWithCount:(int)count;
 @end
 
 /// An array that takes one object and then raises.
@@ -25,31 +22,29 @@
 
 namespace wrt::test {
 
-inline constexpr HRESULT kFailure = static_cast<HRESULT>(0x80070057);     // E_INVALIDARG
-inline constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002); // E_NOINTERFACE
+using Bridge = id<WRTTestInterfaceBridge>;
+
+/// A cell of the test members. Its script is as new, and what crossed or was logged before is
+/// forgotten.
+struct MemberCell : Cell {
+  MemberCell(const char *name, void (*body)());
+  /// Runs `body` once with a bridge of each of the two classes that carry the members.
+  MemberCell(const char *name, void (*body)(Bridge bridge));
+};
 
 /// A bridge of `type`, autoreleased, around a new object of the test component.
 id newBridge(Class type);
 
-/// An error variable that holds something, as a caller's may from an earlier call.
-NSError *staleError();
-
-/// Runs `body` once with a bridge of each of the two classes that carry the test members; the
-/// script and the crossings are reset before.
-template <class Body>
-void forBothClasses(Body body) {
-  for (Class type in @[ [WRTTestInterfaceBridge class], [WRTTestClassBridge class] ]) {
-    SCOPED_TRACE([NSStringFromClass(type) UTF8String]);
-    resetScript();
-    clearCrossings();
-    body(static_cast<id<WRTTestInterfaceBridge>>(newBridge(type)));
-  }
-}
-
-/// What has crossed since the last time.
-std::vector<std::string> takeCrossings();
+/// Hand a block to the component.
+void handIn(Bridge bridge, HRESULT (^block)(int, NSString *, Bridge, WRTTestClassBridge *),
+            NSError **error = nullptr);
+void handIn(Bridge bridge, HRESULT (^block)(NSString **result));
+void handIn(Bridge bridge, HRESULT (^block)(Bridge *result));
 
 using Crossings = std::vector<std::string>;
+
+/// What has crossed since the last time.
+Crossings takeCrossings();
 
 /// The elements' descriptions, joined by spaces.
 std::string joined(NSArray *array);

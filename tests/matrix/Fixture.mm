@@ -5,9 +5,10 @@
 #include <utility>
 
 @implementation OddArray
-- (instancetype)initWithCount:(int)count {
-  _count = static_cast<NSUInteger>(count);
-  return self;
++ (instancetype)arrayWithCount:(int)count {
+  OddArray *array = [[[self alloc] init] autorelease];
+  array->_count = static_cast<NSUInteger>(count);
+  return array;
 }
 - (NSUInteger)count {
   return _count;
@@ -33,15 +34,51 @@
 
 namespace wrt::test {
 
+namespace {
+
+void reset() {
+  resetScript();
+  clearCrossings();
+  clearLog();
+}
+
+} // namespace
+
+MemberCell::MemberCell(const char *name, void (*body)())
+    : Cell(name, [body] {
+        reset();
+        body();
+        reset();
+      }) {}
+
+MemberCell::MemberCell(const char *name, void (*body)(Bridge bridge))
+    : Cell(name, [body] {
+        for (Class type in @[ [WRTTestInterfaceBridge class], [WRTTestClassBridge class] ]) {
+          SCOPED_TRACE([NSStringFromClass(type) UTF8String]);
+          reset();
+          body(newBridge(type));
+        }
+        reset();
+      }) {}
+
 id newBridge(Class type) {
   // Whose the class is depends on the platform: on Linux this program's, in Wine a DLL's.
   return [type bridgeTransfer:WRTActivateInstance(u"TestClass")];
 }
 
-NSError *staleError() { return [NSError errorWithDomain:@"stale" code:1 userInfo:nil]; }
+void handIn(Bridge bridge, HRESULT (^block)(int, NSString *, Bridge, WRTTestClassBridge *),
+            NSError **error) {
+  [bridge inDelegateWithArg:block error:error];
+}
+void handIn(Bridge bridge, HRESULT (^block)(NSString **result)) {
+  [bridge inDelegateReturnStringWithArg:block error:nullptr];
+}
+void handIn(Bridge bridge, HRESULT (^block)(Bridge *result)) {
+  [bridge inDelegateReturnInterfaceWithArg:block error:nullptr];
+}
 
-std::vector<std::string> takeCrossings() {
-  std::vector<std::string> taken = crossings();
+Crossings takeCrossings() {
+  Crossings taken = crossings();
   clearCrossings();
   return taken;
 }

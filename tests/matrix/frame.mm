@@ -29,29 +29,25 @@ namespace wrt::test {
 
 namespace {
 
-const Cell manyThreads("frame.all.strings.many_threads", [] {
-  resetScript();
-  id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
+const MemberCell manyThreads("frame.all.strings.many_threads", [] {
+  Bridge bridge = newBridge([WRTTestInterfaceBridge class]);
   std::vector<Thread> threads;
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([bridge] {
-      NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-      for (int call = 0; call < 50; ++call) {
-        [bridge inStringArrayWithArr:[NSArray arrayWithObjects:@"a", @"b", nil] error:nullptr];
-        EXPECT_EQ(42, [bridge returnPrimitiveWithError:nullptr]);
+      @autoreleasepool {
+        for (int call = 0; call < 50; ++call) {
+          [bridge inStringArrayWithArr:[NSArray arrayWithObjects:@"a", @"b", nil] error:nullptr];
+          EXPECT_EQ(42, [bridge returnPrimitiveWithError:nullptr]);
+        }
       }
-      [pool release];
     });
   }
   for (Thread &thread : threads)
     thread.join();
-  clearCrossings();
 });
 
-const Cell secondInterface("frame.all.second_interface.normal", [] {
-  resetScript();
+const MemberCell secondInterface("frame.all.second_interface.normal", [] {
   WRTTestClassBridge *bridge = newBridge([WRTTestClassBridge class]);
-  takeCrossings();
   [bridge voidFunctionFromInterface2WithError:nullptr];
   [[WRTTestInterface2Bridge cast:bridge] voidFunctionFromInterface2WithError:nullptr];
   EXPECT_EQ((Crossings{"VoidFunctionFromInterface2", "VoidFunctionFromInterface2"}),
@@ -59,48 +55,41 @@ const Cell secondInterface("frame.all.second_interface.normal", [] {
 });
 
 // Arguments are retained before the receiver is asked; only then may anything else let go of them.
-const Cell retainedFirst("frame.all.arguments.retained_first", [] {
-  resetScript();
+const MemberCell retainedFirst("frame.all.arguments.retained_first", [] {
   script().invocations = 0;
-  id<WRTTestInterfaceBridge> bridge = newBridge([AccessProbe class]);
-  HRESULT (^block)(int, NSString *, id<WRTTestInterfaceBridge>, WRTTestClassBridge *) =
-      [[^HRESULT(int, NSString *, id, WRTTestClassBridge *) {
-        return [static_cast<id>(bridge) self] ? 0 : 1; // captures, so as to be on the heap
-      } copy] autorelease];
-  for (id argument in @[
-         [NSMutableString stringWithString:@"text"], newBridge([WRTTestInterfaceBridge class]),
-         [NSMutableArray array], static_cast<id>(block)
-       ]) {
-    const auto *layout = static_cast<const block::Block *>(static_cast<void *>(argument));
-    const bool isBlock = argument == static_cast<id>(block);
-    const auto references = [&] {
-      return isBlock ? static_cast<NSUInteger>(layout->references) : [argument retainCount];
-    };
-    const NSUInteger before = references();
-    NSUInteger during = 0;
+  Bridge bridge = newBridge([AccessProbe class]);
+  const auto expectRetained = [](id argument, auto references, auto call) {
+    const auto before = references();
+    auto during = before;
     onAccess = [&](NSError **) {
       during = references();
       return nullptr;
     };
-    if (isBlock)
-      [bridge inDelegateWithArg:argument error:nullptr];
-    else if ([argument isKindOfClass:[NSString class]])
-      [bridge inStringWithArg:argument error:nullptr];
-    else if ([argument isKindOfClass:[NSArray class]])
-      [bridge inStringArrayWithArr:argument error:nullptr];
-    else
-      [bridge inInterfaceWithArg:argument error:nullptr];
+    call();
+    onAccess = nullptr;
     EXPECT_GT(during, before) << [[argument description] UTF8String];
     EXPECT_EQ(before, references());
-  }
-  onAccess = nullptr;
-  clearCrossings();
+  };
+  const auto expectObjectRetained = [&](id argument, auto call) {
+    expectRetained(argument, [=] { return [argument retainCount]; }, [=] { call(argument); });
+  };
+  expectObjectRetained([NSMutableString stringWithString:@"text"],
+                       [=](id text) { [bridge inStringWithArg:text error:nullptr]; });
+  expectObjectRetained(newBridge([WRTTestInterfaceBridge class]),
+                       [=](id object) { [bridge inInterfaceWithArg:object error:nullptr]; });
+  expectObjectRetained([NSMutableArray array],
+                       [=](id array) { [bridge inStringArrayWithArr:array error:nullptr]; });
+  HRESULT (^const block)(int, NSString *, Bridge, WRTTestClassBridge *) =
+      [[^HRESULT(int, NSString *, id, WRTTestClassBridge *) {
+        return [static_cast<id>(bridge) self] ? 0 : 1; // captures, so as to be on the heap
+      } copy] autorelease];
+  const auto *layout = reinterpret_cast<const block::Block *>(block);
+  expectRetained(block, [=] { return layout->references; }, [=] { handIn(bridge, block); });
 });
 
-const Cell errorLast("frame.all.error.last", [] {
-  resetScript();
+const MemberCell errorLast("frame.all.error.last", [] {
   script().status = kFailure;
-  id<WRTTestInterfaceBridge> bridge = newBridge([AccessProbe class]);
+  Bridge bridge = newBridge([AccessProbe class]);
   NSError *const before = staleError();
   NSError *error = before;
   {

@@ -11,22 +11,16 @@ namespace wrt::test {
 namespace {
 
 WRTTestClassBridge *hostileBridge() {
-  resetScript();
-  clearCrossings();
   return [WRTTestClassBridge bridgeTransfer:implement::make<HostileObject>().detach()->identity()];
 }
 
-const Cell otherSuccessCodes("hostile.return.any.success_codes", [] {
+const MemberCell oddSuccesses("hostile.return.any.odd_successes", [] {
   WRTTestClassBridge *bridge = hostileBridge();
   NSError *error = staleError();
   [bridge voidFunctionWithError:&error];
-  EXPECT_EQ(nil, error);
+  EXPECT_EQ(nil, error) << "a code other than zero";
   EXPECT_EQ(5, [bridge returnPrimitiveWithError:&error]);
-});
-
-const Cell nothingWritten("hostile.return.any.nothing_written", [] {
-  WRTTestClassBridge *bridge = hostileBridge();
-  EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]);
+  EXPECT_EQ(nil, [bridge returnInterfaceWithError:nullptr]) << "nothing is written";
   EXPECT_EQ(nil, [bridge returnRtcWithError:nullptr]);
   EXPECT_EQ(0u, [[bridge returnStringWithError:nullptr] length]);
   NSArray *array = [bridge returnStringArrayWithError:nullptr];
@@ -34,7 +28,7 @@ const Cell nothingWritten("hostile.return.any.nothing_written", [] {
   EXPECT_EQ(0u, [array count]);
 });
 
-const Cell lyingCounts("hostile.out.array.lying_counts", [] {
+const MemberCell lyingCounts("hostile.out.array.lying_counts", [] {
   WRTTestClassBridge *bridge = hostileBridge();
   NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
   [bridge outInterfaceArrayWithArr:array error:nullptr];
@@ -47,154 +41,130 @@ const Cell lyingCounts("hostile.out.array.lying_counts", [] {
   EXPECT_EQ(2u, [array count]);
   EXPECT_EQ([NSNull null], [array lastObject]) << "a block starts empty";
   EXPECT_EQ(" ", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
-  clearCrossings();
 });
 
-using Bridge = id<WRTTestInterfaceBridge>;
-using Error = NSError **;
-
-/// Calls members that cross in every way; `failed` looks at each call, which is to have failed.
-template <class Failed>
-void callInEveryWay(Bridge bridge, Error error, Failed failed) {
-  NSString *text = @"before";
-  id object = bridge;
-  NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-  [bridge voidFunctionWithError:error];
-  failed();
-  [bridge inStringWithArg:@"text" error:error];
-  failed();
-  [bridge inStringArrayWithArr:@[ @"a", @"b" ] error:error];
-  failed();
-  [bridge inInterfaceArrayWithArr:@[ bridge, bridge ] error:error];
-  failed();
-  [bridge outStringWithArg:&text error:error];
-  failed();
-  [bridge outInterfaceWithArg:&object error:error];
-  failed();
-  [bridge outRtcArrayWithArr:array error:error];
-  failed();
-  [bridge outStringArrayPreallocatedWithSize:3 arr:array error:error];
-  failed();
-  EXPECT_TRUE([text isEqual:@"before"]);
-  EXPECT_EQ(bridge, object);
-  EXPECT_EQ("before", joined(array));
-  EXPECT_EQ(0, [bridge returnStructWithError:error].x);
-  failed();
-  EXPECT_EQ(nil, [bridge returnRtcWithError:error]);
-  failed();
-  EXPECT_EQ(nil, [bridge returnInterfaceArrayWithError:error]);
-  failed();
-  EXPECT_EQ(nil, [bridge returnStringArrayPreallocatedWithSize:2 error:error]);
-  failed();
-  EXPECT_EQ(nil, [bridge returnStringWithError:error]);
-  failed();
-}
-
 // Every negative number is a failure, and what stands in the out-values then is nobody's.
-const Cell wildStatuses("hostile.all.any.wild_statuses", [] {
-  forBothClasses([](Bridge bridge) {
-    for (HRESULT status : {INT32_MIN, INT32_MIN + 1, -1, static_cast<int32_t>(0xCCCCCCCC)}) {
-      script().status = status;
-      script().poisons = true;
+const MemberCell wildStatuses("hostile.all.any.wild_statuses", [](Bridge bridge) {
+  NSString *text = @"before";
+  id interface = bridge, object = bridge;
+  NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+  const std::function<void(NSError **)> calls[] = {
+      [&](auto error) { [bridge voidFunctionWithError:error]; },
+      [&](auto error) { [bridge inStringWithArg:@"text" error:error]; },
+      [&](auto error) { [bridge inStringArrayWithArr:@[ @"a", @"b" ] error:error]; },
+      [&](auto error) { [bridge inInterfaceArrayWithArr:@[ bridge, bridge ] error:error]; },
+      [&](auto error) { [bridge outStringWithArg:&text error:error]; },
+      [&](auto error) { [bridge outInterfaceWithArg:&interface error:error]; },
+      [&](auto error) { [bridge outRtcWithArg:&object error:error]; },
+      [&](auto error) { [bridge outStringArrayWithArr:array error:error]; },
+      [&](auto error) { [bridge outRtcArrayWithArr:array error:error]; },
+      [&](auto error) { [bridge outStringArrayPreallocatedWithSize:3 arr:array error:error]; },
+      [&](auto error) { [bridge outRtcArrayPreallocatedWithSize:2 arr:array error:error]; },
+      [&](auto error) { EXPECT_EQ(0, [bridge returnPrimitiveWithError:error]); },
+      [&](auto error) { EXPECT_EQ(0, [bridge returnStructWithError:error].x); },
+      [&](auto error) { EXPECT_EQ(nil, [bridge returnInterfaceWithError:error]); },
+      [&](auto error) { EXPECT_EQ(nil, [bridge returnRtcWithError:error]); },
+      [&](auto error) { EXPECT_EQ(nil, [bridge returnStringWithError:error]); },
+      [&](auto error) { EXPECT_EQ(nil, [bridge returnInterfaceArrayWithError:error]); },
+      [&](auto error) { EXPECT_EQ(nil, [bridge returnStringArrayWithError:error]); },
+      [&](auto error) {
+        EXPECT_EQ(nil, [bridge returnStringArrayPreallocatedWithSize:2 error:error]);
+        EXPECT_EQ(nil, [bridge returnRtcArrayPreallocatedWithSize:4 error:error]);
+      }};
+  script().poisons = true;
+  for (HRESULT status : {INT32_MIN, INT32_MIN + 1, -1, static_cast<int32_t>(0xCCCCCCCC)}) {
+    script().status = status;
+    for (const auto &call : calls) {
       NSError *error = staleError();
-      callInEveryWay(bridge, &error, [&] {
-        EXPECT_EQ(status, [error code]);
-        error = staleError();
-      });
-      callInEveryWay(bridge, nullptr, [] {});
+      call(&error);
+      EXPECT_EQ(status, [error code]) << &call - calls;
+      call(nullptr);
     }
-    clearCrossings();
-  });
+  }
+  EXPECT_TRUE([text isEqual:@"before"]);
+  EXPECT_TRUE(interface == bridge && object == bridge);
+  EXPECT_EQ("before", joined(array));
 });
 
 // Every unit arrives, whatever it is, in every place that a string has.
-const Cell oddStrings("hostile.all.strings.odd", [] {
-  const std::u16string odd[] = {{0},           {'a', 0, 'b', 0},     {0xD800}, {0xDFFF, 0xD800},
-                                {0xFEFF, 'a'}, {0xFFFF, 0xD83D, 'x'}};
-  expectLeftover({.strings = 2 * static_cast<int>(std::size(odd))}); // of the results
-  forBothClasses([&](Bridge bridge) {
-    const auto unitsOf = [](NSString *text) {
-      std::u16string units([text length], u' ');
-      [text getCharacters:reinterpret_cast<unichar *>(units.data())];
-      return units;
-    };
-    for (const std::u16string &units : odd) {
-      script().string = units;
-      NSString *const text = [bridge returnStringWithError:nullptr];
-      EXPECT_EQ(units, unitsOf(text));
-      clearCrossings();
-      [bridge inStringWithArg:text error:nullptr];
-      [bridge inStringArrayWithArr:@[ text, text ] error:nullptr];
-      const std::string narrowed = "\"" + narrow(units) + "\"";
-      EXPECT_EQ(
-          (Crossings{"InString " + narrowed, "InStringArray [" + narrowed + ", " + narrowed + "]"}),
-          takeCrossings());
-    }
-  });
+const MemberCell oddStrings("hostile.all.strings.odd", [](Bridge bridge) {
+  for (const std::u16string &units : std::initializer_list<std::u16string>{{0},
+                                                                           {'a', 0, 'b', 0},
+                                                                           {0xD800},
+                                                                           {0xDFFF, 0xD800},
+                                                                           {0xFEFF, 'a'},
+                                                                           {0xFFFF, 0xD83D, 'x'}}) {
+    expectLeftover({.strings = 1}); // the result
+    script().string = units;
+    NSString *const text = [bridge returnStringWithError:nullptr];
+    std::u16string back([text length], u' ');
+    [text getCharacters:reinterpret_cast<unichar *>(back.data())];
+    EXPECT_EQ(units, back);
+    clearCrossings();
+    [bridge inStringWithArg:text error:nullptr];
+    [bridge inStringArrayWithArr:@[ text, text ] error:nullptr];
+    const std::string narrowed = "\"" + narrow(units) + "\"";
+    EXPECT_EQ(
+        (Crossings{"InString " + narrowed, "InStringArray [" + narrowed + ", " + narrowed + "]"}),
+        takeCrossings());
+  }
 });
 
 // A component that calls back, takes the bridge away or changes arrays while it is called.
-const Cell meddling("hostile.all.any.meddling", [] {
+const MemberCell meddling("hostile.all.any.meddling", [] {
   auto object = implement::make<HostileObject>();
-  resetScript();
-  @autoreleasepool {
-    __block WRTTestClassBridge *bridge =
-        [[WRTTestClassBridge alloc] initWithInner:implement::ComPtr(object).detach()->identity()];
-    __block NSMutableArray *array = [NSMutableArray arrayWithObjects:bridge, bridge, nil];
-    NSError *error = nil;
-    void (^const callBack)() = ^{
-      object->meddle = [] {};
-      [bridge inStringWithArg:@"again" error:nullptr];
-      [bridge outStringArrayWithArr:[NSMutableArray array] error:nullptr];
-    };
-    void (^const emptyTheArray)() = ^{
-      [array removeAllObjects];
-    };
-    void (^const fillTheArray)() = ^{
-      [array addObject:@"more"];
-    };
-    expectLeftover({.taskBlocks = 9}); // of the arrays that are handed out
-    for (void (^meddle)() : {callBack, emptyTheArray, fillTheArray}) {
-      object->meddle = meddle;
-      [bridge inInterfaceArrayWithArr:array error:&error];
-      EXPECT_EQ(nil, error);
-      object->meddle = meddle;
-      [bridge outStringArrayWithArr:array error:&error];
-      EXPECT_EQ("0 1 2", joined(array));
-      object->meddle = meddle;
-      EXPECT_EQ(3u, [[bridge returnRtcArrayWithError:&error] count]);
-      [array setArray:@[ bridge, bridge ]];
-    }
-    [array removeAllObjects];
-    object->meddle = ^{
-      [bridge release];
-      bridge = nil;
-    };
-    [bridge inStringWithArg:@"last" error:&error];
-    EXPECT_EQ(nil, error) << "the call holds the object";
-    EXPECT_EQ(nil, bridge);
-    [bridge release];
+  __block WRTTestClassBridge *bridge =
+      [[WRTTestClassBridge alloc] initWithInner:implement::ComPtr(object).detach()->identity()];
+  __block NSMutableArray *array = [NSMutableArray arrayWithObjects:bridge, bridge, nil];
+  NSError *error = nil;
+  void (^const callBack)() = ^{
     object->meddle = [] {};
+    [bridge inStringWithArg:@"again" error:nullptr];
+    [bridge outStringArrayWithArr:[NSMutableArray array] error:nullptr];
+  };
+  void (^const emptyTheArray)() = ^{
+    [array removeAllObjects];
+  };
+  void (^const fillTheArray)() = ^{
+    [array addObject:@"more"];
+  };
+  expectLeftover({.taskBlocks = 9}); // of the arrays that are handed out
+  for (void (^meddle)() : {callBack, emptyTheArray, fillTheArray}) {
+    object->meddle = meddle;
+    [bridge inInterfaceArrayWithArr:array error:&error];
+    EXPECT_EQ(nil, error);
+    object->meddle = meddle;
+    [bridge outStringArrayWithArr:array error:&error];
+    EXPECT_EQ("0 1 2", joined(array));
+    object->meddle = meddle;
+    EXPECT_EQ(3u, [[bridge returnRtcArrayWithError:&error] count]);
+    [array setArray:@[ bridge, bridge ]];
   }
-  clearCrossings();
+  [array removeAllObjects];
+  object->meddle = ^{
+    [bridge release];
+    bridge = nil;
+  };
+  [bridge inStringWithArg:@"last" error:&error];
+  EXPECT_EQ(nil, error) << "the call holds the object";
+  EXPECT_EQ(nil, bridge);
+  [bridge release];
+  object->meddle = [] {};
 });
 
 // A delegate that is invoked when nobody wants it any more: twice at once on each of eight threads.
-const Cell lateDelegate("hostile.in.delegate.late", [] {
+const MemberCell lateDelegate("hostile.in.delegate.late", [] {
   std::atomic<int> calls = 0;
   std::atomic<int> *const counter = &calls;
-  resetScript();
   script().invocations = 0;
   script().keepsDelegate = true;
   @autoreleasepool {
-    Bridge bridge = static_cast<Bridge>(newBridge([WRTTestClassBridge class]));
-    [bridge
-        inDelegateWithArg:^HRESULT(int, NSString *, id i, WRTTestClassBridge *c) {
-          [static_cast<Bridge>(i) voidFunctionWithError:nullptr];
-          *counter += i == nil && c == nil ? 1 : 1000;
-          return 0;
-        }
-                    error:nullptr];
+    handIn(newBridge([WRTTestClassBridge class]),
+           ^HRESULT(int, NSString *, Bridge i, WRTTestClassBridge *c) {
+             [i voidFunctionWithError:nullptr];
+             *counter += i == nil && c == nil ? 1 : 1000;
+             return 0;
+           });
   }
   std::vector<Thread> threads;
   for (int i = 0; i < 8; ++i)
@@ -206,7 +176,6 @@ const Cell lateDelegate("hostile.in.delegate.late", [] {
   for (Thread &thread : threads)
     thread.join();
   EXPECT_EQ(16, calls);
-  clearCrossings();
 });
 
 } // namespace

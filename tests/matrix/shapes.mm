@@ -71,6 +71,9 @@ private:
   ProbeObject object_;
 };
 
+template <class Shape>
+constexpr Member<Shape> kMember{OneFunction::interface, 6};
+
 template <class T>
 T received;
 
@@ -81,13 +84,10 @@ HRESULT WRT_ABI echo(void *, T value, T *result) {
 }
 
 template <class T>
-constexpr Member<Value<T>(Value<T>)> kEcho{OneFunction::interface, 6};
-
-template <class T>
 void roundTrip(std::initializer_list<T> values) {
   OneFunction object(&echo<T>);
   for (T value : values) {
-    const T result = call(nil, kEcho<T>, value, nullptr);
+    const T result = call(nil, kMember<Value<T>(Value<T>)>, value, nullptr);
     EXPECT_EQ(0, std::memcmp(&result, &value, sizeof value)) << value;
     EXPECT_EQ(0, std::memcmp(&received<T>, &value, sizeof value)) << value;
   }
@@ -113,7 +113,6 @@ const Cell widths("scalar.all.every_width.normal", [] {
 const Cell booleans("boolean.all.any_byte.normal", [] {
   static unsigned char answer;
   static bool received;
-  static constexpr Member<Boolean(Boolean)> member{OneFunction::interface, 6};
   OneFunction object(+[](void *, bool value, unsigned char *result) WRT_ABI -> HRESULT {
     received = value;
     *result = answer;
@@ -121,7 +120,7 @@ const Cell booleans("boolean.all.any_byte.normal", [] {
   });
   for (unsigned char byte : {0, 1, 2, 0x80, 0xCC, 0xFF}) {
     answer = byte;
-    const bool result = call(nil, member, true, nullptr);
+    const bool result = call(nil, kMember<Boolean(Boolean)>, true, nullptr);
     unsigned char stored;
     std::memcpy(&stored, &result, 1);
     EXPECT_EQ(byte ? 1 : 0, stored) << "exactly 1 for any byte but 0";
@@ -136,10 +135,8 @@ struct Pair {
 
 const Cell spills("scalar.in.spilled.normal", [] {
   static std::string received;
-  static constexpr Member<Value<double>(Value<int>, Value<long long>, Value<float>, Boolean,
-                                        Value<GUID>, Value<Pair>, Value<double>, Value<short>,
-                                        Value<long long>)>
-      member{OneFunction::interface, 6};
+  using Shape = Value<double>(Value<int>, Value<long long>, Value<float>, Boolean, Value<GUID>,
+                              Value<Pair>, Value<double>, Value<short>, Value<long long>);
   OneFunction object(+[](void *, int a, long long b, float c, bool d, GUID e, Pair f, double g,
                          short h, long long i, double *result) WRT_ABI -> HRESULT {
     std::ostringstream text;
@@ -150,7 +147,7 @@ const Cell spills("scalar.in.spilled.normal", [] {
     return 0;
   });
   const GUID guid = {9, 8, 7, {1, 2, 3, 4, 5, 6, 7, 8}};
-  EXPECT_EQ(0.5, call(nil, member, -1, 1ll << 40, 1.5f, true, guid, Pair{2.5f, 3.5f}, -4.25,
+  EXPECT_EQ(0.5, call(nil, kMember<Shape>, -1, 1ll << 40, 1.5f, true, guid, Pair{2.5f, 3.5f}, -4.25,
                       static_cast<short>(-7), -1ll, nullptr));
   EXPECT_EQ("-1 1099511627776 1.5 1 9 8 2.5 3.5 -4.25 -7 -1", received);
 });
@@ -158,8 +155,7 @@ const Cell spills("scalar.in.spilled.normal", [] {
 // A bulk read leaves the strings that it converts to WinRT's side.
 const Cell bulkRead("string.return.bulk_read.normal", [] {
   static uint32_t delivered;
-  static constexpr Member<BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>)> member{
-      OneFunction::interface, 6};
+  constexpr auto &member = kMember<BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>)>;
   OneFunction object(+[](void *, uint32_t start, uint32_t capacity, HSTRING *block,
                          uint32_t *actual) WRT_ABI -> HRESULT {
     for (uint32_t i = 0; i < std::min(capacity, delivered); ++i)
@@ -177,31 +173,24 @@ const Cell bulkRead("string.return.bulk_read.normal", [] {
   delivered = 1000;
   EXPECT_EQ("x", joined(call(nil, member, 1u, 1u, nullptr))) << "never more than asked for";
   delivered = 0;
-  NSError *error = nil;
-  EXPECT_EQ(nil, call(nil, member, 9u, 1u, &error));
-  EXPECT_EQ(kFailure, [error code]);
+  EXPECT_FAILS(kFailure, call(nil, member, 9u, 1u, &failure));
 });
 
 // The other strings whose handles stay on WinRT's side.
 const Cell stringsHandedOut("string.out.any.handles", [] {
-  static constexpr Member<String()> returning{OneFunction::interface, 6};
-  static constexpr Member<Void(Out<String>)> handing{OneFunction::interface, 6};
-  const auto answer =
-      +[](void *, HSTRING *result) WRT_ABI -> HRESULT { return makeString(u"text", result); };
-  static constexpr Member<ReturnedFill<StringElements>(Capacity<int>)> filling{
-      OneFunction::interface, 6};
-  const auto fill = +[](void *, int, int *count, HSTRING *block) WRT_ABI -> HRESULT {
+  expectLeftover({.strings = 3});
+  OneFunction object(+[](void *, HSTRING *result)
+                          WRT_ABI -> HRESULT { return makeString(u"text", result); });
+  EXPECT_TRUE([call(nil, kMember<String()>, nullptr) isEqual:@"text"]);
+  NSString *string = nil;
+  call(nil, kMember<Void(Out<String>)>, &string, nullptr);
+  EXPECT_TRUE([string isEqual:@"text"]);
+  OneFunction filler(+[](void *, int, int *count, HSTRING *block) WRT_ABI -> HRESULT {
     *count = 1;
     return makeString(u"text", block);
-  };
-  expectLeftover({.strings = 3});
-  OneFunction object(answer);
-  EXPECT_TRUE([call(nil, returning, nullptr) isEqual:@"text"]);
-  NSString *string = nil;
-  call(nil, handing, &string, nullptr);
-  EXPECT_TRUE([string isEqual:@"text"]);
-  OneFunction filler(fill);
-  EXPECT_EQ("text", joined(call(nil, filling, 1, nullptr)));
+  });
+  EXPECT_EQ("text",
+            joined(call(nil, kMember<ReturnedFill<StringElements>(Capacity<int>)>, 1, nullptr)));
 });
 
 /// An accessor that gives nothing and says nothing.
@@ -230,11 +219,8 @@ const Cell nulls("frame.all.any.success_with_null", [] {
     const Member<Void(Object)> single{OneFunction::interface, 6, accessor};
     const Member<Void(Array<ObjectElements>)> array{OneFunction::interface, 6, accessor};
     const HRESULT status = accessor == noInterface ? kNoInterface : [before code];
-    call(nil, single, @"argument", &error);
-    EXPECT_EQ(status, [error code]);
-    error = nil;
-    call(nil, array, @[ @"element" ], &error);
-    EXPECT_EQ(status, [error code]);
+    EXPECT_FAILS(status, call(nil, single, @"argument", &failure));
+    EXPECT_FAILS(status, call(nil, array, @[ @"element" ], &failure));
   }
   EXPECT_EQ(0, calls);
   static constexpr Member<Void(Delegate)> delegating{OneFunction::interface, 6, noDelegate};
@@ -248,7 +234,7 @@ const Cell nulls("frame.all.any.success_with_null", [] {
 const Cell elementOrder("string.in.array.order", [] {
   static void *block;
   static std::vector<const void *> handles;
-  static constexpr Member<Void(Array<StringElements>)> member{OneFunction::interface, 6};
+  constexpr auto &member = kMember<Void(Array<StringElements>)>;
   OneFunction object(+[](void *, int32_t count, HSTRING *cells) WRT_ABI -> HRESULT {
     block = cells;
     handles.assign(cells, cells + count);

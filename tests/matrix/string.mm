@@ -9,64 +9,55 @@ namespace wrt::test {
 
 namespace {
 
-const Cell stringIn("string.in.single.normal", [] {
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    const implement::StringHolder lone(u"a\xD800");
-    NSString *odd = WRTCreateNSStringFromHSTRING(lone.get());
-    NSMutableString *mutableString = [NSMutableString stringWithString:@"mutable"];
-    for (NSString *string in @[ @"plain", @"naïve 😀", odd, mutableString, @"" ])
-      [bridge inStringWithArg:string error:nullptr];
-    NSError *error = staleError();
-    [bridge inStringWithArg:nil error:&error];
-    EXPECT_EQ(nil, error);
-    EXPECT_EQ((Crossings{"InString \"plain\"", "InString \"naïve 😀\"", "InString \"a?\"",
-                         "InString \"mutable\"", "InString null", "InString null"}),
-              takeCrossings());
-  });
+const MemberCell stringIn("string.in.single.normal", [](Bridge bridge) {
+  const implement::StringHolder lone(u"a\xD800");
+  NSString *odd = WRTCreateNSStringFromHSTRING(lone.get());
+  NSMutableString *mutableString = [NSMutableString stringWithString:@"mutable"];
+  for (NSString *string in @[ @"plain", @"naïve 😀", odd, mutableString, @"" ])
+    [bridge inStringWithArg:string error:nullptr];
+  NSError *error = staleError();
+  [bridge inStringWithArg:nil error:&error];
+  EXPECT_EQ(nil, error);
+  EXPECT_EQ((Crossings{"InString \"plain\"", "InString \"naïve 😀\"", "InString \"a?\"",
+                       "InString \"mutable\"", "InString null", "InString null"}),
+            takeCrossings());
 });
 
-const Cell stringInCleanups("string.in.single.cleanups", [] {
-  id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
-  for (HRESULT status : {HRESULT{0}, kFailure}) {
+const MemberCell stringInCleanups("string.in.single.cleanups", [] {
+  Bridge bridge = newBridge([WRTTestInterfaceBridge class]);
+  for (HRESULT status : {kFailure, HRESULT{0}}) {
     script().status = status;
     PlatformTrace trace;
     [bridge inStringWithArg:@"text" error:nullptr];
     EXPECT_EQ("WRTHSTRINGRelease WRTIUnknownRelease", trace.names());
   }
-  resetScript();
   PlatformTrace trace;
   [bridge inStringWithArg:nil error:nullptr];
   [bridge inStringWithArg:@"" error:nullptr];
   EXPECT_EQ("WRTIUnknownRelease WRTIUnknownRelease", trace.names()) << "null registers nothing";
 });
 
-const Cell stringOut("string.out.single.normal", [] {
-  // Four strings in all whose handles the bridge does not release.
-  expectLeftover({.strings = 4});
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    NSString *string = nil;
-    [bridge outStringWithArg:&string error:nullptr];
-    EXPECT_TRUE([string isEqual:@"out"]);
-    EXPECT_TRUE([[bridge returnStringWithError:nullptr] isEqual:@"out"]);
-    script().string = u"";
-    EXPECT_EQ(0u, [[bridge returnStringWithError:nullptr] length]);
-  });
+const MemberCell stringOut("string.out.single.normal", [](Bridge bridge) {
+  expectLeftover({.strings = 2}); // the bridge does not release their handles
+  NSString *string = nil;
+  [bridge outStringWithArg:&string error:nullptr];
+  EXPECT_TRUE([string isEqual:@"out"]);
+  EXPECT_TRUE([[bridge returnStringWithError:nullptr] isEqual:@"out"]);
+  script().string = u"";
+  EXPECT_EQ(0u, [[bridge returnStringWithError:nullptr] length]);
 });
 
-const Cell stringArrayIn("string.in.array.normal", [] {
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    [bridge inStringArrayWithArr:@[ @"a", @"", @"c" ] error:nullptr];
-    [bridge inStringArrayWithArr:@[] error:nullptr];
-    [bridge inStringArrayWithArr:nil error:nullptr];
-    EXPECT_EQ(
-        (Crossings{"InStringArray [\"a\", null, \"c\"]", "InStringArray []", "InStringArray []"}),
-        takeCrossings());
-  });
+const MemberCell stringArrayIn("string.in.array.normal", [](Bridge bridge) {
+  for (NSArray *array : { @[ @"a", @"", @"c" ], @[], static_cast<NSArray *>(nil) })
+    [bridge inStringArrayWithArr:array error:nullptr];
+  EXPECT_EQ(
+      (Crossings{"InStringArray [\"a\", null, \"c\"]", "InStringArray []", "InStringArray []"}),
+      takeCrossings());
 });
 
 // More than one batch of clean-ups, last registered first, the block after its elements.
-const Cell stringArrayInCleanups("string.in.array.cleanups", [] {
-  id<WRTTestInterfaceBridge> bridge = newBridge([WRTTestInterfaceBridge class]);
+const MemberCell stringArrayInCleanups("string.in.array.cleanups", [] {
+  Bridge bridge = newBridge([WRTTestInterfaceBridge class]);
   for (NSUInteger count : {0u, 1u, 15u, 16u, 17u, 33u, 1000u}) {
     SCOPED_TRACE(count);
     NSMutableArray *strings = [NSMutableArray array];
@@ -86,57 +77,30 @@ const Cell stringArrayInCleanups("string.in.array.cleanups", [] {
   }
 });
 
-const Cell stringArrayOut("string.out.array.normal", [] {
-  // The element blocks are WinRT's and not freed: one a call, four calls a class.
-  expectLeftover({.taskBlocks = 8});
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outStringArrayWithArr:array error:nullptr];
-    EXPECT_EQ("0 1 2", joined(array));
-    NSMutableArray *returned = [bridge returnStringArrayWithError:nullptr];
-    EXPECT_TRUE([returned isKindOfClass:[NSMutableArray class]]);
-    EXPECT_EQ("0 1 2", joined(returned));
-    failNext(Lack::String);
-    [bridge outStringArrayWithArr:array error:nullptr];
-    EXPECT_EQ(" 1 2", joined(array)) << "what cannot be converted is empty";
-    script().count = 0;
-    [bridge outStringArrayWithArr:array error:nullptr];
-    EXPECT_EQ(0u, [array count]);
-  });
+const MemberCell stringArrayOut("string.out.array.normal", [](Bridge bridge) {
+  expectLeftover({.taskBlocks = 4}); // the element blocks are WinRT's and not freed: one a call
+  NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+  [bridge outStringArrayWithArr:array error:nullptr];
+  EXPECT_EQ("0 1 2", joined(array));
+  NSMutableArray *returned = [bridge returnStringArrayWithError:nullptr];
+  EXPECT_TRUE([returned isKindOfClass:[NSMutableArray class]]);
+  EXPECT_EQ("0 1 2", joined(returned));
+  failNext(Lack::String);
+  [bridge outStringArrayWithArr:array error:nullptr];
+  EXPECT_EQ(" 1 2", joined(array)) << "what cannot be converted is empty";
+  script().count = 0;
+  [bridge outStringArrayWithArr:array error:nullptr];
+  EXPECT_EQ(0u, [array count]);
 });
 
-const Cell stringArrayPreallocated("string.out.array_preallocated.normal", [] {
-  // The returned form alone leaves its elements' handles: two for each class.
-  expectLeftover({.strings = 4});
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outStringArrayPreallocatedWithSize:5 arr:array error:nullptr];
-    EXPECT_EQ("0 1 2", joined(array)) << "fewer than asked for";
-    [bridge outStringArrayPreallocatedWithSize:0 arr:array error:nullptr];
-    EXPECT_EQ(0u, [array count]);
-    EXPECT_EQ("0 1", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
-  });
-});
-
-const Cell stringsFailing("string.all.any.failing", [] {
-  forBothClasses([](id<WRTTestInterfaceBridge> bridge) {
-    script().status = kFailure;
-    script().poisons = true;
-    NSString *string = @"untouched";
-    NSError *error = nil;
-    [bridge outStringWithArg:&string error:&error];
-    EXPECT_TRUE([string isEqual:@"untouched"]);
-    EXPECT_EQ(kFailure, [error code]);
-    EXPECT_EQ(nil, [bridge returnStringWithError:&error]);
-    NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
-    [bridge outStringArrayWithArr:array error:nullptr];
-    [bridge outStringArrayPreallocatedWithSize:2 arr:array error:nullptr];
-    EXPECT_EQ("before", joined(array));
-    EXPECT_EQ(nil, [bridge returnStringArrayWithError:nullptr]);
-    EXPECT_EQ(nil, [bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]);
-    [bridge inStringArrayWithArr:@[ @"a", @"b" ] error:&error];
-    EXPECT_EQ(kFailure, [error code]);
-  });
+const MemberCell stringArrayFilled("string.out.array_preallocated.normal", [](Bridge bridge) {
+  expectLeftover({.strings = 2}); // the returned form alone leaves its elements' handles
+  NSMutableArray *array = [NSMutableArray arrayWithObject:@"before"];
+  [bridge outStringArrayPreallocatedWithSize:5 arr:array error:nullptr];
+  EXPECT_EQ("0 1 2", joined(array)) << "fewer than asked for";
+  [bridge outStringArrayPreallocatedWithSize:0 arr:array error:nullptr];
+  EXPECT_EQ(0u, [array count]);
+  EXPECT_EQ("0 1", joined([bridge returnStringArrayPreallocatedWithSize:2 error:nullptr]));
 });
 
 } // namespace

@@ -14,26 +14,25 @@ namespace wrt::test {
 /// autorelease pool of its own, which is drained before the ledger is compared: everything that the
 /// cell made must be gone, but for what it announced with `expectLeftover`.
 struct Cell {
-  Cell(const char *name, void (*body)());
+  Cell(const char *name, std::function<void()> body);
 };
 
 /// The body of each cell, by name.
-const std::map<std::string, void (*)()> &allCells();
+const std::map<std::string, std::function<void()>> &allCells();
 
 /// Runs a cell for its end alone, whatever its expectations say: empty if nothing was raised and
 /// nothing is left behind but what was announced, or a part of it.
-std::string endOf(void (*body)());
+std::string endOf(const std::function<void()> &body);
 
 /// Whether the running cell was started by `endOf`, where what it waits for may never come.
 bool runsForItsEnd();
 
-/// What the running cell leaves behind because the library keeps it on purpose. To be announced
-/// before it is made.
+/// What the running cell leaves behind because the library keeps it on purpose, beside what it has
+/// announced before. To be announced before it is made.
 struct Leftover {
   int strings = 0;
   int extraHandles = 0; ///< handles beyond one for each string
   int taskBlocks = 0;
-  int objects = 0;
 };
 void expectLeftover(Leftover leftover);
 
