@@ -26,6 +26,12 @@ inline UIntOperation waitingFor(std::shared_ptr<Gate> gate, HRESULT outcome = st
                                   });
 }
 
+/// Has `handler` told when the operation completes.
+inline void setCompleted(UIntOperation operation, NSError **error,
+                         HRESULT (^handler)(UIntOperation, int asyncStatus)) {
+  [operation setCompletedWithHandler:handler error:error];
+}
+
 /// An operation that has ended like that.
 template <class Result>
 id ended(Class type, HRESULT outcome, Stored<Result> result = {}) {

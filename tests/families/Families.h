@@ -4,20 +4,16 @@
 
 #include "platform/linux/components/async/AsyncOperation.h"
 #include "platform/linux/implement/Implements.h"
-#include "tests/support/Cell.h"
-#include "tests/support/LogRecorder.h"
-#include "tests/support/PlatformTrace.h"
-#include "tests/support/ProbeObject.h"
+#include "tests/support/Bridges.h"
 
-#import <WRTObjcBridge/WRTInterfaceProxy.h>
+#import <WRTObjcBridge/IMap.h>
+#import <WRTObjcBridge/IVector.h>
 
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 
 namespace wrt::test {
-
-inline constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002); // E_NOINTERFACE
 
 /// How long a cell waits for what should come soon.
 inline std::chrono::milliseconds patience() {
@@ -49,16 +45,25 @@ struct PoolDrained {
   ~PoolDrained() { implement::waitForPool(); }
 };
 
-/// An error variable that holds something, as a caller's may from an earlier call.
-inline NSError *staleErrorOfCaller() {
-  return [NSError errorWithDomain:@"stale" code:1 userInfo:nil];
-}
-
 /// A declaration of `Interface` without its members, for objects that are only passed around.
 template <class Interface>
 struct Memberless : abi::IInspectable {
   static constexpr GUID kIid = Interface::kIid;
 };
+
+/// The component's own declaration of an interface, asked of the object: identifiers are computed
+/// there by other code.
+template <class Interface>
+implement::ComPtr<Interface> askFor(id bridge) {
+  const implement::ComPtr object(static_cast<abi::IInspectable *>([bridge inner]));
+  return object ? object.template as<Interface>() : nullptr;
+}
+
+/// Sees that an empty vector of strings does what every one does, whoever made it.
+void checkStrings(id<WRTIVector__1_WRTHSTRING_Bridge> vector);
+
+/// Sees the same of an empty map of lists.
+void checkLists(id<WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge> map);
 
 /// An object that says it has `Interface`.
 template <class Interface>
@@ -69,13 +74,6 @@ public:
     return implement::interfaceCast<Interface>(static_cast<Memberless<Interface> *>(this));
   }
 };
-
-/// A bridge of `type`, autoreleased, around a new object that lacks every interface.
-inline id strangerOf(Class type) {
-  ProbeObject &object = lasting<ProbeObject>();
-  object.queryStatus = kNoInterface;
-  return [type bridge:&object];
-}
 
 /// A bridge of `type`, autoreleased, for the operation that runs `work`.
 template <class Result = void, class Progress = void, class Lambda>

@@ -13,7 +13,8 @@ namespace {
 using ProgressBridge = WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge;
 using ProgressOperation = id<WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT32_Bridge>;
 
-// The handler gets a bridge of the same class for the same object, and the status.
+// The handler gets a bridge of the same class for the same object, and the status. Results can be
+// read from then on, as often as one likes.
 const Cell handlerBefore("async.handler.set_before_completion.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
@@ -21,39 +22,46 @@ const Cell handlerBefore("async.handler.set_before_completion.normal", [] {
   Gate *const calledGate = &called;
   UIntOperation operation = waitingFor(gate);
   void *const object = [static_cast<id>(operation) inner];
-  NSError *error = staleErrorOfCaller();
-  [operation
-      setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-        EXPECT_EQ([UIntBridge class], [static_cast<id>(done) class]);
-        EXPECT_EQ(object, [static_cast<id>(done) inner]);
-        EXPECT_EQ(WRTAsyncStatusCompleted, asyncStatus);
-        EXPECT_EQ(17u, [done getResultsWithError:nullptr]);
-        calledGate->open();
-        return 0;
-      }
-                        error:&error];
+  NSError *error = staleError();
+  setCompleted(operation, &error, ^HRESULT(UIntOperation done, int asyncStatus) {
+    EXPECT_EQ([UIntBridge class], [static_cast<id>(done) class]);
+    EXPECT_EQ(object, [static_cast<id>(done) inner]);
+    EXPECT_EQ(WRTAsyncStatusCompleted, asyncStatus);
+    EXPECT_EQ(17u, [done getResultsWithError:nullptr]);
+    calledGate->open();
+    return 0;
+  });
   EXPECT_EQ(nil, error);
   EXPECT_EQ(WRTAsyncStatusStarted, [infoOf(operation) getStatusWithError:nullptr]);
+  EXPECT_FAILS(status::kIllegalMethodCall, [operation getResultsWithError:&failure]);
   gate->open();
   called.wait();
   EXPECT_EQ(WRTAsyncStatusCompleted, [infoOf(operation) getStatusWithError:nullptr]);
   EXPECT_EQ(0, [infoOf(operation) getErrorCodeWithError:&error]);
+  EXPECT_EQ(17u, [operation getResultsWithError:&error]);
+  EXPECT_EQ(nil, error);
 });
 
 // Set after completion the handler runs before the member returns, on the caller's thread.
 const Cell handlerAfter("async.handler.set_after_completion.normal", [] {
   const auto thread = std::this_thread::get_id();
-  __block int calls = 0;
-  [static_cast<UIntOperation>(ended<UInt32>([UIntBridge class], status::kOk, 5))
-      setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-        EXPECT_EQ(thread, std::this_thread::get_id());
-        EXPECT_EQ(WRTAsyncStatusCompleted, asyncStatus);
-        EXPECT_EQ(5u, [done getResultsWithError:nullptr]);
-        ++calls;
-        return 0;
-      }
-                        error:nullptr];
-  EXPECT_EQ(1, calls);
+  for (HRESULT outcome : {status::kOk, status::kBounds}) {
+    __block int calls = 0;
+    UIntOperation operation = ended<UInt32>([UIntBridge class], outcome, 5);
+    setCompleted(operation, nullptr, ^HRESULT(UIntOperation done, int asyncStatus) {
+      EXPECT_EQ(thread, std::this_thread::get_id());
+      EXPECT_EQ(outcome < 0 ? WRTAsyncStatusError : WRTAsyncStatusCompleted, asyncStatus);
+      NSError *error = nil;
+      EXPECT_EQ(outcome < 0 ? 0u : 5u, [done getResultsWithError:&error]);
+      EXPECT_EQ(outcome, [error code]);
+      ++calls;
+      return 0;
+    });
+    EXPECT_EQ(1, calls);
+    NSError *error = staleError();
+    EXPECT_EQ(outcome, [infoOf(operation) getErrorCodeWithError:&error]);
+    EXPECT_EQ(nil, error) << "a number, not an error";
+  }
 });
 
 const Cell handlerTwice("async.handler.set_twice.refused", [] {
@@ -66,16 +74,12 @@ const Cell handlerTwice("async.handler.set_twice.refused", [] {
     ++*counter;
     return 0;
   };
-  [operation setCompletedWithHandler:count error:nullptr];
-  NSError *error = nil;
-  [operation setCompletedWithHandler:count error:&error];
-  EXPECT_EQ(status::kIllegalDelegateAssignment, [error code]);
+  setCompleted(operation, nullptr, count);
+  EXPECT_FAILS(status::kIllegalDelegateAssignment, setCompleted(operation, &failure, count));
   gate->open();
   waitForPool();
   EXPECT_EQ(1, calls) << "the refused handler is not called";
-  error = nil;
-  [operation setCompletedWithHandler:count error:&error];
-  EXPECT_EQ(status::kIllegalDelegateAssignment, [error code]);
+  EXPECT_FAILS(status::kIllegalDelegateAssignment, setCompleted(operation, &failure, count));
   EXPECT_EQ(1, calls);
 });
 
@@ -97,23 +101,19 @@ const Cell cancelRunning("async.cancel.running.normal", [] {
         result = 5;
         return status::kOk;
       });
-  [operation
-      setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-        EXPECT_EQ(WRTAsyncStatusCanceled, asyncStatus);
-        NSError *error = nil;
-        EXPECT_EQ(0u, [done getResultsWithError:&error]);
-        EXPECT_EQ(status::kAbort, [error code]);
-        calledGate->open();
-        return 0;
-      }
-                        error:nullptr];
+  setCompleted(operation, nullptr, ^HRESULT(UIntOperation done, int asyncStatus) {
+    EXPECT_EQ(WRTAsyncStatusCanceled, asyncStatus);
+    EXPECT_FAILS(status::kAbort, [done getResultsWithError:&failure]);
+    calledGate->open();
+    return 0;
+  });
   started->wait();
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   [infoOf(operation) cancelWithError:&error];
   EXPECT_EQ(nil, error);
   EXPECT_EQ(WRTAsyncStatusCanceled, [infoOf(operation) getStatusWithError:nullptr]);
-  [infoOf(operation) closeWithError:&error];
-  EXPECT_EQ(status::kIllegalStateChange, [error code]) << "the work has not ended";
+  EXPECT_FAILS(status::kIllegalStateChange, [infoOf(operation) closeWithError:&failure])
+      << "the work has not ended";
   proceed->open();
   called.wait();
   [infoOf(operation) cancelWithError:&error];
@@ -138,17 +138,15 @@ const Cell cancelRaces("async.cancel.other_threads.normal", [] {
           [info cancelWithError:nullptr];
         }
       });
-      [operation
-          setCompletedWithHandler:^HRESULT(UIntOperation done, int asyncStatus) {
-            NSError *error = nil;
-            const unsigned int result = [done getResultsWithError:&error];
-            EXPECT_TRUE(asyncStatus == WRTAsyncStatusCompleted
-                            ? result == 17 && !error
-                            : asyncStatus == WRTAsyncStatusCanceled && error);
-            ++*counter;
-            return 0;
-          }
-                            error:nullptr];
+      setCompleted(operation, nullptr, ^HRESULT(UIntOperation done, int asyncStatus) {
+        NSError *error = nil;
+        const unsigned int result = [done getResultsWithError:&error];
+        EXPECT_TRUE(asyncStatus == WRTAsyncStatusCompleted
+                        ? result == 17 && !error
+                        : asyncStatus == WRTAsyncStatusCanceled && error);
+        ++*counter;
+        return 0;
+      });
       canceling.join();
     }
   }
@@ -160,29 +158,22 @@ const Cell closed("async.close.all.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
   UIntOperation operation = waitingFor(gate);
-  NSError *error = nil;
-  [infoOf(operation) closeWithError:&error];
-  EXPECT_EQ(status::kIllegalStateChange, [error code]) << "while it runs";
+  id<WRTIAsyncInfoBridge> info = infoOf(operation);
+  EXPECT_FAILS(status::kIllegalStateChange, [info closeWithError:&failure]) << "while it runs";
   gate->open();
   waitForPool();
-  [infoOf(operation) closeWithError:&error];
-  EXPECT_EQ(nil, error);
-  [infoOf(operation) closeWithError:&error];
-  EXPECT_EQ(nil, error) << "again is no failure";
-  EXPECT_EQ(0, [infoOf(operation) getStatusWithError:&error]);
-  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
-  error = nil;
-  EXPECT_EQ(0u, [operation getResultsWithError:&error]);
-  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
-  __block int calls = 0;
-  [operation
-      setCompletedWithHandler:^HRESULT(UIntOperation, int) {
-        ++calls;
-        return 0;
-      }
-                        error:&error];
-  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
-  EXPECT_EQ(0, calls);
+  for (int time = 0; time < 2; ++time) {
+    NSError *error = staleError();
+    [info closeWithError:&error];
+    EXPECT_EQ(nil, error) << "again is no failure";
+  }
+  EXPECT_FAILS(status::kIllegalMethodCall, [info getStatusWithError:&failure]);
+  EXPECT_FAILS(status::kIllegalMethodCall, [operation getResultsWithError:&failure]);
+  const auto never = ^HRESULT(UIntOperation, int) {
+    ADD_FAILURE() << "called after all";
+    return 0;
+  };
+  EXPECT_FAILS(status::kIllegalMethodCall, setCompleted(operation, &failure, never));
 });
 
 // A progress handler that is set when there is nothing to report any more is not kept: here it
@@ -193,12 +184,11 @@ const Cell progressAfterEnd("async.progress.after_end.normal", [] {
       [ProgressBridge class], [](const Work<UInt32> &, uint32_t &) { return status::kOk; });
   waitForPool();
   NSError *error = nil;
-  [operation
-      setProgressWithHandler:^HRESULT(ProgressOperation, unsigned int) {
-        [operation getResultsWithError:nullptr];
-        return 0;
-      }
-                       error:&error];
+  const auto handler = ^HRESULT(ProgressOperation, unsigned int) {
+    [operation getResultsWithError:nullptr];
+    return 0;
+  };
+  [operation setProgressWithHandler:handler error:&error];
   EXPECT_EQ(nil, error);
 });
 

@@ -40,22 +40,12 @@ bool same(const T &left, const T &right) {
   return std::memcmp(&left, &right, sizeof(T)) == 0;
 }
 
-/// Sends a message whose selector is put together from a type's name.
-template <class Result, class... Arguments>
-Result send(id receiver, const std::string &selector, Arguments... arguments) {
-  SEL name = sel_getUid(selector.c_str());
-  using Function = Result (*)(id, SEL, Arguments...);
-  auto *function = reinterpret_cast<Function>(
-      reinterpret_cast<void *>(class_getMethodImplementation(object_getClass(receiver), name)));
-  return function(receiver, name, arguments...);
-}
-
 /// Boxes each of `values` and reads it again.
 template <class T>
 void roundTrip(int type, const std::string &name, std::initializer_list<T> values) {
   SCOPED_TRACE(name);
   for (const T &value : values) {
-    NSError *error = staleErrorOfCaller();
+    NSError *error = staleError();
     id boxed = send<id>([Values class], "create" + name + "WithValue:error:", value, &error);
     ASSERT_NE(nil, boxed);
     EXPECT_EQ(nil, error);
@@ -89,88 +79,57 @@ const Cell values("boxing.scalar.values.normal", [] {
 });
 
 const Cell objects("boxing.scalar.objects.normal", [] {
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   Boxed inner = [Values createEmptyWithError:&error];
   EXPECT_EQ(0, [valueOf(inner) getTypeWithError:&error]);
   EXPECT_TRUE([static_cast<id>(inner) isEqual:[Values createInspectableWithValue:inner
                                                                            error:&error]]);
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(nil, [Values createInspectableWithValue:nil error:&error]);
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  EXPECT_EQ(nil, [Values createInspectableWithValue:strangerOf([WRTIInspectableBridge class])
-                                              error:&error]);
-  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_FAILS(status::kInvalidArgument, [Values createInspectableWithValue:nil error:&failure]);
+  const id stranger = strangerOf([WRTIInspectableBridge class]);
+  EXPECT_FAILS(kNoInterface, [Values createInspectableWithValue:stranger error:&failure]);
 });
 
 const Cell wrongType("boxing.scalar.any.wrong_type", [] {
-  Boxed text = [Values createStringWithValue:@"17" error:nullptr];
-  Boxed truth = [Values createBooleanWithValue:true error:nullptr];
-  Boxed character = [Values createChar16WithValue:17 error:nullptr];
-  Boxed number = [Values createInt32WithValue:17 error:nullptr];
-  NSError *error = nil;
-  const auto mismatch = [&] {
-    const HRESULT code = static_cast<HRESULT>([error code]);
-    error = nil;
-    return code == kTypeMismatch;
-  };
-  for (Boxed boxed : {text, truth, character, [Values createEmptyWithError:nullptr]}) {
-    EXPECT_EQ(0, [valueOf(boxed) getInt32WithError:&error]);
-    EXPECT_TRUE(mismatch());
-  }
-  EXPECT_EQ(nil, [valueOf(number) getStringWithError:&error]);
-  EXPECT_TRUE(mismatch());
-  EXPECT_FALSE([valueOf(number) getBooleanWithError:&error]);
-  EXPECT_TRUE(mismatch());
+  for (Boxed boxed :
+       {[Values createStringWithValue:@"17" error:nullptr],
+        [Values createBooleanWithValue:true error:nullptr],
+        [Values createChar16WithValue:17 error:nullptr], [Values createEmptyWithError:nullptr]})
+    EXPECT_FAILS(kTypeMismatch, [valueOf(boxed) getInt32WithError:&failure]);
+  WRTIPropertyValueBridge *number = valueOf([Values createInt32WithValue:17 error:nullptr]);
+  EXPECT_FAILS(kTypeMismatch, [number getStringWithError:&failure]);
+  EXPECT_FAILS(kTypeMismatch, [number getBooleanWithError:&failure]);
   unsigned int count = 5;
   int stale = 0;
   int *values = &stale;
-  [valueOf(number) getInt32ArrayWithValueSize:&count value:&values error:&error];
-  EXPECT_TRUE(mismatch());
+  EXPECT_FAILS(kTypeMismatch, [number getInt32ArrayWithValueSize:&count
+                                                           value:&values
+                                                           error:&failure]);
   EXPECT_EQ(0u, count);
   EXPECT_EQ(nullptr, values);
 });
 
-/// What a boxed number is as another one; nothing where it does not fit.
-template <class T>
-std::optional<T> as(const char *name, id boxed) {
-  NSError *error = nil;
-  const T value = send<T>(valueOf(boxed), std::string("get") + name + "WithError:", &error);
-  EXPECT_TRUE(error == nil || [error code] == kOverflow);
-  return error ? std::nullopt : std::optional(value);
-}
-
-// Numbers become other numbers as far as they fit.
+// Numbers become other numbers as far as they fit; how far that is, the fuzzer `values` sees.
 const Cell conversions("boxing.scalar.numbers.converted", [] {
-  const auto number = [](double value) -> id {
-    return static_cast<id>([Values createDoubleWithValue:value error:nullptr]);
-  };
-  EXPECT_EQ(255, as<unsigned char>("UInt8", number(255.4)));
-  EXPECT_EQ(std::nullopt, as<unsigned char>("UInt8", number(255.5)));
-  EXPECT_EQ(2, as<int>("Int32", number(2.5))) << "halves to the even one";
-  EXPECT_EQ(-4, as<int>("Int32", number(-3.5)));
-  EXPECT_EQ(INT64_MIN, as<long long>("Int64", number(-0x1p63)));
-  EXPECT_EQ(std::nullopt, as<long long>("Int64", number(0x1p63)));
-  EXPECT_EQ(0x8000000000000000u, as<unsigned long long>("UInt64", number(0x1p63)));
-  EXPECT_EQ(std::nullopt, as<unsigned long long>("UInt64", number(0x1p64)));
-  EXPECT_EQ(std::nullopt, as<short>("Int16", number(NAN)));
-  EXPECT_EQ(std::nullopt, as<unsigned short>("UInt16", number(-1)));
-  EXPECT_EQ(std::nullopt, as<float>("Single", number(DBL_MAX)));
-  EXPECT_EQ(INFINITY, as<float>("Single", number(INFINITY)));
-
-  id minusOne = static_cast<id>([Values createInt32WithValue:-1 error:nullptr]);
-  EXPECT_EQ(-1, as<short>("Int16", minusOne));
-  EXPECT_EQ(-1.0, as<double>("Double", minusOne));
-  EXPECT_EQ(std::nullopt, as<unsigned long long>("UInt64", minusOne));
-  id most = static_cast<id>([Values createUInt64WithValue:UINT64_MAX error:nullptr]);
-  EXPECT_EQ(std::nullopt, as<long long>("Int64", most));
-  EXPECT_EQ(0x1p64f, as<float>("Single", most));
+  for (const auto &[number, whole] : {std::pair{2.5, 2}, {-3.5, -4}, {INT32_MIN, INT32_MIN}}) {
+    WRTIPropertyValueBridge *boxed = valueOf([Values createDoubleWithValue:number error:nullptr]);
+    EXPECT_EQ(whole, [boxed getInt32WithError:nullptr]);
+    EXPECT_EQ(whole, [boxed getInt64WithError:nullptr]);
+    EXPECT_EQ(static_cast<float>(number), [boxed getSingleWithError:nullptr]);
+  }
+  WRTIPropertyValueBridge *minusOne = valueOf([Values createInt32WithValue:-1 error:nullptr]);
+  EXPECT_EQ(-1, [minusOne getInt16WithError:nullptr]);
+  EXPECT_EQ(-1.0, [minusOne getDoubleWithError:nullptr]);
+  EXPECT_FAILS(kOverflow, [minusOne getUInt8WithError:&failure]);
+  EXPECT_FAILS(kOverflow, [minusOne getUInt16WithError:&failure]);
+  EXPECT_FAILS(kOverflow, [minusOne getUInt64WithError:&failure]);
 });
 
 // The caller's array is emptied first; the block that came is not freed. A failure leaves it alone.
 const Cell stringArrays("boxing.array.strings.normal", [] {
   expectLeftover({.taskBlocks = 1}); // that of the array with elements; an empty one has none
   NSArray *texts = @[ @"one", @"", @"zwölf 😀" ];
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   Boxed boxed = [Values createStringArrayWithValue:texts error:&error];
   EXPECT_EQ(1036, [valueOf(boxed) getTypeWithError:&error]);
   NSMutableArray *filled = [NSMutableArray arrayWithObject:@"before"];
@@ -183,24 +142,21 @@ const Cell stringArrays("boxing.array.strings.normal", [] {
   EXPECT_EQ(0u, [filled count]);
 
   [filled addObject:@"stays"];
-  [valueOf([Values createInt32WithValue:1 error:nullptr]) getStringArrayWithValue:filled
-                                                                            error:&error];
-  EXPECT_EQ(kTypeMismatch, [error code]);
-  EXPECT_TRUE([filled isEqual:@[ @"stays" ]]);
-  error = nil;
+  WRTIPropertyValueBridge *number = valueOf([Values createInt32WithValue:1 error:nullptr]);
+  EXPECT_FAILS(kTypeMismatch, [number getStringArrayWithValue:filled error:&failure]);
   failNextDuplicate(status::kOutOfMemory, 1);
-  [valueOf(boxed) getStringArrayWithValue:filled error:&error];
-  EXPECT_EQ(status::kOutOfMemory, [error code]);
+  EXPECT_FAILS(status::kOutOfMemory, [valueOf(boxed) getStringArrayWithValue:filled
+                                                                       error:&failure]);
   EXPECT_TRUE([filled isEqual:@[ @"stays" ]]);
 });
 
 // Of a scalar and of a structure; every instance has its own identifier in exhaustive_tests.
 const Cell references("boxing.reference.each.normal", [] {
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   id boxed = [Values createSingleWithValue:1.5f error:&error];
   EXPECT_EQ(1.5f, [[WRTIReference__1_WRTFLOAT_Bridge cast:boxed] getValueWithError:&error]);
   id wrong = [WRTIReference__1_WRTINT32_Bridge cast:boxed];
-  NSError *const stale = staleErrorOfCaller();
+  NSError *const stale = staleError();
   error = stale;
   EXPECT_EQ(0, [static_cast<WRTIReference__1_WRTINT32_Bridge *>(wrong) getValueWithError:&error]);
   EXPECT_EQ(stale, error) << "a reference to another type lacks the interface";
@@ -243,18 +199,16 @@ struct Receiver {
 // What a factory makes is asked for the reference that a member takes.
 const Cell passedReferences("boxing.reference.passed.normal", [] {
   WRTAppointmentBridge *appointment = [WRTAppointmentBridge bridge:&lasting<Receiver>()];
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   const id boxed = [Values createTimeSpanWithValue:WRTTimeSpan{8} error:nullptr];
-  [appointment setReminderWithValue:boxed error:&error];
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(8, Receiver::received.Duration);
-  Receiver::received = {};
-  [appointment setReminderWithValue:[WRTIReference__1_WRTTimeSpan_Bridge cast:boxed] error:&error];
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(8, Receiver::received.Duration);
+  for (id reference : {boxed, static_cast<id>([WRTIReference__1_WRTTimeSpan_Bridge cast:boxed])}) {
+    Receiver::received = {};
+    [appointment setReminderWithValue:reference error:&error];
+    EXPECT_EQ(nil, error);
+    EXPECT_EQ(8, Receiver::received.Duration);
+  }
   const id other = [Values createInt32WithValue:8 error:nullptr];
-  [appointment setReminderWithValue:other error:&error];
-  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_FAILS(kNoInterface, [appointment setReminderWithValue:other error:&failure]);
 });
 
 // No exception gets as far as the library.

@@ -42,24 +42,22 @@ const Cell everyChange("observable.vector.every_change.normal", [] {
   ObservableFolders folders = newFolders();
   std::string changes;
   std::string *const seen = &changes;
-  const WRTEventRegistrationToken token = [folders
-      addVectorChangedWithHandler:^HRESULT(ObservableFolders sender,
-                                           id<WRTIVectorChangedEventArgsBridge> event) {
+  const auto handler =
+      ^HRESULT(ObservableFolders sender, id<WRTIVectorChangedEventArgsBridge> event) {
         EXPECT_EQ([WRTIObservableVector__1_WRTStorageFolder_P_Bridge class],
                   [static_cast<id>(sender) class]);
         EXPECT_EQ([static_cast<id>(folders) inner], [static_cast<id>(sender) inner]);
         EXPECT_EQ([WRTIVectorChangedEventArgsBridge class], [static_cast<id>(event) class]);
-        auto change =
-            ComPtr<IVectorChangedEventArgs>::adopt(reinterpret_cast<IVectorChangedEventArgs *>(
-                [event _WRTIVectorChangedEventArgsWithError:nullptr]));
+        const auto change = askFor<IVectorChangedEventArgs>(event);
         int32_t kind = 0;
         uint32_t index = 0;
         change->get_CollectionChange(&kind);
         change->get_Index(&index);
         *seen += std::to_string(kind) + "@" + std::to_string(index) + " ";
         return 0;
-      }
-                            error:nullptr];
+      };
+  const WRTEventRegistrationToken token = [folders addVectorChangedWithHandler:handler
+                                                                         error:nullptr];
   Folders changed = vectorOf(folders);
   [changed appendWithItem:nil error:nullptr];
   [changed appendWithItem:nil error:nullptr];
@@ -72,7 +70,7 @@ const Cell everyChange("observable.vector.every_change.normal", [] {
   [changed clearWithError:nullptr];
   EXPECT_EQ("1@0 1@1 1@1 3@2 2@0 2@1 0@0 0@0 ", changes) << "a refused change is none";
   EXPECT_GT(token.value, 0xFFFFFFFFll) << "beyond 32 bits";
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   [folders removeVectorChangedWithToken:token error:&error];
   [folders removeVectorChangedWithToken:token error:&error];
   EXPECT_EQ(nil, error) << "twice is no failure";
@@ -85,15 +83,13 @@ const Cell handlerActs("observable.vector.handler.acts", [] {
   ObservableFolders folders = newFolders();
   __block int calls = 0;
   __block WRTEventRegistrationToken token = {};
-  token = [folders
-      addVectorChangedWithHandler:^HRESULT(ObservableFolders sender,
-                                           id<WRTIVectorChangedEventArgsBridge>) {
-        ++calls;
-        [sender removeVectorChangedWithToken:token error:nullptr];
-        [vectorOf(sender) clearWithError:nullptr];
-        return status::kFail;
-      }
-                            error:nullptr];
+  const auto handler = ^HRESULT(ObservableFolders sender, id<WRTIVectorChangedEventArgsBridge>) {
+    ++calls;
+    [sender removeVectorChangedWithToken:token error:nullptr];
+    [vectorOf(sender) clearWithError:nullptr];
+    return status::kFail;
+  };
+  token = [folders addVectorChangedWithHandler:handler error:nullptr];
   NSError *error = nil;
   [vectorOf(folders) appendWithItem:nil error:&error];
   EXPECT_EQ(nil, error) << "what a handler answers is no failure of the change";
@@ -147,10 +143,9 @@ const Cell propertySets("observable.map.activated.normal", [] {
                                u"Windows.Foundation.Collections.ValueSet"}) {
     id set = [WRTValueSetBridge bridgeTransfer:WRTActivateInstance(name)];
     NSError *error = nil;
-    auto map =
-        ComPtr<IMap<String, Inspectable>>::adopt(reinterpret_cast<IMap<String, Inspectable> *>(
-            [set _WRTIMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]));
-    ASSERT_EQ(nil, error);
+    WRTIUnknownRelease([set _WRTIMap__2_WRTHSTRING_WRTIInspectable_PWithError:&error]);
+    const auto map = askFor<IMap<String, Inspectable>>(set);
+    ASSERT_TRUE(map);
     uint8_t replaced = 1;
     EXPECT_EQ(status::kOk, map->Insert(nullptr, map.get(), &replaced));
     map->Clear();

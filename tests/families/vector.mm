@@ -47,6 +47,8 @@ using namespace implement;
 
 using Strings = id<WRTIVector__1_WRTHSTRING_Bridge>;
 using Commands = id<WRTIVector__1_WRTIUICommand_P_Bridge>;
+using Regions = WRTIIterable__1_WRTRegionOfInterest_P_Bridge;
+using RegionIterator = id<WRTIIterator__1_WRTRegionOfInterest_P_Bridge>;
 using Region = types::RegionOfInterest;
 using FocusMode = types::FocusMode;
 
@@ -66,101 +68,94 @@ id<WRTIUICommandBridge> newCommand() {
   return [WRTIUICommandBridge bridgeTransfer:make<StandIn<abi::IUICommand>>().detach()->identity()];
 }
 
-/// The elements, joined by spaces; each is a string that the bulk read leaves behind.
-std::string contents(Strings strings) {
-  NSArray *all = [strings getManyWithStartIndex:0 capacity:100 error:nullptr];
-  return [[all componentsJoinedByString:@" "] UTF8String];
-}
+} // namespace
 
-const Cell strings("collection.vector.strings.normal", [] {
-  expectLeftover({.strings = 3, .extraHandles = 3}); // strings that are read are not released
-  Strings vector = newStrings();
-  NSError *error = staleErrorOfCaller();
+void checkStrings(Strings vector) {
+  NSError *error = staleError();
   [vector appendWithItem:@"b" error:&error];
   EXPECT_EQ(nil, error);
   [vector insertAtWithIndex:0 item:@"a" error:&error];
   [vector insertAtWithIndex:2 item:@"d" error:&error];
-  [vector setAtWithIndex:2 item:@"c😀" error:&error];
+  [vector setAtWithIndex:2 item:@"ü𝄞" error:&error];
   [vector appendWithItem:nil error:&error];
-  EXPECT_EQ("a b c😀 ", contents(vector));
-  EXPECT_EQ(4u, [vector getSizeWithError:&error]);
-  EXPECT_TRUE([[vector getAtWithIndex:2 error:&error] isEqual:@"c😀"]);
+  NSArray *const all = @[ @"a", @"b", @"ü𝄞", @"" ];
+  EXPECT_TRUE([[vector getManyWithStartIndex:0 capacity:17 error:&error] isEqual:all]);
+  EXPECT_TRUE([[vector getManyWithStartIndex:1 capacity:1 error:&error] isEqual:@[ @"b" ]]);
+  EXPECT_TRUE([[vector getManyWithStartIndex:0 capacity:0 error:&error] isEqual:@[]]);
+  EXPECT_TRUE([[vector getManyWithStartIndex:4 capacity:5 error:&error] isEqual:@[]]);
+  EXPECT_TRUE([[vector getAtWithIndex:2 error:&error] isEqual:@"ü𝄞"]);
   unsigned int index = 99;
-  EXPECT_TRUE([vector indexOfWithValue:@"b" index:&index error:&error]);
-  EXPECT_EQ(1u, index);
+  EXPECT_TRUE([vector indexOfWithValue:@"ü𝄞" index:&index error:&error]);
+  EXPECT_EQ(2u, index);
   EXPECT_FALSE([vector indexOfWithValue:@"x" index:&index error:&error]);
+  id<WRTIVectorView__1_WRTHSTRING_Bridge> view = [vector getViewWithError:&error];
+  const auto iterable = askFor<IIterable<String>>(vector);
+  ASSERT_TRUE(iterable);
+  ComPtr<IIterator<String>> iterator;
+  iterable->First(iterator.put());
   EXPECT_EQ(nil, error) << "an absent value is no failure";
+
+  EXPECT_FAILS(status::kBounds, [vector getAtWithIndex:4 error:&failure]);
+  EXPECT_FAILS(status::kBounds, [vector getAtWithIndex:0xFFFFFFFF error:&failure]);
+  EXPECT_FAILS(status::kBounds, [vector setAtWithIndex:4 item:@"x" error:&failure]);
+  EXPECT_FAILS(status::kBounds, [vector insertAtWithIndex:5 item:@"x" error:&failure]);
+  EXPECT_FAILS(status::kBounds, [vector removeAtWithIndex:4 error:&failure]);
+  EXPECT_FAILS(status::kBounds, [vector getManyWithStartIndex:5 capacity:2 error:&failure]);
+  uint8_t has = 0;
+  EXPECT_EQ(status::kOk, iterator->get_HasCurrent(&has)) << "a refused change is none";
   [vector removeAtWithIndex:0 error:&error];
+  EXPECT_EQ(status::kChangedState, iterator->get_HasCurrent(&has));
   [vector removeAtEndWithError:&error];
-  EXPECT_EQ("b c😀", contents(vector));
-  [vector clearWithError:&error];
-  EXPECT_EQ(0u, [vector getSizeWithError:&error]);
-  EXPECT_EQ(nil, error);
-});
+  EXPECT_FALSE([vector indexOfWithValue:@"" index:&index error:&error]);
+  EXPECT_TRUE([vector indexOfWithValue:@"ü𝄞" index:&index error:&error]);
+  EXPECT_EQ(1u, index);
 
-const Cell bulkRead("collection.vector.bulk_read.normal", [] {
-  expectLeftover({.strings = 3}); // strings that are read are not released
-  Strings vector = newStrings({u"a", u"b", u"c"});
-  NSError *error = staleErrorOfCaller();
-  NSArray *part = [vector getManyWithStartIndex:1 capacity:17 error:&error];
-  EXPECT_TRUE([part isEqual:(@[ @"b", @"c" ])]) << "across the end";
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(1u, [[vector getManyWithStartIndex:0 capacity:1 error:&error] count]);
-  for (unsigned int start : {0u, 3u}) {
-    NSArray *nothing = [vector getManyWithStartIndex:start
-                                            capacity:start == 0 ? 0 : 5
-                                               error:&error];
-    EXPECT_NE(nil, nothing);
-    EXPECT_EQ(0u, [nothing count]);
-    EXPECT_EQ(nil, error);
-  }
-  PlatformTrace trace;
-  EXPECT_EQ(nil, [vector getManyWithStartIndex:4 capacity:2 error:&error]);
-  EXPECT_EQ(status::kBounds, [error code]);
-  EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", trace.names());
-});
-
-// What is out of range is refused, and so is what a failure half-way takes back.
-const Cell refused("collection.vector.strings.refused", [] {
-  Strings vector = newStrings({u"only"});
-  NSError *error = nil;
-  const auto expectBounds = [&](auto act) {
-    error = nil;
-    act();
-    EXPECT_EQ(status::kBounds, [error code]);
-  };
-  expectBounds([&] { [vector getAtWithIndex:1 error:&error]; });
-  expectBounds([&] { [vector getAtWithIndex:0xFFFFFFFF error:&error]; });
-  expectBounds([&] { [vector setAtWithIndex:1 item:@"x" error:&error]; });
-  expectBounds([&] { [vector insertAtWithIndex:2 item:@"x" error:&error]; });
-  expectBounds([&] { [vector removeAtWithIndex:1 error:&error]; });
-  failNextDuplicate(status::kOutOfMemory);
-  EXPECT_EQ(nil, [vector getManyWithStartIndex:0 capacity:3 error:&error]);
-  EXPECT_EQ(status::kOutOfMemory, [error code]);
-  error = nil;
-  failNextDuplicate(status::kOutOfMemory, 1);
-  [vector replaceAllWithValues:@[ @"a", @"b", @"c" ] error:&error];
-  EXPECT_EQ(status::kOutOfMemory, [error code]);
-  EXPECT_EQ(1u, [vector getSizeWithError:&error]) << "the vector is as it was";
-  [vector removeAtEndWithError:&error];
-  EXPECT_EQ(nil, error);
-  expectBounds([&] { [vector removeAtEndWithError:&error]; });
-});
-
-const Cell bulkReplace("collection.vector.bulk_replace.normal", [] {
-  Strings vector = newStrings({u"old"});
   NSMutableArray *fresh = [NSMutableArray array];
-  for (int i = 0; i < 17; ++i)
+  for (int i = 0; i < 20; ++i)
     [fresh addObject:[NSString stringWithFormat:@"%d", i]];
-  NSError *error = staleErrorOfCaller();
-  for (NSArray *values in @[ fresh, @[ @"x", @"y" ], @[] ]) {
+  for (NSArray *values in @[ @[ @"x", @"y" ], @[], fresh ]) {
     [vector replaceAllWithValues:values error:&error];
     EXPECT_EQ([values count], [vector getSizeWithError:&error]);
   }
-  [vector appendWithItem:@"x" error:&error];
+  iterable->First(iterator.put());
+  int moves = 0;
+  for (iterator->get_HasCurrent(&has); has; ++moves)
+    iterator->MoveNext(&has);
+  EXPECT_EQ(20, moves);
+  StringHolder past;
+  EXPECT_EQ(status::kBounds, iterator->get_Current(past.put()));
   [vector replaceAllWithValues:nil error:&error];
   EXPECT_EQ(0u, [vector getSizeWithError:&error]);
+  [vector appendWithItem:@"x" error:&error];
+  [vector clearWithError:&error];
   EXPECT_EQ(nil, error);
+  EXPECT_FAILS(status::kBounds, [vector removeAtEndWithError:&failure]);
+
+  EXPECT_EQ([WRTIVectorView__1_WRTHSTRING_Bridge class], [static_cast<id>(view) class]);
+  EXPECT_EQ(4u, [view getSizeWithError:&error]) << "of that moment";
+  EXPECT_TRUE([view indexOfWithItem:@"b" index:&index error:&error]);
+  EXPECT_EQ(1u, index);
+  EXPECT_TRUE([[view getManyWithStartIndex:0 capacity:9 error:&error] isEqual:all]);
+  EXPECT_EQ(nil, error);
+  EXPECT_FAILS(status::kBounds, [view getAtWithIndex:4 error:&failure]);
+}
+
+namespace {
+
+const Cell strings("collection.vector.strings.normal", [] {
+  expectLeftover({.strings = 3, .extraHandles = 5}); // strings that are read are not released
+  checkStrings(newStrings());
+});
+
+// What a failure half-way takes back.
+const Cell refused("collection.vector.strings.refused", [] {
+  Strings vector = newStrings({u"only"});
+  failNextDuplicate(status::kOutOfMemory);
+  EXPECT_FAILS(status::kOutOfMemory, [vector getManyWithStartIndex:0 capacity:3 error:&failure]);
+  failNextDuplicate(status::kOutOfMemory, 1);
+  NSArray *const values = @[ @"a", @"b", @"c" ];
+  EXPECT_FAILS(status::kOutOfMemory, [vector replaceAllWithValues:values error:&failure]);
+  EXPECT_EQ(1u, [vector getSizeWithError:nullptr]) << "the vector is as it was";
 });
 
 const Cell objects("collection.vector.objects.normal", [] {
@@ -189,19 +184,13 @@ const Cell objectsFailingElement("collection.vector.objects.failing_element", []
   id stranger = strangerOf([WRTIUICommandBridge class]);
   id<WRTIUICommandBridge> command = newCommand();
   [vector appendWithItem:command error:nullptr];
-  NSError *error = nil;
-  [vector replaceAllWithValues:@[ command, command, stranger, command ] error:&error];
-  EXPECT_EQ(kNoInterface, [error code]);
-  error = nil;
-  [vector appendWithItem:stranger error:&error];
-  EXPECT_EQ(kNoInterface, [error code]);
-  error = nil;
-  [vector setAtWithIndex:0 item:stranger error:&error];
-  EXPECT_EQ(kNoInterface, [error code]);
-  EXPECT_EQ(1u, [vector getSizeWithError:&error]);
-  EXPECT_EQ(nil, error);
+  NSArray *const values = @[ command, command, stranger, command ];
+  EXPECT_FAILS(kNoInterface, [vector replaceAllWithValues:values error:&failure]);
+  EXPECT_FAILS(kNoInterface, [vector appendWithItem:stranger error:&failure]);
+  EXPECT_FAILS(kNoInterface, [vector setAtWithIndex:0 item:stranger error:&failure]);
+  EXPECT_EQ(1u, [vector getSizeWithError:nullptr]);
   EXPECT_EQ([static_cast<id>(command) inner],
-            [static_cast<id>([vector getAtWithIndex:0 error:&error]) inner]);
+            [static_cast<id>([vector getAtWithIndex:0 error:nullptr]) inner]);
 });
 
 // Counts: what is passed on, what is allocated, then before each element. Neither side touches
@@ -230,25 +219,6 @@ const Cell changingArrays("collection.vector.array.changing", [] {
   }
 });
 
-// A view is of the moment when it was taken, and is the class of its own instantiation.
-const Cell view("collection.view.strings.normal", [] {
-  expectLeftover({.strings = 2}); // strings that are read are not released
-  Strings vector = newStrings({u"a", u"b"});
-  NSError *error = staleErrorOfCaller();
-  id<WRTIVectorView__1_WRTHSTRING_Bridge> view = [vector getViewWithError:&error];
-  EXPECT_EQ([WRTIVectorView__1_WRTHSTRING_Bridge class], [static_cast<id>(view) class]);
-  [vector clearWithError:&error];
-  EXPECT_EQ(2u, [view getSizeWithError:&error]);
-  unsigned int index = 0;
-  EXPECT_TRUE([view indexOfWithItem:@"b" index:&index error:&error]);
-  EXPECT_EQ(1u, index);
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(nil, [view getAtWithIndex:2 error:&error]);
-  EXPECT_EQ(status::kBounds, [error code]);
-  NSArray *all = [view getManyWithStartIndex:0 capacity:9 error:&error];
-  EXPECT_TRUE([all isEqual:(@[ @"a", @"b" ])]);
-});
-
 // Numbers go straight into the caller's buffer.
 const Cell scalarView("collection.view.scalars.normal", [] {
   abi::IVectorView__1_WRTFocusMode *raw = nullptr;
@@ -258,7 +228,7 @@ const Cell scalarView("collection.view.scalars.normal", [] {
   std::array<int, 5> items;
   items.fill(0x0CCC);
   unsigned int actual = 99;
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   {
     PlatformTrace trace;
     [view getManyWithStartIndex:1 capacity:4 items:items.data() actual:&actual error:&error];
@@ -270,8 +240,11 @@ const Cell scalarView("collection.view.scalars.normal", [] {
   [view getManyWithStartIndex:0 capacity:0 items:nullptr actual:&actual error:&error];
   EXPECT_EQ(0u, actual);
   EXPECT_EQ(nil, error);
-  [view getManyWithStartIndex:4 capacity:1 items:items.data() actual:&actual error:&error];
-  EXPECT_EQ(status::kBounds, [error code]);
+  EXPECT_FAILS(status::kBounds, [view getManyWithStartIndex:4
+                                                   capacity:1
+                                                      items:items.data()
+                                                     actual:&actual
+                                                      error:&failure]);
   EXPECT_EQ(-1, [view getAtWithIndex:1 error:&error]);
   unsigned int index = 0;
   EXPECT_TRUE([view indexOfWithItem:2 index:&index error:&error]);
@@ -280,15 +253,14 @@ const Cell scalarView("collection.view.scalars.normal", [] {
 
 const Cell iteration("collection.iterator.objects.normal", [] {
   auto vector = make<Vector<Region>>();
-  id<WRTIIterable__1_WRTRegionOfInterest_P_Bridge> iterable =
-      [WRTIIterable__1_WRTRegionOfInterest_P_Bridge bridge:vector->identity()];
+  Regions *iterable = [Regions bridge:vector->identity()];
   std::vector<ComPtr<StandIn<abi::IRegionOfInterest>>> regions;
   for (int i = 0; i < 20; ++i) {
     regions.push_back(make<StandIn<abi::IRegionOfInterest>>());
     vector->Append(regions.back()->interface());
   }
-  NSError *error = staleErrorOfCaller();
-  id<WRTIIterator__1_WRTRegionOfInterest_P_Bridge> iterator = [iterable firstWithError:&error];
+  NSError *error = staleError();
+  RegionIterator iterator = [iterable firstWithError:&error];
   EXPECT_EQ(nil, error);
   EXPECT_EQ([WRTIIterator__1_WRTRegionOfInterest_P_Bridge class],
             [static_cast<id>(iterator) class]);
@@ -309,28 +281,22 @@ const Cell iteration("collection.iterator.objects.normal", [] {
   EXPECT_FALSE([iterator moveNextWithError:&error]);
   EXPECT_EQ(0u, [[iterator getManyWithCapacity:4 error:&error] count]);
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(nil, [iterator getCurrentWithError:&error]);
-  EXPECT_EQ(status::kBounds, [error code]) << "past the end";
+  EXPECT_FAILS(status::kBounds, [iterator getCurrentWithError:&failure]) << "past the end";
 });
 
 // Every question to an iterator whose collection has changed is refused; a failed change is none.
 const Cell iterationChanged("collection.iterator.objects.changed", [] {
   auto vector = make<Vector<Region>>();
   vector->Append(nullptr);
-  id<WRTIIterable__1_WRTRegionOfInterest_P_Bridge> iterable =
-      [WRTIIterable__1_WRTRegionOfInterest_P_Bridge bridge:vector->identity()];
-  id<WRTIIterator__1_WRTRegionOfInterest_P_Bridge> iterator = [iterable firstWithError:nullptr];
-  NSError *error = nil;
+  Regions *iterable = [Regions bridge:vector->identity()];
+  RegionIterator iterator = [iterable firstWithError:nullptr];
   EXPECT_EQ(status::kBounds, vector->RemoveAt(7));
-  EXPECT_TRUE([iterator getHasCurrentWithError:&error]);
+  EXPECT_TRUE([iterator getHasCurrentWithError:nullptr]);
   vector->SetAt(0, nullptr);
-  EXPECT_FALSE([iterator getHasCurrentWithError:&error]);
-  EXPECT_EQ(status::kChangedState, [error code]);
-  error = nil;
-  EXPECT_FALSE([iterator moveNextWithError:&error]);
-  EXPECT_EQ(status::kChangedState, [error code]);
-  EXPECT_EQ(nil, [iterator getCurrentWithError:nullptr]);
-  EXPECT_EQ(nil, [iterator getManyWithCapacity:1 error:nullptr]);
+  EXPECT_FAILS(status::kChangedState, [iterator getHasCurrentWithError:&failure]);
+  EXPECT_FAILS(status::kChangedState, [iterator moveNextWithError:&failure]);
+  EXPECT_FAILS(status::kChangedState, [iterator getCurrentWithError:&failure]);
+  EXPECT_FAILS(status::kChangedState, [iterator getManyWithCapacity:1 error:&failure]);
 });
 
 } // namespace

@@ -102,7 +102,7 @@ const MemberCell oddStrings("hostile.all.strings.odd", [](Bridge bridge) {
     EXPECT_EQ(units, back);
     clearCrossings();
     [bridge inStringWithArg:text error:nullptr];
-    [bridge inStringArrayWithArr:@[ text, text ] error:nullptr];
+    [bridge inStringArrayWithArr:[NSArray arrayWithObjects:text, text, nil] error:nullptr];
     const std::string narrowed = "\"" + narrow(units) + "\"";
     EXPECT_EQ(
         (Crossings{"InString " + narrowed, "InStringArray [" + narrowed + ", " + narrowed + "]"}),

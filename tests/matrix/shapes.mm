@@ -173,7 +173,9 @@ const Cell bulkRead("string.return.bulk_read.normal", [] {
   delivered = 1000;
   EXPECT_EQ("x", joined(call(nil, member, 1u, 1u, nullptr))) << "never more than asked for";
   delivered = 0;
+  PlatformTrace trace;
   EXPECT_FAILS(kFailure, call(nil, member, 9u, 1u, &failure));
+  EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", trace.names());
 });
 
 // The other strings whose handles stay on WinRT's side.

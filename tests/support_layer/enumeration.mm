@@ -39,7 +39,7 @@ NSArray *numbered(int count) {
 
 // In one block and in several; nothing is left behind, the strings' handles included.
 const Cell eachFamily("support.each.all_families.normal", [] {
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   for (int count : {0, 1, 63, 64, 65, 200}) {
     SCOPED_TRACE(count);
     NSArray *names = numbered(count);
@@ -145,26 +145,20 @@ private:
 };
 
 const Cell eachHostile("support.each.hostile.refused", [] {
-  NSError *error = nil;
-  EXPECT_EQ(nil, WRTEach(nil, &error));
-  EXPECT_EQ(status::kPointer, [error code]);
-  EXPECT_EQ(nil, WRTArray(WRTBox(@1), &error));
-  EXPECT_EQ(kNoInterface, [error code]);
-  EXPECT_EQ(nil, WRTArray(strangerOf([Strings class]), &error));
-  EXPECT_EQ(kNoInterface, [error code]);
-  EXPECT_EQ(nil, WRTDictionary(stringsOf(@[ @"a" ]), &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
+  EXPECT_FAILS(status::kPointer, WRTEach(nil, &failure));
+  EXPECT_FAILS(kNoInterface, WRTArray(WRTBox(@1), &failure));
+  EXPECT_FAILS(kNoInterface, WRTArray(strangerOf([Strings class]), &failure));
+  EXPECT_FAILS(status::kInvalidArgument, WRTDictionary(stringsOf(@[ @"a" ]), &failure));
 
-  const auto read = [&error](HRESULT status, uint32_t claimed) -> NSArray * {
+  const auto read = [](HRESULT status, uint32_t claimed, NSError **error) -> NSArray * {
     auto view = make<OddView>(status, claimed);
-    return WRTArray([WRTIVectorView__1_WRTStorageFile_P_Bridge bridge:view.get()], &error);
+    return WRTArray([WRTIVectorView__1_WRTStorageFile_P_Bridge bridge:view.get()], error);
   };
-  EXPECT_EQ(nil, read(status::kFail, 0));
-  EXPECT_EQ(status::kFail, [error code]);
-  EXPECT_EQ(nil, read(status::kOk, 0)) << "would never end";
-  EXPECT_EQ(status::kUnexpected, [error code]);
-  EXPECT_EQ(64u, [read(status::kOk, 1'000'000) count]) << "no more than there was room for";
-  EXPECT_EQ(3u, [read(status::kNotImplemented, 0) count]) << "one by one";
+  EXPECT_FAILS(status::kFail, read(status::kFail, 0, &failure));
+  EXPECT_FAILS(status::kUnexpected, read(status::kOk, 0, &failure)) << "would never end";
+  EXPECT_EQ(64u, [read(status::kOk, 1'000'000, nullptr) count])
+      << "no more than there was room for";
+  EXPECT_EQ(3u, [read(status::kNotImplemented, 0, nullptr) count]) << "one by one";
 });
 
 } // namespace

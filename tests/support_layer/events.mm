@@ -33,22 +33,14 @@ ObservableFolders *newFolders() {
 
 void change(ObservableFolders *folders) { [[FolderVector cast:folders] clearWithError:nullptr]; }
 
-/// Counts its own.
-std::atomic<int> captives = 0;
-struct Captive {
-  Captive() { ++captives; }
-  Captive(const Captive &) { ++captives; }
-  ~Captive() { --captives; }
-};
-
 // Called while somebody holds the subscription; then the handler and what it captures are gone.
 const Cell subscription("support.subscription.all.normal", [] {
   __block int calls = 0;
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   ObservableFolders *folders = newFolders();
   WRTSubscription *held = nil;
+  const auto captive = std::make_shared<int>();
   @autoreleasepool {
-    const Captive captive;
     held = [WRTSubscribe(folders, VectorChanged, Handler, &error,
                          ^HRESULT(id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge> sender,
                                   id<WRTIVectorChangedEventArgsBridge>) {
@@ -61,11 +53,11 @@ const Cell subscription("support.subscription.all.normal", [] {
   EXPECT_EQ(nil, error);
   change(folders);
   EXPECT_EQ(1, calls);
-  EXPECT_EQ(1, captives);
+  EXPECT_EQ(2, captive.use_count());
   [held release];
   change(folders);
   EXPECT_EQ(1, calls);
-  EXPECT_EQ(0, captives);
+  EXPECT_EQ(1, captive.use_count());
 
   held = WRTSubscribe(folders, VectorChanged, Handler, &error, ^HRESULT(id, id) {
     ++calls;
@@ -81,13 +73,11 @@ const Cell subscription("support.subscription.all.normal", [] {
   const Handler nothing = ^HRESULT(id, id) {
     return 0;
   };
-  EXPECT_EQ(nil, WRTSubscribe(static_cast<ObservableFolders *>(nil), VectorChanged, Handler, &error,
-                              nothing));
-  EXPECT_EQ(status::kPointer, [error code]);
-  EXPECT_EQ(nil,
-            WRTSubscribe(static_cast<ObservableFolders *>(strangerOf([ObservableFolders class])),
-                         VectorChanged, Handler, &error, nothing));
-  EXPECT_EQ(kNoInterface, [error code]);
+  for (ObservableFolders *wrong :
+       {static_cast<ObservableFolders *>(nil),
+        static_cast<ObservableFolders *>(strangerOf([ObservableFolders class]))})
+    EXPECT_FAILS(wrong ? kNoInterface : status::kPointer,
+                 WRTSubscribe(wrong, VectorChanged, Handler, &failure, nothing));
 });
 
 const Cell cancelInHandler("support.subscription.handler.cancels", [] {
@@ -195,8 +185,8 @@ const Cell dispatched("support.dispatcher.all.normal", [] {
   auto window = make<Dispatcher>();
   const auto thread = window->id();
   WRTICoreDispatcherBridge *dispatcher = [WRTICoreDispatcherBridge bridge:window.get()];
-  Gate told;
-  Gate *const toldGate = &told;
+  Gate gates[3];
+  Gate *const done = gates;
   Number *operation =
       startedOperation<UInt32>([Number class], [](const Work<> &, uint32_t &result) {
         result = 17;
@@ -206,35 +196,31 @@ const Cell dispatched("support.dispatcher.all.normal", [] {
     EXPECT_EQ(thread, std::this_thread::get_id());
     EXPECT_EQ(17u, result);
     EXPECT_EQ(nil, failure);
-    toldGate->open();
+    done[0].open();
   });
-  told.wait();
+  gates[0].wait();
   WRTIAsyncActionBridge *failing = startedOperation<>(
       [WRTIAsyncActionBridge class], [](const Work<> &) { return status::kBounds; });
-  Gate failed;
-  Gate *const failedGate = &failed;
   WRTThenOn(dispatcher, failing, ^(NSError *failure) {
     EXPECT_EQ(thread, std::this_thread::get_id());
     EXPECT_EQ(status::kBounds, [failure code]);
-    failedGate->open();
+    done[1].open();
   });
-  failed.wait();
+  gates[1].wait();
 
   ObservableFolders *folders = newFolders();
-  Gate changed;
-  Gate *const changedGate = &changed;
   const Handler handler = ^HRESULT(id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge> sender,
                                    id<WRTIVectorChangedEventArgsBridge> event) {
     EXPECT_EQ(thread, std::this_thread::get_id());
     EXPECT_EQ([folders inner], [sender inner]);
     EXPECT_NE(nil, event);
-    changedGate->open();
+    done[2].open();
     return 0;
   };
   WRTSubscription *held =
       WRTSubscribe(folders, VectorChanged, Handler, nullptr, WRTOn(dispatcher, handler));
   change(folders);
-  changed.wait();
+  gates[2].wait();
   [held cancel];
 
   window->stop();

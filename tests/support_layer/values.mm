@@ -10,7 +10,7 @@ namespace wrt::test {
 namespace {
 
 const Cell valuesBothWays("support.values.both_ways.normal", [] {
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   // 2020-02-29 12:00 is 132274512000000000 * 100 ns after 1601.
   NSDate *date = [NSDate dateWithTimeIntervalSince1970:1582977600.25];
   EXPECT_EQ(132274512002500000, WRTDateTimeFromDate(date, &error).UniversalTime);
@@ -25,9 +25,7 @@ const Cell valuesBothWays("support.values.both_ways.normal", [] {
          [NSDate dateWithTimeIntervalSinceReferenceDate:-12622780801.0],
          [NSDate dateWithTimeIntervalSinceReferenceDate:1e12]
        ]) {
-    error = nil;
-    EXPECT_EQ(0, WRTDateTimeFromDate(wrong, &error).UniversalTime);
-    EXPECT_EQ(status::kInvalidArgument, [error code]);
+    EXPECT_FAILS(status::kInvalidArgument, WRTDateTimeFromDate(wrong, &failure).UniversalTime);
   }
   EXPECT_EQ(-15000000, WRTTimeSpanFromInterval(-1.5).Duration);
   EXPECT_EQ(0.25, WRTIntervalFromTimeSpan({2500000}));
@@ -44,8 +42,8 @@ const Cell valuesBothWays("support.values.both_ways.normal", [] {
   NSURL *url = [NSURL URLWithString:@"https://example.org/a?b=c#d"];
   EXPECT_TRUE([WRTURLFromUri(WRTUriFromURL(url, &error), &error) isEqual:url]);
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(nil, WRTUriFromURL([NSURL URLWithString:@"a/b"], &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
+  NSURL *const relative = [NSURL URLWithString:@"a/b"];
+  EXPECT_FAILS(status::kInvalidArgument, WRTUriFromURL(relative, &failure));
   EXPECT_TRUE(NSEqualRects(NSMakeRect(1, 2, 3.5, 4),
                            WRTNSRectFromRect(WRTRectFromNSRect(NSMakeRect(1, 2, 3.5, 4)))));
 });
@@ -61,7 +59,7 @@ const Cell boxBothWays("support.box.both_ways.normal", [] {
     [NSValue valueWithRect:NSMakeRect(1, 2, 3, 4)], @[ @1, @2, @-3 ], @[ @1.5, @2.5 ],
     @[ [NSNumber numberWithBool:YES], [NSNumber numberWithBool:NO] ], @[ date ], @[ uuid, uuid ]
   ];
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   for (id value in values) {
     SCOPED_TRACE([[value description] UTF8String]);
     id box = WRTBox(value, &error);
@@ -85,26 +83,18 @@ const Cell boxBothWays("support.box.both_ways.normal", [] {
 });
 
 const Cell boxHostile("support.box.hostile.refused", [] {
-  NSError *error = nil;
-  EXPECT_EQ(nil, WRTBox(nil, &error));
-  EXPECT_EQ(status::kPointer, [error code]);
-  EXPECT_EQ(nil, WRTBox([[[NSObject alloc] init] autorelease], &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  EXPECT_EQ(nil, WRTBox(@[ @1, @"x", [[[NSObject alloc] init] autorelease] ], &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  NSDate *early = [NSDate dateWithTimeIntervalSinceReferenceDate:-2e10];
-  EXPECT_EQ(nil, WRTBox(early, &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  EXPECT_EQ(nil, WRTBox(@[ [NSDate date], early ], &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  EXPECT_EQ(nil, WRTUnbox(nil, &error));
-  EXPECT_EQ(status::kPointer, [error code]);
-  EXPECT_EQ(nil, WRTUnbox(strangerOf([WRTIPropertyValueBridge class]), &error));
-  EXPECT_EQ(kNoInterface, [error code]);
+  const id strange = [[[NSObject alloc] init] autorelease];
+  const id early = [NSDate dateWithTimeIntervalSinceReferenceDate:-2e10];
+  EXPECT_FAILS(status::kPointer, WRTBox(nil, &failure));
+  for (id wrong in @[ strange, @[ @1, @"x", strange ], early, @[ [NSDate date], early ] ])
+    EXPECT_FAILS(status::kInvalidArgument, WRTBox(wrong, &failure));
+  EXPECT_FAILS(status::kPointer, WRTUnbox(nil, &failure));
+  const id stranger = strangerOf([WRTIPropertyValueBridge class]);
+  EXPECT_FAILS(kNoInterface, WRTUnbox(stranger, &failure));
 });
 
 const Cell referenceBothWays("support.reference.both_ways.normal", [] {
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   id<WRTIReference__1_WRTTimeSpan_Bridge> span =
       WRTReferenceOf(@90, WRTIReference__1_WRTTimeSpan_Bridge, &error);
   EXPECT_EQ(900000000, [span getValueWithError:&error].Duration);
@@ -113,27 +103,25 @@ const Cell referenceBothWays("support.reference.both_ways.normal", [] {
   EXPECT_EQ(-5, [number getValueWithError:&error]);
   EXPECT_TRUE([WRTUnbox(number, &error) isEqual:@-5]);
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(nil, WRTReferenceOf(@-5, WRTIReference__1_WRTUINT32_Bridge, &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  EXPECT_EQ(nil, WRTReferenceOf(@"5", WRTIReference__1_WRTINT32_Bridge, &error));
-  EXPECT_EQ(status::kInvalidArgument, [error code]);
-  EXPECT_EQ(nil, WRTReferenceOf(@5, WRTIReference__1_WRTColor_Bridge, &error));
-  EXPECT_EQ(status::kNotImplemented, [error code]);
+  EXPECT_FAILS(status::kInvalidArgument,
+               WRTReferenceOf(@-5, WRTIReference__1_WRTUINT32_Bridge, &failure));
+  EXPECT_FAILS(status::kInvalidArgument,
+               WRTReferenceOf(@"5", WRTIReference__1_WRTINT32_Bridge, &failure));
+  EXPECT_FAILS(status::kNotImplemented,
+               WRTReferenceOf(@5, WRTIReference__1_WRTColor_Bridge, &failure));
 });
 
 const Cell bufferBothWays("support.buffer.both_ways.normal", [] {
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   for (NSUInteger length : {0u, 1u, 4096u}) {
-    NSMutableData *data = [NSMutableData dataWithLength:length];
-    for (NSUInteger i = 0; i < length; ++i)
-      static_cast<char *>([data mutableBytes])[i] = 0x5A;
+    const std::string bytes(length, 'Z');
+    NSData *data = [NSData dataWithBytes:bytes.data() length:length];
     EXPECT_TRUE([WRTDataFromBuffer(WRTBufferFromData(data, &error), &error) isEqual:data]);
     EXPECT_EQ(nil, error);
   }
-  EXPECT_EQ(nil, WRTBufferFromData(nil, &error));
-  EXPECT_EQ(status::kPointer, [error code]);
-  EXPECT_EQ(nil, WRTDataFromBuffer(strangerOf([WRTIBufferBridge class]), &error));
-  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_FAILS(status::kPointer, WRTBufferFromData(nil, &failure));
+  const id stranger = strangerOf([WRTIBufferBridge class]);
+  EXPECT_FAILS(kNoInterface, WRTDataFromBuffer(stranger, &failure));
 });
 
 } // namespace

@@ -27,11 +27,10 @@ WRTIAsyncActionBridge *action(HRESULT outcome) {
 const Cell awaitEachKind("support.await.each_kind.normal", [] {
   PoolDrained drained;
   expectLeftover({.strings = 1}); // a string result is not released
-  NSError *error = staleErrorOfCaller();
+  NSError *error = staleError();
   EXPECT_EQ(17u, WRTAwait(endedNumber(status::kOk), &error));
   EXPECT_EQ(nil, error);
-  EXPECT_EQ(0u, WRTAwait(endedNumber(status::kBounds), &error));
-  EXPECT_EQ(status::kBounds, [error code]);
+  EXPECT_FAILS(status::kBounds, WRTAwait(endedNumber(status::kBounds), &failure));
 
   auto gate = std::make_shared<Gate>();
   Number *running = static_cast<Number *>(waitingFor(gate));
@@ -47,8 +46,7 @@ const Cell awaitEachKind("support.await.each_kind.normal", [] {
   NSString *const typed = WRTAwait(text, &error);
   EXPECT_TRUE([typed isEqual:@"Grüße"]);
   EXPECT_TRUE(WRTAwait(action(status::kOk), nullptr));
-  EXPECT_FALSE(WRTAwait(action(status::kFail), &error));
-  EXPECT_EQ(status::kFail, [error code]);
+  EXPECT_FAILS(status::kFail, WRTAwait(action(status::kFail), &failure));
 });
 
 // The wait ends at the limit, the work is told to stop, and its end later harms nobody.
@@ -62,35 +60,33 @@ const Cell awaitLimit("support.await.limit.cancels", [] {
         *stopped = work.isCanceled();
         return status::kOk;
       });
-  NSError *error = nil;
   @autoreleasepool {
-    EXPECT_EQ(0u, WRTAwaitUntil(operation, [NSDate dateWithTimeIntervalSinceNow:0.02], &error));
-    EXPECT_EQ(status::kAbort, [error code]);
+    NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:0.02];
+    EXPECT_FAILS(status::kAbort, WRTAwaitUntil(operation, soon, &failure));
   }
   gate->open();
   waitForPool();
   EXPECT_TRUE(*stopped);
+  NSError *error = staleError();
   EXPECT_EQ(17u, WRTAwaitUntil(endedNumber(status::kOk), [NSDate distantPast], &error));
   EXPECT_EQ(nil, error);
 });
 
 const Cell awaitHostile("support.await.hostile.refused", [] {
-  NSError *error = nil;
-  EXPECT_EQ(0u, WRTAwait(static_cast<Number *>(nil), &error));
-  EXPECT_EQ(status::kPointer, [error code]);
-  error = staleErrorOfCaller();
-  WRTAwait(static_cast<Number *>(nil), &error);
+  Number *const none = nil;
+  EXPECT_FAILS(status::kPointer, WRTAwait(none, &failure));
+  NSError *error = staleError();
+  WRTAwait(none, &error);
   EXPECT_EQ(1, [error code]) << "why there is no operation";
 
-  WRTAwait(static_cast<Number *>(strangerOf([Number class])), &error);
-  EXPECT_EQ(kNoInterface, [error code]);
+  Number *const stranger = strangerOf([Number class]);
+  EXPECT_FAILS(kNoInterface, WRTAwait(stranger, &failure));
   Number *closed = endedNumber(status::kOk);
   [[WRTIAsyncInfoBridge cast:closed] closeWithError:nullptr];
-  EXPECT_EQ(0u, WRTAwait(closed, &error));
-  EXPECT_EQ(status::kIllegalMethodCall, [error code]);
+  EXPECT_FAILS(status::kIllegalMethodCall, WRTAwait(closed, &failure));
   // An action's bridge over an operation with a result has IAsyncInfo but not its interface.
-  EXPECT_FALSE(WRTAwait([WRTIAsyncActionBridge cast:endedNumber(status::kOk)], &error));
-  EXPECT_EQ(kNoInterface, [error code]);
+  WRTIAsyncActionBridge *const other = [WRTIAsyncActionBridge cast:endedNumber(status::kOk)];
+  EXPECT_FAILS(kNoInterface, WRTAwait(other, &failure));
 });
 
 const Cell thenEachKind("support.then.each_kind.normal", [] {
@@ -147,20 +143,15 @@ const Cell progressReports("support.progress.reports.normal", [] {
       });
   __block unsigned sum = 0;
   NSError *error = nil;
-  EXPECT_TRUE(WRTOnProgress(
-      operation,
-      ^(unsigned percent) {
-        sum += percent;
-      },
-      &error));
+  const auto add = ^(unsigned percent) {
+    sum += percent;
+  };
+  EXPECT_TRUE(WRTOnProgress(operation, add, &error));
   gate->open();
   EXPECT_EQ(3u, WRTAwait(operation, &error));
   EXPECT_EQ(140u, sum);
-  EXPECT_FALSE(WRTOnProgress(static_cast<Progressing *>(strangerOf([Progressing class])),
-                             ^(unsigned){
-                             },
-                             &error));
-  EXPECT_EQ(kNoInterface, [error code]);
+  Progressing *const stranger = strangerOf([Progressing class]);
+  EXPECT_FAILS(kNoInterface, WRTOnProgress(stranger, add, &failure));
 });
 
 // What is silent otherwise is an error; what is no failure leaves none.
@@ -169,13 +160,9 @@ const Cell tryMembers("support.try.silent_members.normal", [] {
   NSError *error = nil;
   EXPECT_EQ(nil, [stranger getNameWithError:&error]);
   EXPECT_EQ(nil, error) << "the silence that WRTTry is for";
-  EXPECT_EQ(nil, WRTTry([stranger getNameWithError:&error], &error));
-  EXPECT_EQ(kNoInterface, [error code]);
-  error = nil;
-  WRTTry([static_cast<WRTIAsyncInfoBridge *>(strangerOf([WRTIAsyncInfoBridge class]))
-             cancelWithError:&error],
-         &error); // a member without a result
-  EXPECT_EQ(kNoInterface, [error code]);
+  EXPECT_FAILS(kNoInterface, WRTTry([stranger getNameWithError:&failure], &failure));
+  WRTIAsyncInfoBridge *const info = strangerOf([WRTIAsyncInfoBridge class]);
+  EXPECT_FAILS(kNoInterface, WRTTry([info cancelWithError:&failure], &failure)); // has no result
   EXPECT_EQ(1,
             WRTTry([[WRTIAsyncInfoBridge cast:endedNumber(status::kOk)] getStatusWithError:&error],
                    &error));
@@ -202,8 +189,7 @@ const Cell errorTexts("support.errors.texts.normal", [] {
   EXPECT_EQ("not well-formed XML (0xC00CE556)", text(0xC00CE556));
   EXPECT_EQ("failed (0x81234567)", text(0x81234567));
   EXPECT_TRUE([WRTErrorDescription(nil) isEqual:@"no error"]);
-  EXPECT_TRUE(
-      [WRTErrorDescription(staleErrorOfCaller()) isEqual:[staleErrorOfCaller() description]]);
+  EXPECT_TRUE([WRTErrorDescription(staleError()) isEqual:[staleError() description]]);
 });
 
 // Class, runtime class and identity, of which the last is the same for all bridges of an object.
