@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace wrt::test {
 
@@ -23,6 +24,12 @@ int32_t makeElement(int32_t index, int32_t *);
 WRTTestStruct makeElement(int32_t index, WRTTestStruct *);
 HSTRING makeElement(int32_t index, HSTRING *);
 abi::TestInterface *makeElement(int32_t index, abi::TestInterface **);
+
+/// What a member does to its caller first: what the script says, once.
+inline void meddle() {
+  if (const auto act = std::exchange(script().meddle, nullptr))
+    act();
+}
 
 /// What a member does that only takes something: it is recorded, and the status is the script's.
 inline HRESULT receive(std::string text) {

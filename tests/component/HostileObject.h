@@ -3,33 +3,12 @@
 
 #include "tests/component/TestObject.h"
 
-#include <functional>
-
 namespace wrt::test {
 
 /// A component that misbehaves in ways that a caller must survive: success codes other than zero,
 /// success without a result, counts that lie.
 class HostileObject final : public TestObject {
 public:
-  /// What these members do to their caller before they do what they should.
-  std::function<void()> meddle = [] {};
-  HRESULT WRT_ABI InString(HSTRING arg) override {
-    meddle();
-    return TestObject::InString(arg);
-  }
-  HRESULT WRT_ABI InInterfaceArray(int32_t count, abi::TestInterface **arr) override {
-    meddle();
-    return TestObject::InInterfaceArray(count, arr);
-  }
-  HRESULT WRT_ABI OutStringArray(int32_t *count, HSTRING **arr) override {
-    meddle();
-    return TestObject::OutStringArray(count, arr);
-  }
-  HRESULT WRT_ABI ReturnRtcArray(int32_t *count, abi::TestInterface ***arr) override {
-    meddle();
-    return TestObject::ReturnRtcArray(count, arr);
-  }
-
   /// Succeed with `S_FALSE`.
   HRESULT WRT_ABI VoidFunction() override { return 1; }
   HRESULT WRT_ABI ReturnPrimitive(int32_t *result) override {
@@ -63,8 +42,18 @@ public:
 
   /// Fill what was asked for and claim more.
   HRESULT WRT_ABI OutRtcArrayPreallocated(int32_t size, int32_t *count,
-                                          abi::TestInterface **arr) override;
-  HRESULT WRT_ABI OutStringArrayPreallocated(int32_t size, int32_t *count, HSTRING *arr) override;
+                                          abi::TestInterface **arr) override {
+    script().count = size;
+    const HRESULT status = TestObject::OutRtcArrayPreallocated(size, count, arr);
+    *count = 1000000;
+    return status;
+  }
+  HRESULT WRT_ABI OutStringArrayPreallocated(int32_t size, int32_t *count, HSTRING *arr) override {
+    script().count = size;
+    const HRESULT status = TestObject::OutStringArrayPreallocated(size, count, arr);
+    *count = size + 1;
+    return status;
+  }
 };
 
 } // namespace wrt::test

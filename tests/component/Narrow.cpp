@@ -5,21 +5,11 @@ namespace wrt::test {
 namespace {
 
 void append(std::string &text, uint32_t point) {
-  if (point < 0x80) {
-    text += static_cast<char>(point);
-  } else if (point < 0x800) {
-    text += static_cast<char>(0xC0 | point >> 6);
-    text += static_cast<char>(0x80 | (point & 0x3F));
-  } else if (point < 0x10000) {
-    text += static_cast<char>(0xE0 | point >> 12);
-    text += static_cast<char>(0x80 | (point >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (point & 0x3F));
-  } else {
-    text += static_cast<char>(0xF0 | point >> 18);
-    text += static_cast<char>(0x80 | (point >> 12 & 0x3F));
-    text += static_cast<char>(0x80 | (point >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (point & 0x3F));
-  }
+  static constexpr uint32_t kLeads[] = {0, 0xC0, 0xE0, 0xF0};
+  int more = point < 0x80 ? 0 : point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
+  text += static_cast<char>(kLeads[more] | point >> 6 * more);
+  while (more-- > 0)
+    text += static_cast<char>(0x80 | (point >> 6 * more & 0x3F));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "tests/component/Script.h"
 
+#include <algorithm>
 #include <mutex>
 
 namespace wrt::test {
@@ -18,28 +19,17 @@ Script &script() {
 
 void resetScript() { script() = Script(); }
 
-std::vector<std::string> crossings() {
-  std::lock_guard lock(mutex);
-  return log;
-}
-
 void recordCrossing(std::string text) {
   std::lock_guard lock(mutex);
   log.push_back(std::move(text));
 }
 
-void clearCrossings() {
+std::vector<std::string> takeCrossings(size_t most) {
   std::lock_guard lock(mutex);
-  log.clear();
-}
-
-bool takeFirstCrossing(std::string &text) {
-  std::lock_guard lock(mutex);
-  if (log.empty())
-    return false;
-  text = std::move(log.front());
-  log.erase(log.begin());
-  return true;
+  const auto end = log.begin() + static_cast<ptrdiff_t>(std::min(most, log.size()));
+  std::vector<std::string> taken(log.begin(), end);
+  log.erase(log.begin(), end);
+  return taken;
 }
 
 } // namespace wrt::test

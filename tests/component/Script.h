@@ -5,6 +5,7 @@
 #include <WRTObjcBridge/types/test.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,18 +32,18 @@ struct Script {
   int invocations = 1;
   /// Whether the delegate is kept for `keptDelegate`.
   bool keepsDelegate = false;
+
+  /// What the next member does to its caller before it does what it should.
+  std::function<void()> meddle;
 };
 
 Script &script();
 void resetScript();
 
-/// What reached the component, in the order it came: the member's name and its arguments, as in
-/// `InPrimitive 7`. Any thread.
-std::vector<std::string> crossings();
+/// What reached the component since the last time, in the order it came, or the first of it: the
+/// member's name and its arguments, as in `InPrimitive 7`. Any thread.
+std::vector<std::string> takeCrossings(size_t most = SIZE_MAX);
 void recordCrossing(std::string text);
-void clearCrossings();
-/// Moves the first crossing into `text`; whether there was one.
-bool takeFirstCrossing(std::string &text);
 
 /// UTF-16 as UTF-8, for crossings; a lone surrogate is written as `?`.
 std::string narrow(std::u16string_view text);

@@ -3,8 +3,7 @@
 #include "tests/component/Script.h"
 
 const char *WRTTestComponentNextCrossing(void) {
-  static thread_local std::string text;
-  if (!wrt::test::takeFirstCrossing(text))
-    return nullptr;
-  return text.c_str();
+  static thread_local std::vector<std::string> first;
+  first = wrt::test::takeCrossings(1);
+  return first.empty() ? nullptr : first[0].c_str();
 }

@@ -1,9 +1,6 @@
 // The bridge object model: wrapping, casting, comparing, querying, activating.
 
-#include "tests/support/Cell.h"
-#include "tests/support/LogRecorder.h"
-#include "tests/support/PlatformTrace.h"
-#include "tests/support/ProbeObject.h"
+#include "tests/support/Bridges.h"
 
 #include <WRTBridge.h>
 #include <WRTBridgeUtil.h>
@@ -17,8 +14,6 @@
 using namespace wrt::test;
 
 namespace {
-
-constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002);
 
 void *activatedObject = nullptr;
 int instanceQueries = 0;
@@ -47,15 +42,13 @@ namespace {
 
 const Cell wrapping("bridge.object.wrap.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
-  {
-    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  @autoreleasepool {
     WRTUnknownBridge *added = [WRTInterfaceProxy bridge:&object];
     EXPECT_EQ([WRTInterfaceProxy class], [added class]);
     EXPECT_EQ(&object, [added inner]);
     EXPECT_EQ(2, object.references());
     EXPECT_EQ(&object, [[WRTUnknownBridge bridgeTransfer:&object] inner]);
     EXPECT_EQ(2, object.references()) << "a transfer adds nothing";
-    [pool release];
   }
   EXPECT_EQ(0, object.references()) << "each bridge dropped one reference";
 });
@@ -73,8 +66,7 @@ const Cell wrappingNull("bridge.object.wrap.null", [] {
 
 const Cell casting("bridge.object.cast.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
-  {
-    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
+  @autoreleasepool {
     WRTIInspectableBridge *bridge = [WRTIInspectableBridge bridge:&object];
     EXPECT_EQ(nil, [WRTIInspectableBridge cast:nil]);
     EXPECT_EQ(bridge, [WRTIInspectableBridge cast:bridge]);
@@ -84,7 +76,6 @@ const Cell casting("bridge.object.cast.normal", [] {
     EXPECT_EQ([WRTInspectableBridge class], [other class]);
     EXPECT_EQ(3, object.references());
     EXPECT_TRUE(object.queries.empty()) << "a cast asks the object nothing";
-    [pool release];
   }
   EXPECT_EQ(1, object.references());
 });
@@ -116,7 +107,7 @@ const Cell querying("bridge.object.query.normal", [] {
   ProbeObject &object = lasting<ProbeObject>();
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   const GUID iid = {1, 2, 3, {4, 5, 6, 7, 8, 9, 10, 11}};
-  NSError *error = [NSError errorWithDomain:@"before" code:1 userInfo:nil];
+  NSError *error = staleError();
   EXPECT_EQ(&object, [bridge queryInterfaceWithGUID:iid error:&error]);
   EXPECT_EQ(nil, error);
   EXPECT_EQ(3, object.references());
@@ -136,9 +127,7 @@ const Cell querying("bridge.object.query.normal", [] {
 });
 
 const Cell queryFailing("bridge.object.query.failing", [] {
-  ProbeObject &object = lasting<ProbeObject>();
-  object.queryStatus = kNoInterface;
-  WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
+  WRTInspectableBridge *bridge = strangerOf([WRTInspectableBridge class]);
   NSError *error = nil;
   EXPECT_EQ(nullptr, [bridge queryInterfaceWithGUID:GUID {} error:&error]);
   EXPECT_TRUE([[error domain] isEqual:@"WRT"]);
@@ -220,7 +209,7 @@ void firstSlots(HRESULT status) {
   object.answer = const_cast<void *const **>(&FirstSlots::object);
   WRTInspectableBridge *bridge = [WRTInspectableBridge bridge:&object];
   FirstSlots::status = status;
-  NSError *const before = [NSError errorWithDomain:@"before" code:1 userInfo:nil];
+  NSError *const before = staleError();
 
   NSError *error = before;
   unsigned count = 0;
@@ -272,10 +261,10 @@ const Cell inspectableSlots("bridge.object.inspectable_slots.kept", [] {
   EXPECT_EQ(before - 1, object.references()) << "slot 2 is Release";
 
   object.queryStatus = kNoInterface;
-  EXPECT_EQ(nullptr, [bridge getIids:reinterpret_cast<unsigned *>(&question) error:&error]);
-  EXPECT_EQ(kNoInterface, [error code]);
-  EXPECT_EQ(nil, [bridge getRuntimeClassNameWithError:nullptr]);
-  EXPECT_EQ(0, [bridge getTrustLevelWithError:&error]);
+  unsigned count = 0;
+  EXPECT_FAILS(kNoInterface, [bridge getIids:&count error:&failure]);
+  EXPECT_FAILS(kNoInterface, [bridge getRuntimeClassNameWithError:&failure]);
+  EXPECT_FAILS(kNoInterface, [bridge getTrustLevelWithError:&failure]);
   for (HRESULT status : {0, 1, kNoInterface})
     firstSlots(status);
 });

@@ -43,9 +43,6 @@ void handIn(Bridge bridge, HRESULT (^block)(Bridge *result));
 
 using Crossings = std::vector<std::string>;
 
-/// What has crossed since the last time.
-Crossings takeCrossings();
-
 /// The elements' descriptions, joined by spaces.
 std::string joined(NSArray *array);
 

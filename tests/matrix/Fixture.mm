@@ -38,7 +38,7 @@ namespace {
 
 void reset() {
   resetScript();
-  clearCrossings();
+  takeCrossings();
   clearLog();
 }
 
@@ -75,12 +75,6 @@ void handIn(Bridge bridge, HRESULT (^block)(NSString **result)) {
 }
 void handIn(Bridge bridge, HRESULT (^block)(Bridge *result)) {
   [bridge inDelegateReturnInterfaceWithArg:block error:nullptr];
-}
-
-Crossings takeCrossings() {
-  Crossings taken = crossings();
-  clearCrossings();
-  return taken;
 }
 
 std::string joined(NSArray *array) { return [[array componentsJoinedByString:@" "] UTF8String]; }

@@ -100,7 +100,7 @@ const MemberCell oddStrings("hostile.all.strings.odd", [](Bridge bridge) {
     std::u16string back([text length], u' ');
     [text getCharacters:reinterpret_cast<unichar *>(back.data())];
     EXPECT_EQ(units, back);
-    clearCrossings();
+    takeCrossings();
     [bridge inStringWithArg:text error:nullptr];
     [bridge inStringArrayWithArr:[NSArray arrayWithObjects:text, text, nil] error:nullptr];
     const std::string narrowed = "\"" + narrow(units) + "\"";
@@ -112,36 +112,32 @@ const MemberCell oddStrings("hostile.all.strings.odd", [](Bridge bridge) {
 
 // A component that calls back, takes the bridge away or changes arrays while it is called.
 const MemberCell meddling("hostile.all.any.meddling", [] {
-  auto object = implement::make<HostileObject>();
-  __block WRTTestClassBridge *bridge =
-      [[WRTTestClassBridge alloc] initWithInner:implement::ComPtr(object).detach()->identity()];
-  __block NSMutableArray *array = [NSMutableArray arrayWithObjects:bridge, bridge, nil];
+  WRTTestClassBridge *bridge =
+      [[WRTTestClassBridge alloc] initWithInner:implement::make<TestObject>().detach()->identity()];
+  NSMutableArray *array = [NSMutableArray arrayWithObjects:bridge, bridge, nil];
   NSError *error = nil;
-  void (^const callBack)() = ^{
-    object->meddle = [] {};
-    [bridge inStringWithArg:@"again" error:nullptr];
-    [bridge outStringArrayWithArr:[NSMutableArray array] error:nullptr];
-  };
-  void (^const emptyTheArray)() = ^{
-    [array removeAllObjects];
-  };
-  void (^const fillTheArray)() = ^{
-    [array addObject:@"more"];
-  };
   expectLeftover({.taskBlocks = 9}); // of the arrays that are handed out
-  for (void (^meddle)() : {callBack, emptyTheArray, fillTheArray}) {
-    object->meddle = meddle;
+  const std::function<void()> acts[] = {
+      [&] {
+        [bridge inStringWithArg:@"again" error:nullptr];
+        [bridge outStringArrayWithArr:[NSMutableArray array] error:nullptr];
+      },
+      [&] { [array removeAllObjects]; },
+      [&] { [array addObject:@"more"]; },
+  };
+  for (const auto &act : acts) {
+    script().meddle = act;
     [bridge inInterfaceArrayWithArr:array error:&error];
     EXPECT_EQ(nil, error);
-    object->meddle = meddle;
+    script().meddle = act;
     [bridge outStringArrayWithArr:array error:&error];
     EXPECT_EQ("0 1 2", joined(array));
-    object->meddle = meddle;
+    script().meddle = act;
     EXPECT_EQ(3u, [[bridge returnRtcArrayWithError:&error] count]);
     [array setArray:@[ bridge, bridge ]];
   }
   [array removeAllObjects];
-  object->meddle = ^{
+  script().meddle = [&] {
     [bridge release];
     bridge = nil;
   };
@@ -149,7 +145,6 @@ const MemberCell meddling("hostile.all.any.meddling", [] {
   EXPECT_EQ(nil, error) << "the call holds the object";
   EXPECT_EQ(nil, bridge);
   [bridge release];
-  object->meddle = [] {};
 });
 
 // A delegate that is invoked when nobody wants it any more: twice at once on each of eight threads.

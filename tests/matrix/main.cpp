@@ -27,20 +27,6 @@ std::set<std::string> listedCells(const char *path) {
   return cells;
 }
 
-std::set<std::string> ranCells() {
-  std::set<std::string> ran;
-  const testing::UnitTest &all = *testing::UnitTest::GetInstance();
-  for (int suite = 0; suite < all.total_test_suite_count(); ++suite) {
-    const testing::TestSuite &tests = *all.GetTestSuite(suite);
-    for (int test = 0; test < tests.total_test_count(); ++test) {
-      const testing::TestInfo &info = *tests.GetTestInfo(test);
-      if (info.should_run() && !info.result()->Skipped())
-        ran.insert(std::string(info.test_suite_name()) + "." + info.name());
-    }
-  }
-  return ran;
-}
-
 /// Prints each name of `names` that `others` lacks; how many there are.
 size_t reportMissing(const std::set<std::string> &names, const std::set<std::string> &others,
                      const char *what) {
@@ -60,7 +46,10 @@ int main(int argc, char **argv) {
   if (testing::GTEST_FLAG(filter) != "*")
     return failed;
   const auto listed = listedCells(WRT_MATRIX_FILE);
-  const auto ran = ranCells();
+  // Without a filter all of them.
+  std::set<std::string> ran;
+  for (const auto &[name, body] : wrt::test::allCells())
+    ran.insert(name);
   const size_t missing = reportMissing(listed, ran, "listed, but not run") +
                          reportMissing(ran, listed, "run, but not listed");
   std::printf("matrix: %zu cells run of %zu listed\n", ran.size(), listed.size());

@@ -123,7 +123,7 @@ const MemberCell objectArrayNull("object.all.array.null", [](Bridge bridge) {
   EXPECT_TRUE([[bridge returnRtcArrayWithError:nullptr] isEqual:nulls]);
   EXPECT_TRUE([[bridge returnInterfaceArrayPreallocatedWithSize:2 error:nullptr] isEqual:nulls]);
 
-  clearCrossings();
+  takeCrossings();
   NSArray *const some = @[ static_cast<id>(bridge), [NSNull null], bridge ];
   [bridge inInterfaceArrayWithArr:some error:nullptr];
   [bridge inRtcArrayWithArr:[OddArray arrayWithCount:1] error:nullptr];

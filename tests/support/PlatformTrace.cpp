@@ -27,28 +27,38 @@ bool lacksNext(Lack lack, const char *function, const void *caller) {
          strikeOf(function, caller) != Strike::None;
 }
 
-/// Whether that call has been answered without being carried out: with `*status` and a result.
-template <class Result>
-bool answered(const char *function, const void *caller, HRESULT *status, Result *result) {
-  const Strike strike = strikeOf(function, caller);
-  *status = strike == Strike::Failure ? kStruck : 0;
-  // Nobody may look at what comes with a failure.
-  *result = strike == Strike::Failure ? reinterpret_cast<Result>(0xCCCCCCCC) : nullptr;
-  return strike != Strike::None;
-}
-
-/// Where the function that calls this one returns to.
-#define WRT_CALLER __builtin_return_address(0)
-
-void record(const char *function, const void *argument, size_t size = 0) {
-  if (active)
-    active->add({function, argument, size});
-}
-
 /// The platform's own function behind the one that the test program defines.
 template <class Function>
 Function *next(const char *name) {
   return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
+}
+
+/// Where the function that calls this one returns to.
+#define WRT_CALLER __builtin_return_address(0)
+/// The platform's own function of that name, looked up once.
+#define WRT_NEXT(function)                                                                         \
+  ([] {                                                                                            \
+    static auto *const forward = next<decltype(function)>(#function);                              \
+    return forward;                                                                                \
+  }())
+/// Has the platform carry a call out, or answers it with the status of a strike.
+#define WRT_CARRY_OUT(function, result, ...)                                                       \
+  carryOut(WRT_NEXT(function), #function, WRT_CALLER, result, __VA_ARGS__)
+
+template <class Function, class Result, class... Arguments>
+HRESULT carryOut(Function *forward, const char *function, const void *caller, Result *result,
+                 Arguments... arguments) {
+  const Strike strike = strikeOf(function, caller);
+  if (strike == Strike::None)
+    return forward(arguments..., result);
+  // Nobody may look at what comes with a failure.
+  *result = strike == Strike::Failure ? reinterpret_cast<Result>(0xCCCCCCCC) : nullptr;
+  return strike == Strike::Failure ? kStruck : 0;
+}
+
+void record(const char *function, const void *argument, size_t size = 0) {
+  if (active)
+    active->add({function, argument, size});
 }
 
 } // namespace
@@ -90,103 +100,81 @@ void *operator new(size_t size, const std::nothrow_t &tag) noexcept {
 extern "C" {
 
 HRESULT WRTHSTRINGRelease(HSTRING string) {
-  static auto *forward = next<HRESULT(HSTRING)>("WRTHSTRINGRelease");
-  record("WRTHSTRINGRelease", string);
-  return forward(string);
+  record(__func__, string);
+  return WRT_NEXT(WRTHSTRINGRelease)(string);
 }
 
 HRESULT WRTHSTRINGDuplicate(HSTRING string, HSTRING *copy) {
-  static auto *forward = next<HRESULT(HSTRING, HSTRING *)>("WRTHSTRINGDuplicate");
-  if (HRESULT status; answered("WRTHSTRINGDuplicate", WRT_CALLER, &status, copy))
-    return status;
-  if (duplicateFailure < 0 && duplicatesUntilFailure-- > 0)
-    return forward(string, copy);
-  const HRESULT failure = std::exchange(duplicateFailure, 0);
-  return failure < 0 ? failure : forward(string, copy);
+  if (duplicateFailure < 0 && duplicatesUntilFailure-- == 0)
+    return std::exchange(duplicateFailure, 0);
+  return WRT_CARRY_OUT(WRTHSTRINGDuplicate, copy, string);
 }
 
 HRESULT WRTHSTRINGCreateReference(const char16_t *text, uint32_t length, WRTHSTRINGHeader *header,
                                   HSTRING *string) {
-  static auto *forward = next<decltype(WRTHSTRINGCreateReference)>("WRTHSTRINGCreateReference");
-  if (HRESULT status; answered("WRTHSTRINGCreateReference", WRT_CALLER, &status, string))
-    return status;
   const HRESULT failure = std::exchange(referenceFailure, 0);
-  return failure < 0 ? failure : forward(text, length, header, string);
+  return failure < 0 ? failure
+                     : WRT_CARRY_OUT(WRTHSTRINGCreateReference, string, text, length, header);
 }
 
 void *WRTHSTRINGToCFString(HSTRING string) {
-  static auto *forward = next<void *(HSTRING)>("WRTHSTRINGToCFString");
-  record("WRTHSTRINGToCFString", string);
-  return lacksNext(Lack::String, "WRTHSTRINGToCFString", WRT_CALLER) ? nullptr : forward(string);
+  record(__func__, string);
+  return lacksNext(Lack::String, __func__, WRT_CALLER) ? nullptr
+                                                       : WRT_NEXT(WRTHSTRINGToCFString)(string);
 }
 
 uint32_t WRTIUnknownRelease(void *object) {
-  static auto *forward = next<uint32_t(void *)>("WRTIUnknownRelease");
-  record("WRTIUnknownRelease", object);
-  return forward(object);
+  record(__func__, object);
+  return WRT_NEXT(WRTIUnknownRelease)(object);
 }
 
 void WRTIUnknownSafeRelease(void *object) {
-  static auto *forward = next<void(void *)>("WRTIUnknownSafeRelease");
-  record("WRTIUnknownSafeRelease", object);
-  forward(object);
+  record(__func__, object);
+  WRT_NEXT(WRTIUnknownSafeRelease)(object);
 }
 
 void *WRTTaskMemAlloc(size_t size) {
-  static auto *forward = next<void *(size_t)>("WRTTaskMemAlloc");
   // A block of no bytes can always be had.
-  const bool isLacking = size > 0 && lacksNext(Lack::TaskMemory, "WRTTaskMemAlloc", WRT_CALLER);
-  void *block = isLacking ? nullptr : forward(size);
-  record("WRTTaskMemAlloc", block, size);
+  const bool isLacking = size > 0 && lacksNext(Lack::TaskMemory, __func__, WRT_CALLER);
+  void *block = isLacking ? nullptr : WRT_NEXT(WRTTaskMemAlloc)(size);
+  record(__func__, block, size);
   return block;
 }
 
 void WRTTaskMemFree(void *block) {
-  static auto *forward = next<void(void *)>("WRTTaskMemFree");
-  record("WRTTaskMemFree", block);
-  forward(block);
+  record(__func__, block);
+  WRT_NEXT(WRTTaskMemFree)(block);
 }
 
 HRESULT WRTGetActivationFactory(HSTRING className, const GUID *iid, void **factory) {
-  static auto *forward = next<HRESULT(HSTRING, const GUID *, void **)>("WRTGetActivationFactory");
-  record("WRTGetActivationFactory", iid);
-  if (HRESULT status; answered("WRTGetActivationFactory", WRT_CALLER, &status, factory))
-    return status;
-  const HRESULT status = forward(className, iid, factory);
+  record(__func__, iid);
+  const HRESULT status = WRT_CARRY_OUT(WRTGetActivationFactory, factory, className, iid);
   if (status < 0)
     *factory = reinterpret_cast<void *>(0xCCCCCCCC); // nobody may look at it
   return status;
 }
 
 void *WRTActivateInstance(const char16_t *className) {
-  static auto *forward = next<decltype(WRTActivateInstance)>("WRTActivateInstance");
-  return strikeOf("WRTActivateInstance", WRT_CALLER) == Strike::None ? forward(className) : nullptr;
+  const bool isStruck = strikeOf(__func__, WRT_CALLER) != Strike::None;
+  return isStruck ? nullptr : WRT_NEXT(WRTActivateInstance)(className);
 }
 
 HRESULT WRTIUnknownQueryInterface(void *object, const GUID *iid, void **result) {
-  static auto *forward = next<decltype(WRTIUnknownQueryInterface)>("WRTIUnknownQueryInterface");
-  if (HRESULT status; answered("WRTIUnknownQueryInterface", WRT_CALLER, &status, result))
-    return status;
-  return forward(object, iid, result);
+  return WRT_CARRY_OUT(WRTIUnknownQueryInterface, result, object, iid);
 }
 
 HRESULT WRTIBufferByteAccessBuffer(void *byteAccess, uint8_t **bytes) {
-  static auto *forward = next<decltype(WRTIBufferByteAccessBuffer)>("WRTIBufferByteAccessBuffer");
-  if (HRESULT status; answered("WRTIBufferByteAccessBuffer", WRT_CALLER, &status, bytes))
-    return status;
-  return forward(byteAccess, bytes);
+  return WRT_CARRY_OUT(WRTIBufferByteAccessBuffer, bytes, byteAccess);
 }
 
 void *WRTHSTRINGFromCFString(void *string) {
-  static auto *forward = next<void *(void *)>("WRTHSTRINGFromCFString");
-  return strikeOf("WRTHSTRINGFromCFString", WRT_CALLER) == Strike::None ? forward(string) : nullptr;
+  const bool isStruck = strikeOf(__func__, WRT_CALLER) != Strike::None;
+  return isStruck ? nullptr : WRT_NEXT(WRTHSTRINGFromCFString)(string);
 }
 
 void *__zorvex_dispatch_semaphore_create(long value) {
-  static auto *forward = next<void *(long)>("__zorvex_dispatch_semaphore_create");
-  return lacksNext(Lack::Semaphore, "__zorvex_dispatch_semaphore_create", WRT_CALLER)
-             ? nullptr
-             : forward(value);
+  const bool isLacking = lacksNext(Lack::Semaphore, __func__, WRT_CALLER);
+  return isLacking ? nullptr : WRT_NEXT(__zorvex_dispatch_semaphore_create)(value);
 }
 
 } // extern "C"
