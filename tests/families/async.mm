@@ -18,8 +18,7 @@ using ProgressOperation = id<WRTIAsyncOperationWithProgress__2_WRTUINT32_WRTUINT
 const Cell handlerBefore("async.handler.set_before_completion.normal", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
-  Gate called;
-  Gate *const calledGate = &called;
+  const auto called = std::make_shared<Gate>();
   UIntOperation operation = waitingFor(gate);
   void *const object = [static_cast<id>(operation) inner];
   NSError *error = staleError();
@@ -28,14 +27,14 @@ const Cell handlerBefore("async.handler.set_before_completion.normal", [] {
     EXPECT_EQ(object, [static_cast<id>(done) inner]);
     EXPECT_EQ(WRTAsyncStatusCompleted, asyncStatus);
     EXPECT_EQ(17u, [done getResultsWithError:nullptr]);
-    calledGate->open();
+    called->open();
     return 0;
   });
   EXPECT_EQ(nil, error);
   EXPECT_EQ(WRTAsyncStatusStarted, [infoOf(operation) getStatusWithError:nullptr]);
   EXPECT_FAILS(status::kIllegalMethodCall, [operation getResultsWithError:&failure]);
   gate->open();
-  called.wait();
+  called->wait();
   EXPECT_EQ(WRTAsyncStatusCompleted, [infoOf(operation) getStatusWithError:nullptr]);
   EXPECT_EQ(0, [infoOf(operation) getErrorCodeWithError:&error]);
   EXPECT_EQ(17u, [operation getResultsWithError:&error]);
@@ -67,28 +66,26 @@ const Cell handlerAfter("async.handler.set_after_completion.normal", [] {
 const Cell handlerTwice("async.handler.set_twice.refused", [] {
   PoolDrained drained;
   auto gate = std::make_shared<Gate>();
-  std::atomic<int> calls = 0;
-  std::atomic<int> *const counter = &calls;
+  const auto calls = std::make_shared<std::atomic<int>>(0);
   UIntOperation operation = waitingFor(gate);
   const auto count = ^HRESULT(UIntOperation, int) {
-    ++*counter;
+    ++*calls;
     return 0;
   };
   setCompleted(operation, nullptr, count);
   EXPECT_FAILS(status::kIllegalDelegateAssignment, setCompleted(operation, &failure, count));
   gate->open();
   waitForPool();
-  EXPECT_EQ(1, calls) << "the refused handler is not called";
+  EXPECT_EQ(1, *calls) << "the refused handler is not called";
   EXPECT_FAILS(status::kIllegalDelegateAssignment, setCompleted(operation, &failure, count));
-  EXPECT_EQ(1, calls);
+  EXPECT_EQ(1, *calls);
 });
 
 // The status changes at once, the handler is called when the work has ended, with no result.
 const Cell cancelRunning("async.cancel.running.normal", [] {
   PoolDrained drained;
   auto started = std::make_shared<Gate>(), proceed = std::make_shared<Gate>();
-  Gate called;
-  Gate *const calledGate = &called;
+  const auto called = std::make_shared<Gate>();
   UIntOperation operation = startedOperation<UInt32>(
       [UIntBridge class], [started, proceed](const Work<> &work, uint32_t &result) -> HRESULT {
         std::mutex mutex;
@@ -104,7 +101,7 @@ const Cell cancelRunning("async.cancel.running.normal", [] {
   setCompleted(operation, nullptr, ^HRESULT(UIntOperation done, int asyncStatus) {
     EXPECT_EQ(WRTAsyncStatusCanceled, asyncStatus);
     EXPECT_FAILS(status::kAbort, [done getResultsWithError:&failure]);
-    calledGate->open();
+    called->open();
     return 0;
   });
   started->wait();
@@ -115,7 +112,7 @@ const Cell cancelRunning("async.cancel.running.normal", [] {
   EXPECT_FAILS(status::kIllegalStateChange, [infoOf(operation) closeWithError:&failure])
       << "the work has not ended";
   proceed->open();
-  called.wait();
+  called->wait();
   [infoOf(operation) cancelWithError:&error];
   EXPECT_EQ(nil, error) << "again is no failure";
 });
@@ -123,8 +120,7 @@ const Cell cancelRunning("async.cancel.running.normal", [] {
 // Cancellation, completion, handler and results on threads of their own: one outcome, told once.
 const Cell cancelRaces("async.cancel.other_threads.normal", [] {
   PoolDrained drained;
-  std::atomic<int> calls = 0;
-  std::atomic<int> *const counter = &calls;
+  const auto calls = std::make_shared<std::atomic<int>>(0);
   const int kOperations = runsForItsEnd() ? 20 : 200;
   for (int i = 0; i < kOperations; ++i) {
     @autoreleasepool {
@@ -144,14 +140,14 @@ const Cell cancelRaces("async.cancel.other_threads.normal", [] {
         EXPECT_TRUE(asyncStatus == WRTAsyncStatusCompleted
                         ? result == 17 && !error
                         : asyncStatus == WRTAsyncStatusCanceled && error);
-        ++*counter;
+        ++*calls;
         return 0;
       });
       canceling.join();
     }
   }
   waitForPool();
-  EXPECT_EQ(kOperations, calls);
+  EXPECT_EQ(kOperations, *calls);
 });
 
 const Cell closed("async.close.all.normal", [] {

@@ -10,7 +10,6 @@
 #import <WRTObjcBridge/IVector.h>
 #import <WRTObjcBridge/Windows.Foundation.Collections.h>
 #import <WRTObjcBridge/Windows.Storage.h>
-#include <abi/IObservableVector.abi.h>
 #include <abi/Windows.Storage.abi.h>
 
 namespace wrt::test {
@@ -24,8 +23,7 @@ using Folders = id<WRTIVector__1_WRTStorageFolder_P_Bridge>;
 using ObservableFolders = id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge>;
 
 ObservableFolders newFolders() {
-  abi::IObservableVector__1_WRTStorageFolder_P *vector = nullptr;
-  makeObservableVector<Folder>(&vector);
+  IObservableVector<Folder> *const vector = make<ObservableVector<Folder>>().detach();
   return static_cast<ObservableFolders>(
       [WRTIObservableVector__1_WRTStorageFolder_P_Bridge bridgeTransfer:vector]);
 }

@@ -11,7 +11,6 @@
 #import <WRTObjcBridge/IVectorView.h>
 #import <WRTObjcBridge/Windows.Media.Devices.h>
 #import <WRTObjcBridge/Windows.UI.Popups.h>
-#include <abi/IVector.abi.h>
 #include <abi/IVectorView.abi.h>
 #include <abi/Windows.Media.Devices.abi.h>
 #include <abi/Windows.UI.Popups.abi.h>
@@ -53,15 +52,13 @@ using Region = types::RegionOfInterest;
 using FocusMode = types::FocusMode;
 
 Strings newStrings(std::initializer_list<std::u16string_view> texts = {}) {
-  abi::IVector__1_WRTHSTRING *vector = nullptr;
-  makeVector<String>(&vector, Items<String>(texts.begin(), texts.end()));
-  return static_cast<Strings>([WRTIVector__1_WRTHSTRING_Bridge bridgeTransfer:vector]);
+  const auto vector = make<Vector<String>>(Items<String>(texts.begin(), texts.end()));
+  return static_cast<Strings>([WRTIVector__1_WRTHSTRING_Bridge bridge:vector->identity()]);
 }
 
 Commands newCommands() {
-  abi::IVector__1_WRTIUICommand_P *vector = nullptr;
-  makeVector<Ref<abi::IUICommand>>(&vector);
-  return static_cast<Commands>([WRTIVector__1_WRTIUICommand_P_Bridge bridgeTransfer:vector]);
+  const auto vector = make<Vector<Ref<abi::IUICommand>>>();
+  return static_cast<Commands>([WRTIVector__1_WRTIUICommand_P_Bridge bridge:vector->identity()]);
 }
 
 id<WRTIUICommandBridge> newCommand() {

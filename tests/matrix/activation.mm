@@ -18,7 +18,8 @@ const MemberCell defaultConstruction("activation.class.default.normal", [] {
   WRTTestClassBridge *bridge = [[[WRTTestClassBridge alloc] init] autorelease];
   ASSERT_NE(nil, bridge);
   [bridge voidFunctionWithError:nullptr];
-  EXPECT_EQ(Crossings{"VoidFunction"}, takeCrossings());
+  [bridge voidFunctionFromInterface2WithError:nullptr];
+  EXPECT_EQ((Crossings{"VoidFunction", "VoidFunctionFromInterface2"}), takeCrossings());
 });
 
 const Cell defaultConstructionFailing("activation.class.default.class_missing", [] {

@@ -121,26 +121,31 @@ const MemberCell delegateDroppedByItself("delegate.in.block.dropped_by_itself", 
   EXPECT_TRUE(life.expired());
 });
 
-const MemberCell delegateOnThreads("delegate.in.block.other_threads", [](Bridge bridge) {
-  auto calls = std::make_shared<std::atomic<int>>(0);
-  std::atomic<int> *counter = calls.get();
-  keepDelegate(bridge, ^HRESULT(int, id i, id c) {
-    *counter += [i inner] == [c inner] ? 1 : 0;
-    return 0;
-  });
+// Also when nobody wants it any more: bridge, block and component have let go of it.
+const MemberCell delegateOnThreads("delegate.in.block.other_threads", [] {
+  const auto calls = std::make_shared<std::atomic<int>>(0);
+  @autoreleasepool {
+    keepDelegate(newBridge([WRTTestClassBridge class]), ^HRESULT(int x, id i, id c) {
+      [static_cast<Bridge>(i) voidFunctionWithError:nullptr];
+      *calls += [i inner] == [c inner] && (i == nil) == (x < 0) ? 1 : 1000000;
+      return 0;
+    });
+  }
   const auto object = implement::make<TestObject>();
   std::vector<Thread> threads;
-  for (int i = 0; i < 4; ++i) {
+  for (int i = 0; i < 8; ++i) {
     // Each thread has a reference of its own; the last to end frees the block.
     threads.emplace_back([delegate = keptDelegate(), &object] {
-      for (int call = 0; call < 250; ++call)
+      for (int call = 0; call < 100; ++call) {
         delegate->Invoke(call, nullptr, object.get(), object.get());
+        delegate->Invoke(INT32_MIN, nullptr, nullptr, nullptr);
+      }
     });
   }
   dropKeptDelegate();
   for (Thread &thread : threads)
     thread.join();
-  EXPECT_EQ(1000, *calls);
+  EXPECT_EQ(1600, *calls);
   EXPECT_TRUE(life.expired());
 });
 

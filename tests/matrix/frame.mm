@@ -46,14 +46,6 @@ const MemberCell manyThreads("frame.all.strings.many_threads", [] {
     thread.join();
 });
 
-const MemberCell secondInterface("frame.all.second_interface.normal", [] {
-  WRTTestClassBridge *bridge = newBridge([WRTTestClassBridge class]);
-  [bridge voidFunctionFromInterface2WithError:nullptr];
-  [[WRTTestInterface2Bridge cast:bridge] voidFunctionFromInterface2WithError:nullptr];
-  EXPECT_EQ((Crossings{"VoidFunctionFromInterface2", "VoidFunctionFromInterface2"}),
-            takeCrossings());
-});
-
 // Arguments are retained before the receiver is asked; only then may anything else let go of them.
 const MemberCell retainedFirst("frame.all.arguments.retained_first", [] {
   script().invocations = 0;

@@ -2,9 +2,6 @@
 
 #include "tests/component/HostileObject.h"
 #include "tests/matrix/Fixture.h"
-#include "tests/support/Thread.h"
-
-#include <atomic>
 
 namespace wrt::test {
 
@@ -145,32 +142,6 @@ const MemberCell meddling("hostile.all.any.meddling", [] {
   EXPECT_EQ(nil, error) << "the call holds the object";
   EXPECT_EQ(nil, bridge);
   [bridge release];
-});
-
-// A delegate that is invoked when nobody wants it any more: twice at once on each of eight threads.
-const MemberCell lateDelegate("hostile.in.delegate.late", [] {
-  std::atomic<int> calls = 0;
-  std::atomic<int> *const counter = &calls;
-  script().invocations = 0;
-  script().keepsDelegate = true;
-  @autoreleasepool {
-    handIn(newBridge([WRTTestClassBridge class]),
-           ^HRESULT(int, NSString *, Bridge i, WRTTestClassBridge *c) {
-             [i voidFunctionWithError:nullptr];
-             *counter += i == nil && c == nil ? 1 : 1000;
-             return 0;
-           });
-  }
-  std::vector<Thread> threads;
-  for (int i = 0; i < 8; ++i)
-    threads.emplace_back([delegate = keptDelegate()] {
-      for (int time = 0; time < 2; ++time)
-        delegate->Invoke(INT32_MIN, nullptr, nullptr, nullptr);
-    });
-  dropKeptDelegate();
-  for (Thread &thread : threads)
-    thread.join();
-  EXPECT_EQ(16, calls);
 });
 
 } // namespace

@@ -6,11 +6,9 @@
 #import <WRTObjcBridge/IObservableVector.h>
 #import <WRTObjcBridge/Windows.Foundation.Collections.h>
 #import <WRTSupport/WRTSupport.h>
-#include <abi/IObservableVector.abi.h>
 #include <abi/Windows.Storage.abi.h>
 #include <abi/Windows.UI.Core.abi.h>
 
-#include <deque>
 #include <thread>
 
 namespace wrt::test {
@@ -26,8 +24,7 @@ using Handler = HRESULT (^)(id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge
                             id<WRTIVectorChangedEventArgsBridge>);
 
 ObservableFolders *newFolders() {
-  abi::IObservableVector__1_WRTStorageFolder_P *vector = nullptr;
-  makeObservableVector<Folder>(&vector);
+  IObservableVector<Folder> *const vector = make<ObservableVector<Folder>>().detach();
   return [ObservableFolders bridgeTransfer:vector];
 }
 
@@ -101,11 +98,10 @@ const Cell cancelElsewhere("support.subscription.other_threads.normal", [] {
   for (int round = 0; round < 50; ++round) {
     @autoreleasepool {
       ObservableFolders *folders = newFolders();
-      std::atomic<int> calls = 0;
-      std::atomic<int> *const counter = &calls;
+      const auto calls = std::make_shared<std::atomic<int>>(0);
       WRTSubscription *held =
           WRTSubscribe(folders, VectorChanged, Handler, nullptr, ^HRESULT(id, id) {
-            ++*counter;
+            ++*calls;
             return 0;
           });
       std::thread other([held] { [held cancel]; });
@@ -114,30 +110,21 @@ const Cell cancelElsewhere("support.subscription.other_threads.normal", [] {
         change(folders);
       other.join();
       third.join();
-      const int before = calls;
+      const int before = *calls;
       change(folders);
-      EXPECT_EQ(before, calls);
+      EXPECT_EQ(before, *calls);
     }
   }
 });
 
-/// A window's thread: what it is given, one after the other.
+/// Whether this thread is doing what the dispatcher below was given.
+thread_local bool isOfWindow = false;
+
+/// Has the pool do what it is given.
 class Dispatcher final : public Implements<abi::ICoreDispatcher> {
 public:
-  Dispatcher() : thread_([this] { run(); }) {}
-  ~Dispatcher() { stop(); }
-
-  /// Runs what was given before, then refuses.
-  void stop() {
-    {
-      std::lock_guard lock(mutex_);
-      stopped_ = true;
-      changed_.notify_all();
-    }
-    if (thread_.joinable())
-      thread_.join();
-  }
-  std::thread::id id() const { return id_; }
+  /// Whether everything is refused.
+  bool isStopped = false;
 
   HRESULT WRT_ABI get_HasThreadAccess(unsigned char *) override { return status::kNotImplemented; }
   HRESULT WRT_ABI ProcessEvents(int) override { return status::kNotImplemented; }
@@ -146,44 +133,23 @@ public:
   }
   HRESULT WRT_ABI RunAsync(int priority, abi::DispatchedHandler *handler,
                            abi::IAsyncAction **action) override {
-    std::lock_guard lock(mutex_);
-    if (stopped_ || priority != WRTCoreDispatcherPriorityNormal)
+    if (isStopped || priority != WRTCoreDispatcherPriorityNormal)
       return status::kClosed;
-    work_.emplace_back(handler);
-    changed_.notify_all();
-    return startAsync<>(action, [](const Work<> &) { return status::kOk; });
-  }
-
-private:
-  void run() {
-    for (std::unique_lock lock(mutex_);;) {
-      changed_.wait(lock, [this] { return stopped_ || !work_.empty(); });
-      if (work_.empty())
-        return;
-      ComPtr<abi::DispatchedHandler> next = std::move(work_.front());
-      work_.pop_front();
-      lock.unlock();
+    return startAsync<>(action, [given = ComPtr(handler)](const Work<> &) {
       @autoreleasepool {
-        next->Invoke();
-        next.reset();
+        isOfWindow = true;
+        given->Invoke();
+        isOfWindow = false;
       }
-      lock.lock();
-    }
+      return status::kOk;
+    });
   }
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  std::deque<ComPtr<abi::DispatchedHandler>> work_;
-  bool stopped_ = false;
-  std::thread thread_;
-  const std::thread::id id_ = thread_.get_id();
 };
 
 const Cell dispatched("support.dispatcher.all.normal", [] {
   PoolDrained drained;
   using Number = WRTIAsyncOperation__1_WRTUINT32_Bridge;
   auto window = make<Dispatcher>();
-  const auto thread = window->id();
   WRTICoreDispatcherBridge *dispatcher = [WRTICoreDispatcherBridge bridge:window.get()];
   Gate gates[3];
   Gate *const done = gates;
@@ -193,7 +159,7 @@ const Cell dispatched("support.dispatcher.all.normal", [] {
         return status::kOk;
       });
   WRTThenOn(dispatcher, operation, ^(unsigned result, NSError *failure) {
-    EXPECT_EQ(thread, std::this_thread::get_id());
+    EXPECT_TRUE(isOfWindow);
     EXPECT_EQ(17u, result);
     EXPECT_EQ(nil, failure);
     done[0].open();
@@ -202,7 +168,7 @@ const Cell dispatched("support.dispatcher.all.normal", [] {
   WRTIAsyncActionBridge *failing = startedOperation<>(
       [WRTIAsyncActionBridge class], [](const Work<> &) { return status::kBounds; });
   WRTThenOn(dispatcher, failing, ^(NSError *failure) {
-    EXPECT_EQ(thread, std::this_thread::get_id());
+    EXPECT_TRUE(isOfWindow);
     EXPECT_EQ(status::kBounds, [failure code]);
     done[1].open();
   });
@@ -211,7 +177,7 @@ const Cell dispatched("support.dispatcher.all.normal", [] {
   ObservableFolders *folders = newFolders();
   const Handler handler = ^HRESULT(id<WRTIObservableVector__1_WRTStorageFolder_P_Bridge> sender,
                                    id<WRTIVectorChangedEventArgsBridge> event) {
-    EXPECT_EQ(thread, std::this_thread::get_id());
+    EXPECT_TRUE(isOfWindow);
     EXPECT_EQ([folders inner], [sender inner]);
     EXPECT_NE(nil, event);
     done[2].open();
@@ -223,10 +189,12 @@ const Cell dispatched("support.dispatcher.all.normal", [] {
   gates[2].wait();
   [held cancel];
 
-  window->stop();
+  waitForPool();
+  window->isStopped = true;
   __block int calls = 0;
   WRTThenOn(dispatcher, operation, ^(unsigned, NSError *failure) {
     EXPECT_EQ(status::kClosed, [failure code]);
+    EXPECT_FALSE(isOfWindow);
     ++calls;
   });
   EXPECT_EQ(1, calls) << "told here when it cannot be told there";

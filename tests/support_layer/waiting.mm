@@ -110,24 +110,22 @@ const Cell thenEachKind("support.then.each_kind.normal", [] {
 
   const auto here = std::this_thread::get_id();
   auto gate = std::make_shared<Gate>();
-  Gate told;
-  Gate *const toldGate = &told;
+  const auto told = std::make_shared<Gate>();
   WRTThen(static_cast<Number *>(waitingFor(gate, status::kBounds)),
           ^(unsigned result, NSError *failure) {
             EXPECT_EQ(0u, result);
             EXPECT_EQ(status::kBounds, [failure code]);
             EXPECT_NE(here, std::this_thread::get_id());
-            toldGate->open();
+            told->open();
           });
   gate->open();
-  told.wait();
-  Gate acted;
-  Gate *const actedGate = &acted;
+  told->wait();
+  const auto acted = std::make_shared<Gate>();
   WRTThen(action(status::kFail), ^(NSError *failure) {
     EXPECT_EQ(status::kFail, [failure code]);
-    actedGate->open();
+    acted->open();
   });
-  acted.wait();
+  acted->wait();
 });
 
 const Cell progressReports("support.progress.reports.normal", [] {
