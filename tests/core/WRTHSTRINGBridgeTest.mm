@@ -1,9 +1,7 @@
 // The string bridge and the exported string conversions.
 
 #include "platform/linux/implement/StringHolder.h"
-#include "tests/support/Cell.h"
-#include "tests/support/LogRecorder.h"
-#include "tests/support/PlatformTrace.h"
+#include "tests/support/Bridges.h"
 
 #include <WRTBridge.h>
 #import <WRTObjcBridge/WRTConversions.h>

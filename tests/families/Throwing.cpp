@@ -1,5 +1,3 @@
-#include "tests/families/Throwing.h"
-
 #include "platform/linux/components/async/AsyncOperation.h"
 
 #include <new>
@@ -9,6 +7,7 @@ namespace wrt::test {
 
 using namespace implement;
 
+// Apart from the cells, since Objective-C++ code cannot catch C++ exceptions with this runtime.
 IAsyncOperation<UInt32> *startThrowing(bool outOfMemory) {
   IAsyncOperation<UInt32> *operation = nullptr;
   startAsync<UInt32>(&operation, [outOfMemory](const Work<> &, uint32_t &) -> HRESULT {

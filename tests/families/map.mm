@@ -127,49 +127,30 @@ const Cell objectLacksInterface("map.objects.key_and_value.interface_missing", [
   EXPECT_EQ(0u, [map getSizeWithError:nullptr]);
 });
 
-using Pair = IKeyValuePair<String, Int32>;
-
-int32_t valueOf(const ComPtr<Pair> &pair) {
-  int32_t value = 0;
-  EXPECT_EQ(status::kOk, pair->get_Value(&value));
-  return value;
-}
-
-std::u16string keyOf(const ComPtr<Pair> &pair) {
-  StringHolder key;
-  EXPECT_EQ(status::kOk, pair->get_Key(key.put()));
-  return std::u16string(key.view());
-}
-
 // The library has no members for these: a component sees keys in order, and that the map changed.
 const Cell iteration("map.iterator.pairs.normal", [] {
   const auto map = make<Map<String, Int32>>(
       Entries<String, Int32>{{StringHolder(u"b"), 2}, {StringHolder(u"a"), 1}, {{}, 0}});
   ComPtr<IIterator<PairOf<String, Int32>>> iterator;
   ASSERT_EQ(status::kOk, map->First(iterator.put()));
+  IKeyValuePair<String, Int32> *pairs[5] = {};
+  uint32_t actual = 0;
+  EXPECT_EQ(status::kOk, iterator->GetMany(5, pairs, &actual));
+  ASSERT_EQ(3u, actual);
   std::u16string keys;
-  int32_t values = 0;
-  for (uint8_t more = 1; more; iterator->MoveNext(&more)) {
-    ComPtr<Pair> pair;
-    ASSERT_EQ(status::kOk, iterator->get_Current(pair.put()));
-    keys += keyOf(pair) + u";";
-    values = 10 * values + valueOf(pair);
+  for (int32_t i = 0; i < 3; ++i) {
+    const auto pair = ComPtr<IKeyValuePair<String, Int32>>::adopt(pairs[i]);
+    StringHolder key;
+    int32_t value = -1;
+    EXPECT_EQ(status::kOk, pair->get_Key(key.put()));
+    EXPECT_EQ(status::kOk, pair->get_Value(&value));
+    EXPECT_EQ(i, value);
+    keys += std::u16string(key.view()) + u";";
   }
   EXPECT_EQ(u";a;b;", keys);
-  EXPECT_EQ(12, values);
-
-  ComPtr<IIterator<PairOf<String, Int32>>> again;
-  map->First(again.put());
-  Pair *pairs[5] = {};
-  uint32_t actual = 0;
-  EXPECT_EQ(status::kOk, again->GetMany(5, pairs, &actual));
-  ASSERT_EQ(3u, actual);
-  EXPECT_EQ(2, valueOf(ComPtr<Pair>::adopt(pairs[2])));
-  pairs[0]->Release();
-  pairs[1]->Release();
   map->Remove(StringHolder(u"a").get());
   uint8_t has = 1;
-  EXPECT_EQ(status::kChangedState, again->get_HasCurrent(&has));
+  EXPECT_EQ(status::kChangedState, iterator->get_HasCurrent(&has));
 });
 
 /// An object that asks for `size` on another thread whenever it is asked for an interface.

@@ -1,7 +1,6 @@
 // What asynchronous operations result in: every kind of result, early, failing, null, thrown.
 
 #include "tests/families/Async.h"
-#include "tests/families/Throwing.h"
 
 #import <WRTObjcBridge/Windows.Storage.Streams.h>
 #import <WRTObjcBridge/Windows.Storage.h>
@@ -9,6 +8,9 @@
 #include <abi/Windows.Storage.abi.h>
 
 namespace wrt::test {
+
+/// An operation (+1) whose work throws: out of memory, or something else.
+implement::IAsyncOperation<implement::UInt32> *startThrowing(bool outOfMemory);
 
 namespace {
 

@@ -107,10 +107,7 @@ void checkStrings(Strings vector) {
   EXPECT_TRUE([vector indexOfWithValue:@"ü𝄞" index:&index error:&error]);
   EXPECT_EQ(1u, index);
 
-  NSMutableArray *fresh = [NSMutableArray array];
-  for (int i = 0; i < 20; ++i)
-    [fresh addObject:[NSString stringWithFormat:@"%d", i]];
-  for (NSArray *values in @[ @[ @"x", @"y" ], @[], fresh ]) {
+  for (NSArray *values in @[ @[ @"x", @"y" ], @[], numbered(20) ]) {
     [vector replaceAllWithValues:values error:&error];
     EXPECT_EQ([values count], [vector getSizeWithError:&error]);
   }

@@ -60,9 +60,7 @@ const MemberCell stringArrayInCleanups("string.in.array.cleanups", [] {
   Bridge bridge = newBridge([WRTTestInterfaceBridge class]);
   for (NSUInteger count : {0u, 1u, 15u, 16u, 17u, 33u, 1000u}) {
     SCOPED_TRACE(count);
-    NSMutableArray *strings = [NSMutableArray array];
-    for (NSUInteger i = 0; i < count; ++i)
-      [strings addObject:[NSString stringWithFormat:@"element %lu", (unsigned long)i]];
+    NSArray *const strings = numbered(count);
     PlatformTrace trace;
     [bridge inStringArrayWithArr:strings error:nullptr];
     const auto &calls = trace.calls();

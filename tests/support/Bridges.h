@@ -28,6 +28,14 @@ inline id strangerOf(Class type) {
   return [type bridge:&object];
 }
 
+/// An array of strings, "0" to `count - 1`.
+inline NSArray *numbered(NSUInteger count) {
+  NSMutableArray *strings = [NSMutableArray array];
+  for (NSUInteger i = 0; i < count; ++i)
+    [strings addObject:[NSString stringWithFormat:@"%lu", (unsigned long)i]];
+  return strings;
+}
+
 /// Sends a message whose selector is put together from a type's name.
 template <class Result = void, class... Arguments>
 Result send(id receiver, const std::string &selector, Arguments... arguments) {

@@ -23,18 +23,9 @@ using Strings = WRTIVector__1_WRTHSTRING_Bridge;
 using FileType = types::StorageFile;
 
 Strings *stringsOf(NSArray *elements) {
-  implement::IVector<String> *vector = nullptr;
-  makeVector<String>(&vector);
-  Strings *bridge = [Strings bridgeTransfer:vector];
+  Strings *bridge = [Strings bridge:make<Vector<String>>()->identity()];
   [bridge replaceAllWithValues:elements error:nullptr];
   return bridge;
-}
-
-NSArray *numbered(int count) {
-  NSMutableArray *names = [NSMutableArray array];
-  for (int i = 0; i < count; ++i)
-    [names addObject:[NSString stringWithFormat:@"%d é", i]];
-  return names;
 }
 
 // In one block and in several; nothing is left behind, the strings' handles included.
@@ -56,28 +47,23 @@ const Cell eachFamily("support.each.all_families.normal", [] {
   }
 
   auto file = make<StandIn<abi::IStorageFile>>();
-  implement::IVectorView<FileType> *files = nullptr;
-  makeVectorView<FileType>(
-      &files, {ComPtr<abi::IStorageFile>(file->interface()), ComPtr<abi::IStorageFile>()});
+  const auto files = make<VectorView<FileType>>(
+      Items<FileType>{ComPtr<abi::IStorageFile>(file->interface()), nullptr});
   NSArray *bridges =
-      WRTArray([WRTIVectorView__1_WRTStorageFile_P_Bridge bridgeTransfer:files], &error);
+      WRTArray([WRTIVectorView__1_WRTStorageFile_P_Bridge bridge:files->identity()], &error);
   ASSERT_EQ(2u, [bridges count]);
   EXPECT_EQ([WRTStorageFileBridge class], [[bridges objectAtIndex:0] class]);
   EXPECT_EQ(static_cast<void *>(file->identity()), [[bridges objectAtIndex:0] inner]);
   EXPECT_EQ([NSNull null], [bridges objectAtIndex:1]);
 
-  implement::IVector<types::AutoFocusRange> *ranges = nullptr;
-  makeVector<types::AutoFocusRange>(&ranges, {2, -1, 0});
-  ComPtr<implement::IVectorView<types::AutoFocusRange>> view;
-  ranges->GetView(view.put());
-  ranges->Release();
-  EXPECT_TRUE([WRTArray([WRTIVectorView__1_WRTAutoFocusRange_Bridge bridge:view.get()], &error)
-      isEqual:(@[ @2, @-1, @0 ])]);
+  using Range = types::AutoFocusRange;
+  const auto view = make<VectorView<Range>>(Items<Range>{2, -1, 0});
+  id ranges = [WRTIVectorView__1_WRTAutoFocusRange_Bridge bridge:view->identity()];
+  EXPECT_TRUE([WRTArray(ranges, &error) isEqual:(@[ @2, @-1, @0 ])]);
 
-  implement::IMap<String, Ref<implement::IVector<String>>> *map = nullptr;
-  makeMap<String, Ref<implement::IVector<String>>>(&map);
+  const auto map = make<Map<String, Ref<implement::IVector<String>>>>();
   id<WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge> typed =
-      [WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge bridgeTransfer:map];
+      [WRTIMap__2_WRTHSTRING_WRTIVector__1_WRTHSTRING_P_Bridge bridge:map->identity()];
   bool replaced = false;
   [typed insertWithKey:@"a" value:stringsOf(@[ @"1", @"2" ]) replaced:&replaced error:nullptr];
   [typed insertWithKey:@"b" value:stringsOf(@[]) replaced:&replaced error:nullptr];
@@ -119,21 +105,11 @@ const Cell eachChanging("support.each.changing.raises", [] {
 });
 
 /// A view that says it has three elements, and delivers as it was told.
-class OddView final : public Implements<implement::IVectorView<FileType>> {
+class OddView final : public VectorView<FileType> {
 public:
-  explicit OddView(HRESULT status, uint32_t claimed) : status_(status), claimed_(claimed) {}
+  OddView(HRESULT status, uint32_t claimed)
+      : VectorViewObject(Items<FileType>(3)), status_(status), claimed_(claimed) {}
 
-  HRESULT WRT_ABI GetAt(uint32_t, abi::IStorageFile **item) override {
-    *item = nullptr;
-    return status::kOk;
-  }
-  HRESULT WRT_ABI get_Size(uint32_t *size) override {
-    *size = 3;
-    return status::kOk;
-  }
-  HRESULT WRT_ABI IndexOf(abi::IStorageFile *, uint32_t *, uint8_t *) override {
-    return status::kFail;
-  }
   HRESULT WRT_ABI GetMany(uint32_t, uint32_t, abi::IStorageFile **, uint32_t *actual) override {
     *actual = claimed_;
     return status_;
@@ -152,7 +128,7 @@ const Cell eachHostile("support.each.hostile.refused", [] {
 
   const auto read = [](HRESULT status, uint32_t claimed, NSError **error) -> NSArray * {
     auto view = make<OddView>(status, claimed);
-    return WRTArray([WRTIVectorView__1_WRTStorageFile_P_Bridge bridge:view.get()], error);
+    return WRTArray([WRTIVectorView__1_WRTStorageFile_P_Bridge bridge:view->identity()], error);
   };
   EXPECT_FAILS(status::kFail, read(status::kFail, 0, &failure));
   EXPECT_FAILS(status::kUnexpected, read(status::kOk, 0, &failure)) << "would never end";
