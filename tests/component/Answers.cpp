@@ -39,16 +39,10 @@ abi::TestInterface *makeElement(int32_t, abi::TestInterface **) {
   return script().nullObjects ? nullptr : implement::make<TestObject>().detach();
 }
 
-HRESULT answer(const char *member, abi::TestInterface **place) {
-  if (handsOut(member, place))
-    *place = makeElement(0, place);
-  return script().status;
-}
-
-HRESULT answer(const char *member, HSTRING *place) {
-  if (handsOut(member, place))
-    makeString(script().string, place);
-  return script().status;
+HSTRING makeResult(HSTRING *) {
+  HSTRING string = nullptr;
+  makeString(script().string, &string);
+  return string;
 }
 
 } // namespace wrt::test

@@ -25,6 +25,12 @@ WRTTestStruct makeElement(int32_t index, WRTTestStruct *);
 HSTRING makeElement(int32_t index, HSTRING *);
 abi::TestInterface *makeElement(int32_t index, abi::TestInterface **);
 
+/// Results as the script describes them, likewise.
+inline int32_t makeResult(int32_t *) { return script().integer; }
+inline WRTTestStruct makeResult(WRTTestStruct *) { return script().structure; }
+inline abi::TestInterface *makeResult(abi::TestInterface **place) { return makeElement(0, place); }
+HSTRING makeResult(HSTRING *);
+
 /// What a member does to its caller first: what the script says, once.
 inline void meddle() {
   if (const auto act = std::exchange(script().meddle, nullptr))
@@ -62,20 +68,14 @@ bool handsOut(const std::string &member, T *...places) {
   return script().status >= 0;
 }
 
+/// A result, where one of that type can be made.
 template <class T>
-HRESULT handOut(const char *member, T *place, T value) {
+  requires requires(T *place) { makeResult(place); }
+HRESULT answer(const char *member, T *place) {
   if (handsOut(member, place))
-    *place = value;
+    *place = makeResult(place);
   return script().status;
 }
-inline HRESULT answer(const char *member, int32_t *place) {
-  return handOut(member, place, script().integer);
-}
-inline HRESULT answer(const char *member, WRTTestStruct *place) {
-  return handOut(member, place, script().structure);
-}
-HRESULT answer(const char *member, abi::TestInterface **place);
-HRESULT answer(const char *member, HSTRING *place);
 
 /// An array that the component allocates and the caller owns.
 template <class T>

@@ -13,14 +13,11 @@
 #import <WRTObjcBridge/Windows.UI.h>
 #include <abi/IReference.abi.h>
 
-#import <objc/runtime.h>
-
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
-#include <optional>
 
 namespace wrt::test {
 

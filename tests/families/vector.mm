@@ -1,6 +1,7 @@
 // Vectors, views and iterators.
 
 #include "tests/families/Families.h"
+#include "tests/matrix/Fixture.h"
 
 #include "platform/linux/components/collections/Vector.h"
 
@@ -16,27 +17,6 @@
 #include <abi/Windows.UI.Popups.abi.h>
 
 #include <array>
-
-/// An array that counts one thing each time it is asked for its count.
-@interface ChangingArray : NSArray {
-@public
-  std::vector<NSUInteger> counts;
-  id element;
-  NSUInteger asked;
-}
-@end
-
-@implementation ChangingArray
-- (NSUInteger)count {
-  return counts[std::min<NSUInteger>(asked++, counts.size() - 1)];
-}
-- (id)objectAtIndex:(NSUInteger)index {
-  return element;
-}
-- (id)objectAtIndexedSubscript:(NSUInteger)index {
-  return element;
-}
-@end
 
 namespace wrt::test {
 
@@ -195,7 +175,7 @@ const Cell changingArrays("collection.vector.array.changing", [] {
                                                 {3, 2, 2, 2, 2},
                                                 {2, 3, 3, 3, 3},
                                                 {0, 0, 2, 2, 2}}) {
-    ChangingArray *array = [[[ChangingArray alloc] init] autorelease];
+    ProbeArray *array = [[[ProbeArray alloc] init] autorelease];
     array->counts = counts;
     array->element = @"element";
     Strings vector = newStrings();
@@ -205,7 +185,7 @@ const Cell changingArrays("collection.vector.array.changing", [] {
     EXPECT_EQ(counts[0], [vector getSizeWithError:nullptr]);
 
     array->element = newCommand();
-    array->asked = 0;
+    array->asked.clear();
     Commands commands = newCommands();
     [commands replaceAllWithValues:array error:&error];
     EXPECT_EQ(nil, error);

@@ -14,6 +14,17 @@
 + (instancetype)arrayWithCount:(int)count;
 @end
 
+/// An array of one element again and again, which counts one thing each time it is asked for its
+/// count, and notes what it is asked: `n` for the count, the index of an element, `?` before it if
+/// that was `objectAtIndex:`.
+@interface ProbeArray : NSArray {
+@public
+  std::vector<NSUInteger> counts;
+  id element;
+  std::string asked;
+}
+@end
+
 /// An array that takes one object and then raises.
 @interface FullArray : NSMutableArray {
   bool _isFull;

@@ -2,6 +2,7 @@
 
 #include <WRTBridge.h>
 
+#include <algorithm>
 #include <utility>
 
 @implementation OddArray
@@ -17,6 +18,22 @@
   if (index > 0)
     [NSException raise:NSRangeException format:@"no element %lu", (unsigned long)index];
   return nil;
+}
+@end
+
+@implementation ProbeArray
+- (NSUInteger)count {
+  const auto before = static_cast<size_t>(std::ranges::count(asked, 'n'));
+  asked += 'n';
+  return counts[std::min(before, counts.size() - 1)];
+}
+- (id)objectAtIndexedSubscript:(NSUInteger)index {
+  asked += static_cast<char>('0' + index);
+  return element;
+}
+- (id)objectAtIndex:(NSUInteger)index {
+  asked += '?';
+  return [self objectAtIndexedSubscript:index];
 }
 @end
 

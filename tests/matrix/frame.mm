@@ -5,8 +5,6 @@
 #include "tests/matrix/Fixture.h"
 #include "tests/support/Thread.h"
 
-#include <functional>
-
 namespace {
 
 /// What happens when the bridge below is asked for its interface.

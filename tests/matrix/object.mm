@@ -7,17 +7,14 @@ namespace wrt::test {
 namespace {
 
 const MemberCell objectIn("object.in.single.normal", [](Bridge bridge) {
-  WRTTestInterfaceBridge *interface = newBridge([WRTTestInterfaceBridge class]);
-  WRTTestClassBridge *object = newBridge([WRTTestClassBridge class]);
-  [bridge inInterfaceWithArg:interface error:nullptr];
-  [bridge inInterfaceWithArg:static_cast<id>(object) error:nullptr];
-  [bridge inRtcWithArg:object error:nullptr];
-  [bridge inRtcWithArg:static_cast<id>(interface) error:nullptr];
-  NSError *error = staleError();
-  [bridge inInterfaceWithArg:nil error:&error];
-  EXPECT_EQ(nil, error);
-  [bridge inRtcWithArg:nil error:nullptr];
-  EXPECT_EQ((Crossings{"InInterface object", "InInterface object", "InRtc object", "InRtc object",
+  const id interface = newBridge([WRTTestInterfaceBridge class]);
+  for (id object : {interface, newBridge([WRTTestClassBridge class]), static_cast<id>(nil)}) {
+    NSError *error = staleError();
+    [bridge inInterfaceWithArg:object error:&error];
+    [bridge inRtcWithArg:object error:nullptr];
+    EXPECT_EQ(nil, error);
+  }
+  EXPECT_EQ((Crossings{"InInterface object", "InRtc object", "InInterface object", "InRtc object",
                        "InInterface null", "InRtc null"}),
             takeCrossings());
 });

@@ -17,31 +17,6 @@
 #include <limits>
 #include <sstream>
 
-namespace {
-
-/// What the array below was asked, in order.
-std::string asked;
-
-} // namespace
-
-/// An array of two strings that notes what it is asked, in one letter each.
-@interface NotingArray : NSArray
-@end
-@implementation NotingArray
-- (NSUInteger)count {
-  asked += 'n';
-  return 2;
-}
-- (id)objectAtIndexedSubscript:(NSUInteger)index {
-  asked += static_cast<char>('0' + index);
-  return index ? @"second" : @"first";
-}
-- (id)objectAtIndex:(NSUInteger)index {
-  asked += '?';
-  return [self objectAtIndexedSubscript:index];
-}
-@end
-
 namespace wrt::test {
 
 namespace {
@@ -244,9 +219,11 @@ const Cell elementOrder("string.in.array.order", [] {
     return 0;
   });
   PlatformTrace trace;
-  asked.clear();
-  call(nil, member, [[[NotingArray alloc] init] autorelease], nullptr);
-  EXPECT_EQ("nnn0n1n", asked);
+  ProbeArray *array = [[[ProbeArray alloc] init] autorelease];
+  array->counts = {2};
+  array->element = @"element";
+  call(nil, member, array, nullptr);
+  EXPECT_EQ("nnn0n1n", array->asked);
   ASSERT_EQ("WRTTaskMemAlloc WRTHSTRINGRelease WRTHSTRINGRelease WRTTaskMemFree WRTIUnknownRelease",
             trace.names());
   EXPECT_EQ(handles[0], trace.calls()[1].argument);

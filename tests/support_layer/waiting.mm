@@ -98,14 +98,12 @@ const Cell thenEachKind("support.then.each_kind.normal", [] {
     ++calls;
   });
   EXPECT_EQ(1, calls) << "at once";
-  WRTThen(static_cast<Number *>(nil), ^(unsigned, NSError *failure) {
-    EXPECT_EQ(status::kPointer, [failure code]);
-    ++calls;
-  });
-  WRTThen(static_cast<Number *>(strangerOf([Number class])), ^(unsigned, NSError *failure) {
-    EXPECT_EQ(kNoInterface, [failure code]);
-    ++calls;
-  });
+  for (Number *wrong :
+       {static_cast<Number *>(nil), static_cast<Number *>(strangerOf([Number class]))})
+    WRTThen(wrong, ^(unsigned, NSError *failure) {
+      EXPECT_EQ(wrong ? kNoInterface : status::kPointer, [failure code]);
+      ++calls;
+    });
   EXPECT_EQ(3, calls);
 
   const auto here = std::this_thread::get_id();
