@@ -80,8 +80,17 @@ void checkStrings(Strings vector) {
   EXPECT_FAILS(status::kBounds, [vector getManyWithStartIndex:5 capacity:2 error:&failure]);
   uint8_t has = 0;
   EXPECT_EQ(status::kOk, iterator->get_HasCurrent(&has)) << "a refused change is none";
+  const auto expectChange = [&](auto act) {
+    iterable->First(iterator.put());
+    act();
+    EXPECT_EQ(status::kChangedState, iterator->get_HasCurrent(&has));
+  };
+  expectChange([&] { [vector insertAtWithIndex:0 item:@"0" error:&error]; });
+  expectChange([&] { [vector appendWithItem:@"z" error:&error]; });
+  expectChange([&] { [vector removeAtEndWithError:&error]; });
+  expectChange([&] { [vector setAtWithIndex:0 item:@"1" error:&error]; });
+  expectChange([&] { [vector removeAtWithIndex:0 error:&error]; });
   [vector removeAtWithIndex:0 error:&error];
-  EXPECT_EQ(status::kChangedState, iterator->get_HasCurrent(&has));
   [vector removeAtEndWithError:&error];
   EXPECT_FALSE([vector indexOfWithValue:@"" index:&index error:&error]);
   EXPECT_TRUE([vector indexOfWithValue:@"ü𝄞" index:&index error:&error]);
