@@ -14,7 +14,7 @@ namespace wrt::test {
 /// autorelease pool of its own, which is drained before the ledger is compared: everything that the
 /// cell made must be gone, but for what it announced with `expectLeftover`.
 struct Cell {
-  Cell(const char *name, std::function<void()> body);
+  Cell(const char *name, const std::function<void()> &body);
 };
 
 /// The body of each cell, by name.

@@ -56,7 +56,7 @@ WRTLedgerCounts leftBehind(const std::function<void()> &body) {
 
 class CellTest : public testing::Test {
 public:
-  explicit CellTest(std::function<void()> body) : body_(std::move(body)) {}
+  explicit CellTest(const std::function<void()> &body) : body_(body) {}
 
   void TestBody() override {
     clearLog();
@@ -67,18 +67,18 @@ public:
   }
 
 private:
-  std::function<void()> body_;
+  const std::function<void()> &body_;
 };
 
 } // namespace
 
-Cell::Cell(const char *name, std::function<void()> body) {
+Cell::Cell(const char *name, const std::function<void()> &body) {
   const std::string whole = name;
-  registered()[whole] = body;
+  const std::function<void()> &kept = registered()[whole] = body;
   const size_t dot = whole.find('.');
   testing::RegisterTest(whole.substr(0, dot).c_str(), whole.substr(dot + 1).c_str(), nullptr,
                         nullptr, __FILE__, __LINE__,
-                        [body]() -> testing::Test * { return new CellTest(body); });
+                        [&kept]() -> testing::Test * { return new CellTest(kept); });
 }
 
 const std::map<std::string, std::function<void()>> &allCells() { return registered(); }
