@@ -6,11 +6,11 @@
 
 #include <set>
 
-using namespace wrt::test;
+using namespace wrt;
 
 TEST(SurfaceDigest, IsTheCommittedOne) {
   const auto linesOf = [](const char *path) {
-    const auto lines = readLines(path);
+    const auto lines = catalogue::readLines(path);
     return std::set(lines.begin(), lines.end());
   };
   const auto committed = linesOf(WRT_COMMITTED_DIGEST_FILE);

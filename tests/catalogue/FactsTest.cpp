@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-using namespace wrt::test;
+using namespace wrt;
 
 namespace {
 
@@ -15,8 +15,8 @@ using Words = std::vector<std::string>;
 /// The words of the lines that begin with `kind`, without it. There are some.
 std::vector<Words> facts(const std::string &kind) {
   std::vector<Words> found;
-  for (const std::string &line : readLines(WRT_FACTS_FILE)) {
-    Words words = split(line, ' ');
+  for (const std::string &line : catalogue::readLines(WRT_FACTS_FILE)) {
+    Words words = catalogue::split(line, ' ');
     if (!words.empty() && words[0] == kind)
       found.emplace_back(words.begin() + 1, words.end());
   }
@@ -24,16 +24,17 @@ std::vector<Words> facts(const std::string &kind) {
   return found;
 }
 
-const std::vector<CatalogueMethod> &methodsOf(const std::string &className) {
-  static const std::vector<CatalogueMethod> none;
-  const auto found = catalogueTable().find(className);
-  return found == catalogueTable().end() ? none : found->second;
+const std::vector<catalogue::Method> &methodsOf(const std::string &className) {
+  static const std::vector<catalogue::Method> none;
+  const auto found = test::catalogueTable().find(className);
+  return found == test::catalogueTable().end() ? none : found->second;
 }
 
-const CatalogueMethod *find(const std::string &className, char side, const std::string &selector) {
+const catalogue::Method *find(const std::string &className, char side,
+                              const std::string &selector) {
   const auto &methods = methodsOf(className);
-  const auto found = std::ranges::find_if(methods, [&](const CatalogueMethod &method) {
-    return method.side == side && method.selector == selector;
+  const auto found = std::ranges::find_if(methods, [&](const catalogue::Method &method) {
+    return method.side() == side && method.selector == selector;
   });
   return found == methods.end() ? nullptr : &*found;
 }
@@ -41,10 +42,10 @@ const CatalogueMethod *find(const std::string &className, char side, const std::
 } // namespace
 
 TEST(CatalogueFacts, EveryLineIsUnderstood) {
-  for (const std::string &line : readLines(WRT_FACTS_FILE)) {
+  for (const std::string &line : catalogue::readLines(WRT_FACTS_FILE)) {
     if (line.empty() || line[0] == '#')
       continue;
-    const Words words = split(line, ' ');
+    const Words words = catalogue::split(line, ' ');
     const size_t count = words.size();
     EXPECT_TRUE((words[0] == "method" && (count == 5 || count == 6)) ||
                 (words[0] == "exactly" && count >= 3) ||
@@ -57,12 +58,12 @@ TEST(CatalogueFacts, EveryLineIsUnderstood) {
 TEST(CatalogueFacts, Methods) {
   for (const Words &words : facts("method")) {
     SCOPED_TRACE(words[0] + " " + words[1] + words[2]);
-    const CatalogueMethod *method = find(words[0], words[1][0], words[2]);
+    const catalogue::Method *method = find(words[0], words[1][0], words[2]);
     ASSERT_NE(nullptr, method);
     EXPECT_EQ(words[3], method->slot ? std::to_string(*method->slot) : "-");
     if (words.size() > 4) {
       const bool tellsTypes = words[4].find_first_of("\"<") != std::string::npos;
-      EXPECT_EQ(words[4], tellsTypes ? method->protocolEncoding : method->encoding);
+      EXPECT_EQ(words[4], tellsTypes ? method->extendedEncoding : method->encoding);
     }
   }
 }
@@ -71,8 +72,8 @@ TEST(CatalogueFacts, ExactlyTheseMethods) {
   for (const Words &words : facts("exactly")) {
     EXPECT_FALSE(methodsOf(words[0]).empty()) << "no class " << words[0];
     Words selectors;
-    for (const CatalogueMethod &method : methodsOf(words[0])) {
-      if (method.side == words[1][0])
+    for (const catalogue::Method &method : methodsOf(words[0])) {
+      if (method.side() == words[1][0])
         selectors.push_back(method.selector);
     }
     EXPECT_EQ(Words(words.begin() + 2, words.end()), selectors) << words[1] << words[0];
@@ -89,11 +90,9 @@ TEST(CatalogueFacts, Absent) {
 
 TEST(CatalogueFacts, Identifiers) {
   std::map<std::string, std::string> identifiers;
-  for (const std::string &line : readLines(WRT_IDENTIFIERS_FILE)) {
-    const Words words = split(line, '\t');
-    if (words[0] == "interface")
-      identifiers[words[1]] = words[3];
-  }
+  for (const catalogue::Interface &each :
+       catalogue::readIdentifiers(WRT_IDENTIFIERS_FILE).interfaces)
+    identifiers[each.name] = each.identifier;
   for (const Words &words : facts("identifier"))
     EXPECT_EQ(words[1], identifiers[words[0]]) << words[0];
 }
