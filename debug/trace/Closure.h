@@ -18,9 +18,10 @@ public:
   static constexpr size_t kMost = 32;
   using Places = std::array<void *, kMost>;
 
-  /// For the signature `types`: result, then all arguments. Throws `std::runtime_error` when there
-  /// is no memory or libffi does not know such a call.
-  Closure(std::vector<debug::EncodedType> types, Handler handler, void *data);
+  /// For the signature `types`: result, then all arguments; `data` is borrowed for good. Throws
+  /// `std::runtime_error` when there is no memory or libffi does not know such a call.
+  Closure(std::vector<debug::EncodedType> types, Handler handler, void *data,
+          ffi_abi convention = FFI_DEFAULT_ABI);
   Closure(const Closure &) = delete;
 
   void *code() const { return code_; }

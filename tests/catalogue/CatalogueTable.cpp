@@ -2,19 +2,11 @@
 
 namespace wrt::test {
 
-const CatalogueTable &catalogueTable() {
-  static const CatalogueTable table = [] {
-    CatalogueTable byClass;
-    for (catalogue::Method &method : catalogue::readMethods(WRT_CATALOGUE_FILE))
-      byClass[method.className].push_back(std::move(method));
-    return byClass;
-  }();
-  return table;
-}
-
-const std::vector<catalogue::Class> &surfaceClasses() {
-  static const std::vector<catalogue::Class> classes = catalogue::readClasses(WRT_DIGEST_FILE);
-  return classes;
+CatalogueTable readCatalogue(const std::string &file) {
+  CatalogueTable byClass;
+  for (catalogue::Method &method : catalogue::readMethods(file))
+    byClass[method.className].push_back(std::move(method));
+  return byClass;
 }
 
 } // namespace wrt::test

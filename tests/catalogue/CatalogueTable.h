@@ -8,11 +8,8 @@ namespace wrt::test {
 /// The methods of every class that has any, by class name, in the order of the class.
 using CatalogueTable = std::map<std::string, std::vector<catalogue::Method>>;
 
-/// The table that the build made. Read once.
-const CatalogueTable &catalogueTable();
-
-/// Every class of the library. Read once.
-const std::vector<catalogue::Class> &surfaceClasses();
+/// `catalogue.tsv`. Throws as `catalogue::readMethods` does.
+CatalogueTable readCatalogue(const std::string &file);
 
 } // namespace wrt::test
 

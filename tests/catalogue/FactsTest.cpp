@@ -26,8 +26,9 @@ std::vector<Words> facts(const std::string &kind) {
 
 const std::vector<catalogue::Method> &methodsOf(const std::string &className) {
   static const std::vector<catalogue::Method> none;
-  const auto found = test::catalogueTable().find(className);
-  return found == test::catalogueTable().end() ? none : found->second;
+  static const test::CatalogueTable table = test::readCatalogue(WRT_CATALOGUE_FILE);
+  const auto found = table.find(className);
+  return found == table.end() ? none : found->second;
 }
 
 const catalogue::Method *find(const std::string &className, char side,

@@ -32,29 +32,17 @@ std::uint32_t roundUp(std::uint32_t value, std::uint32_t alignment) {
 }
 
 std::uint32_t sizeOf(const EncodedType &type) {
-  switch (type.kind) {
-  case 'v':
-    return 0;
-  case 'B':
-  case 'C':
-    return 1;
-  case 's':
-  case 'S':
-    return 2;
-  case 'q':
-  case 'Q':
-  case 'd':
-    return 8;
-  case '{': {
+  if (type.isStructure()) {
     std::uint32_t end = 0;
     forEachField(type, [&](const EncodedType &field, std::uint32_t offset) {
       end = offset + sizeOf(field);
     });
     return roundUp(end, alignmentOf(type));
   }
-  default:
-    return 4;
-  }
+  if (type.kind == 'v')
+    return 0;
+  return type.ffi() == &ffi_type_pointer ? kPointerSize
+                                         : static_cast<std::uint32_t>(type.ffi()->size);
 }
 
 std::uint32_t alignmentOf(const EncodedType &type) {

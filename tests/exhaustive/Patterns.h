@@ -11,8 +11,11 @@ namespace wrt::test {
 using debug::EncodedType;
 using Bytes = std::vector<std::uint8_t>;
 
+/// How many bytes a pointer has where the values are used; that place defines it.
+extern const std::uint32_t kPointerSize;
+
 std::uint32_t roundUp(std::uint32_t value, std::uint32_t alignment);
-/// In bytes, on the product's machine; of values without pointers, on every one.
+/// In bytes.
 std::uint32_t sizeOf(const EncodedType &type);
 std::uint32_t alignmentOf(const EncodedType &type);
 

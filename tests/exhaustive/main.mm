@@ -1,207 +1,100 @@
+// exhaustive_tests CATALOGUE IDENTIFIERS DIGEST DECLARATIONS.IDL...
+//
 // Calls every method of the catalogue through the runtime on a recording object, in every outcome,
-// and checks what crossed: the slot, the interface that was asked for, the argument words, the
-// references, the error variable, the result. Before that, that every class of the surface is in
-// the library with its superclass and exactly the methods that are listed.
+// and checks what crossed. Before that, that every class of the surface is in the library with its
+// superclass and exactly the methods that are listed, and that interfaces have the identifiers that
+// the declarations themselves give them, read without bridgegen.
 
-#include "tests/exhaustive/DeclaredIids.h"
-#include "tests/exhaustive/MemberCall.h"
-
-#include <WRTBridge.h>
-#import <WRTObjcBridge/WRTUnknownBridge.h>
+#include "tests/exhaustive/LinuxMachine.h"
+#include "tests/exhaustive/MethodCall.h"
 
 #import <objc/runtime.h>
 
-#include <cstdio>
-#include <cstring>
+#include <iostream>
+#include <regex>
 #include <set>
 
+using namespace wrt;
 using namespace wrt::test;
-namespace catalogue = wrt::catalogue;
 
 namespace {
 
-constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002); // E_NOINTERFACE
-
-class Run {
-public:
-  explicit Run(std::map<std::string, GUID> iids) : declared_(std::move(iids)) {}
-
-  void surface(const catalogue::Class &line, const std::vector<catalogue::Method> &methods) {
-    Class type = objc_lookUpClass(line.name.c_str());
-    if (!type || line.superclass != class_getName(class_getSuperclass(type))) {
-      std::printf("exhaustive: no class %s under %s\n", line.name.c_str(), line.superclass.c_str());
-      ++wrong_;
-      return;
-    }
-    std::multiset<std::string> listed;
-    for (const catalogue::Method &method : methods)
-      // Comes with automatic reference counting, which this runtime has not.
-      if (method.selector != ".cxx_destruct")
-        listed.insert(method.side() + method.selector);
-    std::multiset<std::string> present;
-    for (const char side : {'-', '+'}) {
-      unsigned count = 0;
-      Method *list = class_copyMethodList(side == '-' ? type : object_getClass(type), &count);
-      for (unsigned i = 0; i < count; ++i)
-        present.insert(side + std::string(sel_getName(method_getName(list[i]))));
-      free(static_cast<void *>(list));
-    }
-    if (listed != present) {
-      std::printf("exhaustive: %s has %zu methods, %zu are listed, or others\n", line.name.c_str(),
-                  present.size(), listed.size());
-      ++wrong_;
-    }
+/// Whether a class is what it is listed as; says what it is otherwise.
+bool isAsListed(const catalogue::Class &line, const std::vector<catalogue::Method> &methods) {
+  Class type = objc_lookUpClass(line.name.c_str());
+  if (!type || line.superclass != class_getName(class_getSuperclass(type))) {
+    std::cout << "no class " << line.name << " under " << line.superclass << '\n';
+    return false;
   }
-
-  void member(const catalogue::Method &method) {
-    for (Outcome outcome : {Outcome::kSuccess, Outcome::kFailing, Outcome::kInterfaceMissing}) {
-      static const char *const kNames[] = {"success", "failing", "interface missing"};
-      MemberCall call(method, object_, argument_);
-      call.run(outcome);
-      ++outcomes_;
-      report(method, kNames[static_cast<int>(outcome)], call.problems());
-      checkRequest(method);
-    }
-    ++members_;
+  std::multiset<std::string> listed;
+  for (const catalogue::Method &method : methods)
+    // Comes with automatic reference counting, which this runtime has not.
+    if (method.selector != ".cxx_destruct")
+      listed.insert(method.side() + method.selector);
+  std::multiset<std::string> present;
+  for (const char side : {'-', '+'}) {
+    unsigned count = 0;
+    Method *list = class_copyMethodList(side == '-' ? type : object_getClass(type), &count);
+    for (unsigned i = 0; i < count; ++i)
+      present.insert(side + std::string(sel_getName(method_getName(list[i]))));
+    free(static_cast<void *>(list));
   }
+  if (listed != present)
+    std::cout << line.name << " has " << present.size() << " methods, " << listed.size()
+              << " are listed, or others\n";
+  return listed == present;
+}
 
-  /// An accessor hands out the interface that it asks for, or the failure.
-  void accessor(const catalogue::Method &method) {
-    std::vector<std::string> problems;
-    Class type = objc_lookUpClass(method.className.c_str());
-    SEL selector = sel_getUid(method.selector.c_str());
-    Method implementation = method.isClassMethod ? class_getClassMethod(type, selector)
-                                                 : class_getInstanceMethod(type, selector);
-    if (!implementation) {
-      report(method, "accessor", {"no such method"});
-      return;
-    }
-    using Function = void *(*)(id, SEL, NSError **);
-    auto *function = reinterpret_cast<Function>(
-        reinterpret_cast<void *>(method_getImplementation(implementation)));
-    NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
-    for (bool missing : {false, true}) {
-      object_.queryStatus = 0;
-      id receiver = method.isClassMethod ? static_cast<id>(type) : [type bridge:object_.pointer()];
-      object_.queries.clear();
-      object_.queryStatus = missing ? kNoInterface : 0;
-      activationRequest() = {{}, {}, missing ? nullptr : &object_};
-      const int before = object_.references;
-      NSError *error = nil;
-      void *interface = function(receiver, selector, &error);
-      if (missing) {
-        if (interface || !error)
-          problems.push_back("a missing interface is not reported");
-      } else {
-        if (interface != object_.pointer() || error || object_.references != before + 1)
-          problems.push_back("hands out no reference");
-        --object_.references;
-      }
-      checkRequest(method);
-      ++outcomes_;
-    }
-    object_.queryStatus = 0;
-    [pool release];
-    report(method, "accessor", problems);
-    ++accessors_;
+/// Whether every interface of the table has the identifier that its declaration gives it; what has
+/// no declaration is an instantiation, whose identifier is made of its name.
+bool areAsDeclared(const Identifiers &identifiers, const std::vector<const char *> &files) {
+  static const std::regex declaration(
+      R"(\binterface\s+(\w+)(?:\s+as\s+(\w+))?\s*\{([0-9a-fA-F-]{36})\})");
+  std::map<std::string, Iid> declared;
+  for (const char *file : files) {
+    std::string text;
+    for (const std::string &line : catalogue::readLines(file))
+      text += line + "\n";
+    for (std::sregex_iterator match(text.begin(), text.end(), declaration), end; match != end;
+         ++match)
+      declared[(*match)[(*match)[2].matched ? 2 : 1]] = parseIid((*match)[3]);
   }
-
-  void activation(const catalogue::Method &method) {
-    std::vector<std::string> problems;
-    activationRequest() = {{}, {}, &object_};
-    Class type = objc_lookUpClass(method.className.c_str());
-    if ([type activateInstance] != object_.pointer())
-      problems.push_back("does not activate");
-    --object_.references;
-    if (activationRequest().className.empty())
-      problems.push_back("has no class name");
-    classNames_.insert(activationRequest().className);
-    report(method, "activation", problems);
-    ++activations_;
-    ++outcomes_;
+  bool isRight = true;
+  for (const auto &[name, iid] : identifiers.interfaces) {
+    const auto found = declared.find(name);
+    const bool isNameBased = iid[7] >> 4 == 5 && iid[8] >> 6 == 2;
+    if (found == declared.end() ? isNameBased : found->second == iid)
+      continue;
+    std::cout << name << " has another identifier\n";
+    isRight = false;
   }
-
-  /// Prints the outcome; whether everything was right.
-  bool finish(size_t expected) {
-    if (classNames_.size() != activations_) {
-      std::printf("exhaustive: %zu classes share an activation name\n",
-                  activations_ - classNames_.size());
-      ++wrong_;
-    }
-    const size_t tried = members_ + accessors_ + activations_;
-    if (tried != expected)
-      std::printf("exhaustive: %zu methods of %zu were tried\n", tried, expected);
-    std::printf("exhaustive: %zu members, %zu accessors, %zu activations tried, %zu outcomes, "
-                "%zu wrong\n",
-                members_, accessors_, activations_, outcomes_, wrong_);
-    return wrong_ == 0 && tried == expected;
-  }
-
-private:
-  /// Which interface the library asked for, if it came to that: the one that is declared for a
-  /// plain interface; for an instantiation one and the same, of its own, in every class.
-  void checkRequest(const catalogue::Method &method) {
-    const GUID *asked = method.isClassMethod      ? &activationRequest().iid
-                        : object_.queries.empty() ? nullptr
-                                                  : &object_.queries.front();
-    if (!asked) {
-      report(method, "request", {"no interface was asked for"});
-      return;
-    }
-    const auto [known, isNew] = declared_.emplace(method.interface, *asked);
-    if (isNew && (asked->Data3 >> 12 != 5 || asked->Data4[0] >> 6 != 2))
-      report(method, "request", {"no name-based identifier"});
-    if (!(known->second == *asked))
-      report(method, "request", {"another interface was asked for"});
-  }
-
-  void report(const catalogue::Method &method, const char *where,
-              const std::vector<std::string> &problems) {
-    for (const std::string &problem : problems) {
-      if (++wrong_ <= 50) {
-        std::printf("exhaustive: %s (%s): %s\n", method.name().c_str(), where, problem.c_str());
-      }
-    }
-  }
-
-  std::map<std::string, GUID> declared_;
-  std::set<std::u16string> classNames_;
-  RecordingObject object_;
-  RecordingObject argument_;
-  size_t members_ = 0;
-  size_t accessors_ = 0;
-  size_t activations_ = 0;
-  size_t outcomes_ = 0;
-  size_t wrong_ = 0;
-};
+  return isRight;
+}
 
 } // namespace
 
-int main(int argc, char **argv) {
-  if (argc < 2) {
-    std::fprintf(stderr, "Usage: exhaustive_tests DECLARATIONS.IDL...\n");
+int main(int argc, char **argv) try {
+  if (argc < 5) {
+    std::cerr << "usage: exhaustive_tests CATALOGUE IDENTIFIERS DIGEST DECLARATIONS.IDL...\n";
     return 2;
   }
   // Missing interfaces are logged by the library; this is not what is looked at here.
   setenv("WRT_LOG_LEVEL", "1", 1);
-  Run run(readDeclaredIids({argv + 1, argv + argc}));
-  size_t listed = 0;
-  for (const catalogue::Class &line : surfaceClasses()) {
-    const auto found = catalogueTable().find(line.name);
-    const bool isEmpty = found == catalogueTable().end();
-    run.surface(line, isEmpty ? std::vector<catalogue::Method>() : found->second);
+  const CatalogueTable table = readCatalogue(argv[1]);
+  const Identifiers identifiers = Identifiers::read(argv[2]);
+  bool isRight = areAsDeclared(identifiers, {argv + 4, argv + argc});
+  std::size_t listed = 0;
+  for (const catalogue::Class &line : catalogue::readClasses(argv[3])) {
+    const auto found = table.find(line.name);
+    static const std::vector<catalogue::Method> none;
+    const auto &methods = found == table.end() ? none : found->second;
+    isRight &= isAsListed(line, methods);
     // What is written by hand has tests of its own.
-    if (line.isHandWritten() || isEmpty)
-      continue;
-    listed += found->second.size();
-    for (const catalogue::Method &method : found->second) {
-      if (method.slot)
-        run.member(method);
-      else if (method.selector == "activateInstance")
-        run.activation(method);
-      else
-        run.accessor(method);
-    }
+    listed += line.isHandWritten() ? 0 : methods.size();
   }
-  return run.finish(listed) ? 0 : 1;
+  static LinuxMachine machine;
+  return sweep(machine, table, identifiers, "linux") == listed && isRight ? 0 : 1;
+} catch (const std::exception &error) {
+  std::cerr << "exhaustive_tests: " << error.what() << '\n';
+  return 1;
 }

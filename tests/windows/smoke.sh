@@ -6,7 +6,6 @@
 set -euo pipefail
 run=$1 kit=$2 folder=$3 map=$4 doubles=("${@:5}")
 program=$kit/wrtsmoke.exe product=$kit/WRTObjcBridge_zorvex.dll
-mkdir -p "$folder"
 copy=$folder/${product##*/}
 
 # expect STATUS PATTERN DLL...: the program's exit status, and a line of what it prints.
@@ -23,12 +22,7 @@ expect() {
 expect 0 '0 of 20 calls wrong' "$product"
 expect 100 'load: .* cannot be loaded, error 126'
 
-member=$((16#$(awk '$NF == "wrt::IUriRuntimeClass::get_Host" {print $1}' "$map")))
-read -r begin offset < <(llvm-readobj-19 --sections "$product" |
-  awk '/Name: \.rdata/ {on = 1} on && /VirtualAddress/ {begin = $2} on && /PointerToRawData/ {print begin, $2; exit}')
-cp "$product" "$copy"
-printf '\10' | dd of="$copy" bs=1 seek=$((member + 4 - begin + offset)) conv=notrunc status=none
-[[ $(cmp -l "$product" "$copy" | awk '{print $2, $3}') == "13 10" ]]
+"${0%/*}/change-slot.sh" "$product" "$map" wrt::IUriRuntimeClass::get_Host 11 "$copy"
 expect 1 'WRTUriBridge getHostWithError: fails with 0x80004001: WRONG' "$copy"
 
 LC_ALL=C sed 's/OBJC_CLASS_\$_WRTUriBridge\x00/OBJC_CLASS_$_WRTUriBrigde\x00/g' "$product" >"$copy"

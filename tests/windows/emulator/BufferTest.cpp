@@ -4,7 +4,7 @@
 #include "HostObject.h"
 #include "ObjectiveC.h"
 #include "Text.h"
-#include "tests/windows/sweep/Identifiers.h"
+#include "tests/exhaustive/Identifiers.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@
 namespace wrt::emulator {
 namespace {
 
-sweep::Identifiers identifiers;
+test::Identifiers identifiers;
 std::vector<std::string> imageFiles;
 
 constexpr std::string_view kBytes = "bytes that cross";
@@ -108,13 +108,14 @@ protected:
     }
     if (member == "IBufferFactory 6" || member == "IInputStream 6")
       EXPECT_EQ(call[member == "IInputStream 6" ? 2 : 1], kBytes.size());
-    // Whatever is handed out comes last.
-    return giveOut(
-        call[member == "IInputStream 6" ? 4
-             : member.find("Factory") != std::string::npos ||
-                     member.find("Statics") != std::string::npos || member == "IOutputStream 6"
-                 ? 2
-                 : 1]);
+    // Whatever is handed out comes last: behind other arguments where there are any.
+    static const std::map<std::string, std::uint32_t> kPlaces = {
+        {"IInputStream 6", 4},
+        {"IOutputStream 6", 2},
+        {"IBufferFactory 6", 2},
+        {"IRandomAccessStreamReferenceStatics 8", 2}};
+    const auto place = kPlaces.find(member);
+    return giveOut(call[place == kPlaces.end() ? 1 : place->second]);
   }
 
   std::string contents(Address data) {
@@ -180,7 +181,7 @@ int main(int argc, char **argv) {
     std::cerr << "usage: buffertests IDENTIFIERS DLL...\n";
     return 2;
   }
-  wrt::emulator::identifiers = wrt::sweep::Identifiers::read(argv[1]);
+  wrt::emulator::identifiers = wrt::test::Identifiers::read(argv[1]);
   wrt::emulator::imageFiles.assign(argv + 2, argv + argc);
   return RUN_ALL_TESTS();
 }

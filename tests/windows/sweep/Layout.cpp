@@ -60,7 +60,7 @@ std::vector<Placement::Place> Placement::nextSingles(std::uint32_t count, std::u
     return places;
   }
   isFloatingOver_ = true;
-  stack_ = roundUp(stack_, alignment);
+  stack_ = test::roundUp(stack_, alignment);
   for (std::uint32_t i = 0; i < count; ++i)
     places.push_back({Place::kStack, stack_++});
   return places;
@@ -68,12 +68,12 @@ std::vector<Placement::Place> Placement::nextSingles(std::uint32_t count, std::u
 
 std::vector<Placement::Place> Placement::nextWords(std::uint32_t count, std::uint32_t alignment) {
   std::vector<Place> places;
-  core_ = std::min(roundUp(core_, alignment), 4u);
+  core_ = std::min(test::roundUp(core_, alignment), 4u);
   // What does not fit is divided, unless something is on the stack already.
   if (core_ + count > 4 && stack_ > 0)
     core_ = 4;
   if (core_ == 4)
-    stack_ = roundUp(stack_, alignment);
+    stack_ = test::roundUp(stack_, alignment);
   for (std::uint32_t i = 0; i < count; ++i) {
     places.push_back(core_ < 4 ? Place{Place::kCore, core_++} : Place{Place::kStack, stack_++});
   }
@@ -113,11 +113,9 @@ std::uint32_t get(emulator::Machine &machine, const Registers &registers, Placem
   }
 }
 
-Bytes resultOf(const EncodedType &type, const Registers &registers) {
-  Bytes bytes(sizeOf(type));
-  std::memcpy(bytes.data(), homogeneous(type) ? registers.single.data() : registers.core.data(),
-              bytes.size());
-  return bytes;
+std::vector<std::uint32_t> resultWords(const EncodedType &type, const Registers &registers) {
+  const auto *words = homogeneous(type) ? registers.single.data() : registers.core.data();
+  return {words, words + (sizeOf(type) + 3) / 4};
 }
 
 } // namespace wrt::sweep

@@ -13,10 +13,7 @@ using debug::EncodedType;
 using emulator::Arguments;
 using emulator::Registers;
 using test::alignmentOf;
-using test::areEqual;
 using test::Bytes;
-using test::pattern;
-using test::roundUp;
 using test::sizeOf;
 
 /// Whether a result is left in memory whose address is passed in front of all arguments.
@@ -56,8 +53,8 @@ void put(Arguments &arguments, const std::vector<Placement::Place> &places,
 /// A word from its place, on entry to a function.
 std::uint32_t get(emulator::Machine &machine, const Registers &registers, Placement::Place place);
 
-/// A result that is not returned in memory.
-Bytes resultOf(const EncodedType &type, const Registers &registers);
+/// The words of a result that is not returned in memory.
+std::vector<std::uint32_t> resultWords(const EncodedType &type, const Registers &registers);
 
 } // namespace wrt::sweep
 

@@ -12,14 +12,7 @@ few=$folder/catalogue.tsv copy=$folder/${product##*/}
 grep '^WRTIAsyncInfoBridge' "$catalogue" >"$few"
 "$sweep" "$few" "$identifiers" "${images[@]}" | sed 's/^arm: /as it is: /'
 
-# The word behind the accessor, in the section of constants.
-member=$((16#$(awk '$NF == "wrt::IAsyncInfo::get_Status" {print $1}' "$map")))
-read -r begin offset < <(llvm-readobj-19 --sections "$product" |
-  awk '/Name: \.rdata/ {on = 1} on && /VirtualAddress/ {begin = $2} on && /PointerToRawData/ {print begin, $2; exit}')
-cp "$product" "$copy"
-printf '\10' | dd of="$copy" bs=1 seek=$((member + 4 - begin + offset)) conv=notrunc status=none
-[[ $(cmp -l "$product" "$copy" | awk '{print $2, $3}') == "7 10" ]]
-
+"${0%/*}/../change-slot.sh" "$product" "$map" wrt::IAsyncInfo::get_Status 7 "$copy"
 images[-1]=$copy
 status=0
 found=$("$sweep" "$few" "$identifiers" "${images[@]}") || status=$?

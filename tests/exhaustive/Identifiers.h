@@ -1,19 +1,25 @@
-#ifndef WRT_TESTS_SWEEP_IDENTIFIERS_H
-#define WRT_TESTS_SWEEP_IDENTIFIERS_H
+#ifndef WRT_TESTS_IDENTIFIERS_H
+#define WRT_TESTS_IDENTIFIERS_H
 
-#include "HostObject.h"
-
+#include <array>
+#include <cstdint>
 #include <map>
 #include <string>
 
-namespace wrt::sweep {
+namespace wrt::test {
+
+/// An identifier as it lies in memory.
+using Iid = std::array<std::uint8_t, 16>;
+
+/// One in its usual form, without braces.
+Iid parseIid(std::string text);
 
 /// What bridges ask for and what they activate, as `identifiers.tsv` has it.
 struct Identifiers {
   /// By the name that the catalogue gives to interfaces.
-  std::map<std::string, emulator::Iid> interfaces;
+  std::map<std::string, Iid> interfaces;
   /// By the name of the bridge class, of a runtime class that of its default interface.
-  std::map<std::string, emulator::Iid> bridges;
+  std::map<std::string, Iid> bridges;
   /// WinRT's names by that of the bridge class.
   std::map<std::string, std::u16string> classes;
 
@@ -21,6 +27,6 @@ struct Identifiers {
   static Identifiers read(const std::string &file);
 };
 
-} // namespace wrt::sweep
+} // namespace wrt::test
 
 #endif
