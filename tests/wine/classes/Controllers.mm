@@ -13,52 +13,43 @@ using namespace wrt::test;
 
 namespace {
 
-using Add = WRTEventRegistrationToken (*)(NSError **);
-using Remove = void (*)(WRTEventRegistrationToken, NSError **);
+using Add = WRTEventRegistrationToken (*)(Class, SEL, id, NSError **);
+using Remove = void (*)(Class, SEL, WRTEventRegistrationToken, NSError **);
 
-/// Subscribes twice, then ends both subscriptions; the error goes to the first call of the member
-/// that is tried.
-template <Add add, Remove remove, bool triesRemove>
-void subscribe(NSError **error) {
+/// Subscribes twice to a static event, then ends both subscriptions; the error goes to the first
+/// call of the member that is tried.
+void subscribe(const std::string &className, const char *event, bool triesRemove, NSError **error) {
+  Class type = NSClassFromString([NSString stringWithFormat:@"WRT%sBridge", className.c_str()]);
+  SEL adding = NSSelectorFromString([NSString stringWithFormat:@"add%sWithValue:error:", event]);
+  SEL removing =
+      NSSelectorFromString([NSString stringWithFormat:@"remove%sWithToken:error:", event]);
+  const auto add = reinterpret_cast<Add>(reinterpret_cast<void *>([type methodForSelector:adding]));
+  const auto remove =
+      reinterpret_cast<Remove>(reinterpret_cast<void *>([type methodForSelector:removing]));
+  const auto ignored = ^HRESULT(id, id) {
+    return 0;
+  };
   const long before = liveDelegates();
-  const WRTEventRegistrationToken first = add(triesRemove ? nullptr : error);
-  const WRTEventRegistrationToken second = add(nullptr);
+  const WRTEventRegistrationToken first = add(type, adding, ignored, triesRemove ? nullptr : error);
+  const WRTEventRegistrationToken second = add(type, adding, ignored, nullptr);
   EXPECT_NE(first.value, second.value);
   EXPECT_EQ(2, liveDelegates() - before) << "kept by the class, which never dies";
-  remove(first, triesRemove ? error : nullptr);
+  remove(type, removing, first, triesRemove ? error : nullptr);
   EXPECT_EQ(1, liveDelegates() - before);
-  remove(first, nullptr);
+  remove(type, removing, first, nullptr);
   EXPECT_EQ(1, liveDelegates() - before) << "a token counts once";
-  remove(second, nullptr);
+  remove(type, removing, second, nullptr);
   EXPECT_EQ(0, liveDelegates() - before);
 }
 
-const auto ignored = ^HRESULT(id, id) {
-  return 0;
-};
-constexpr Add addGamepadAdded = [](NSError **error) {
-  return [WRTGamepadBridge addGamepadAddedWithValue:ignored error:error];
-};
-constexpr Add addGamepadRemoved = [](NSError **error) {
-  return [WRTGamepadBridge addGamepadRemovedWithValue:ignored error:error];
-};
-constexpr Add addControllerAdded = [](NSError **error) {
-  return [WRTRawGameControllerBridge addRawGameControllerAddedWithValue:ignored error:error];
-};
-constexpr Add addControllerRemoved = [](NSError **error) {
-  return [WRTRawGameControllerBridge addRawGameControllerRemovedWithValue:ignored error:error];
-};
-constexpr Remove removeGamepadAdded = [](WRTEventRegistrationToken token, NSError **error) {
-  [WRTGamepadBridge removeGamepadAddedWithToken:token error:error];
-};
-constexpr Remove removeGamepadRemoved = [](WRTEventRegistrationToken token, NSError **error) {
-  [WRTGamepadBridge removeGamepadRemovedWithToken:token error:error];
-};
-constexpr Remove removeControllerAdded = [](WRTEventRegistrationToken token, NSError **error) {
-  [WRTRawGameControllerBridge removeRawGameControllerAddedWithToken:token error:error];
-};
-constexpr Remove removeControllerRemoved = [](WRTEventRegistrationToken token, NSError **error) {
-  [WRTRawGameControllerBridge removeRawGameControllerRemovedWithToken:token error:error];
+/// The two members of a static event.
+struct StaticEvent {
+  StaticEvent(const std::string &type, const char *event)
+      : add(type + ".add_" + event, [=](NSError **error) { subscribe(type, event, false, error); }),
+        remove(type + ".remove_" + event,
+               [=](NSError **error) { subscribe(type, event, true, error); }) {}
+  Member add;
+  Member remove;
 };
 
 void gamepads(NSError **error) {
@@ -87,19 +78,13 @@ void rawGameControllers(NSError **error) {
   WRTIUnknownSafeRelease(interface);
 }
 
+const StaticEvent events[] = {
+    {"Gamepad", "GamepadAdded"},
+    {"Gamepad", "GamepadRemoved"},
+    {"RawGameController", "RawGameControllerAdded"},
+    {"RawGameController", "RawGameControllerRemoved"},
+};
 const Member members[] = {
-    {"Gamepad.add_GamepadAdded", subscribe<addGamepadAdded, removeGamepadAdded, false>},
-    {"Gamepad.remove_GamepadAdded", subscribe<addGamepadAdded, removeGamepadAdded, true>},
-    {"Gamepad.add_GamepadRemoved", subscribe<addGamepadRemoved, removeGamepadRemoved, false>},
-    {"Gamepad.remove_GamepadRemoved", subscribe<addGamepadRemoved, removeGamepadRemoved, true>},
-    {"RawGameController.add_RawGameControllerAdded",
-     subscribe<addControllerAdded, removeControllerAdded, false>},
-    {"RawGameController.remove_RawGameControllerAdded",
-     subscribe<addControllerAdded, removeControllerAdded, true>},
-    {"RawGameController.add_RawGameControllerRemoved",
-     subscribe<addControllerRemoved, removeControllerRemoved, false>},
-    {"RawGameController.remove_RawGameControllerRemoved",
-     subscribe<addControllerRemoved, removeControllerRemoved, true>},
     {"Gamepad.Gamepads", gamepads},
     {"RawGameController.RawGameControllers", rawGameControllers},
 };

@@ -34,17 +34,21 @@ void expectBounds(StringView view, unsigned index) {
   EXPECT_EQ(status::kBounds, [error code]);
 }
 
-void expectEmpty(StringView view) {
-  NSError *error = nil;
-  EXPECT_EQ([WRTIVectorView__1_WRTHSTRING_Bridge class], [static_cast<id>(view) class]);
-  EXPECT_EQ(0u, [view getSizeWithError:&error]);
-  EXPECT_EQ(nil, error);
-  EXPECT_EQ(0u, [[view getManyWithStartIndex:0 capacity:4 error:&error] count]);
-  EXPECT_EQ(nil, error);
-  unsigned index = 77;
-  EXPECT_FALSE([view indexOfWithItem:@"x" index:&index error:&error]);
-  EXPECT_EQ(nil, error) << "absent is no failure";
-  expectBounds(view, 0);
+/// The body of a member that gives an empty view.
+std::function<void(NSError **)> isEmpty(StringView (*get)(NSError **)) {
+  return [get](NSError **error) {
+    StringView view = get(error);
+    EXPECT_EQ([WRTIVectorView__1_WRTHSTRING_Bridge class], [static_cast<id>(view) class]);
+    NSError *ownError = nil;
+    EXPECT_EQ(0u, [view getSizeWithError:&ownError]);
+    EXPECT_EQ(nil, ownError);
+    EXPECT_EQ(0u, [[view getManyWithStartIndex:0 capacity:4 error:&ownError] count]);
+    EXPECT_EQ(nil, ownError);
+    unsigned index = 77;
+    EXPECT_FALSE([view indexOfWithItem:@"x" index:&index error:&ownError]);
+    EXPECT_EQ(nil, ownError) << "absent is no failure";
+    expectBounds(view, 0);
+  };
 }
 
 void languages(NSError **error) {
@@ -75,18 +79,15 @@ void homeGeographicRegion(NSError **error) {
 }
 
 const Member members[] = {
-    {"GlobalizationPreferences.Calendars",
-     [](NSError **error) {
-       expectEmpty([WRTGlobalizationPreferencesBridge getCalendarsWithError:error]);
-     }},
-    {"GlobalizationPreferences.Clocks",
-     [](NSError **error) {
-       expectEmpty([WRTGlobalizationPreferencesBridge getClocksWithError:error]);
-     }},
-    {"GlobalizationPreferences.Currencies",
-     [](NSError **error) {
-       expectEmpty([WRTGlobalizationPreferencesBridge getCurrenciesWithError:error]);
-     }},
+    {"GlobalizationPreferences.Calendars", isEmpty([](NSError **error) {
+       return [WRTGlobalizationPreferencesBridge getCalendarsWithError:error];
+     })},
+    {"GlobalizationPreferences.Clocks", isEmpty([](NSError **error) {
+       return [WRTGlobalizationPreferencesBridge getClocksWithError:error];
+     })},
+    {"GlobalizationPreferences.Currencies", isEmpty([](NSError **error) {
+       return [WRTGlobalizationPreferencesBridge getCurrenciesWithError:error];
+     })},
     {"GlobalizationPreferences.Languages", languages},
     {"GlobalizationPreferences.HomeGeographicRegion", homeGeographicRegion},
 };

@@ -5,40 +5,32 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 namespace wrt::test {
-
-/// What a version of Wine answers when a member is called.
-enum class Answer {
-  Works,
-  /// Succeeds and does not do its work: a handler is not kept, an element not found.
-  Stub,
-  /// Fails with `E_NOTIMPL`.
-  NotImplemented,
-  /// The object lacks the member's interface, so that the bridge does not call at all.
-  NoInterface,
-};
 
 /// One member of a class: a test under the name `Class.Member`. `body` calls the member with
 /// `error`, and when `*error` is nil then, compares what it did with what is known independently.
 /// The expected answer stands in the list for the version of Wine; a member that answers otherwise,
 /// be it better, fails.
 struct Member {
-  Member(const char *name, void (*body)(NSError **error));
+  Member(const std::string &name, std::function<void(NSError **error)> body);
 };
 
-/// Reads the list of expectations: `Class.Member answer` a line, where the answer is `works`,
-/// `stub`, `not_implemented` or `no_interface`; `#` begins a comment. Ends the process when it
-/// cannot. Makes a test of every member that has none, which calls it through the runtime with
-/// plain arguments: a type's name for a string, a block, nothing for anything else.
+/// Reads the list of expectations: `Class.Member answer` a line; `#` begins a comment. An answer is
+/// `works`; `stub`, which succeeds and does not do its work: a handler is not kept, an element not
+/// found; `not_implemented`, which fails with `E_NOTIMPL`; `no_interface`: the object lacks the
+/// member's interface, so that the bridge does not call at all. Ends the process when it cannot.
+/// Makes a test of every member that has none, which calls it through the runtime with plain
+/// arguments: a type's name for a string, a block, nothing for anything else.
 void readExpectations(const char *path);
 
 /// A new instance of a class that such members are of, autoreleased; nil for one that has statics.
 id newInstance(const std::string &className);
 
 /// The expected answer of the running member.
-Answer expectedAnswer();
+const std::string &expectedAnswer();
 
 /// Tells that the running member has WinRT take over so many more handles of ours, whose end the
 /// ledger does not see.

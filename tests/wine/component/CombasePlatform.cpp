@@ -8,7 +8,7 @@
 
 #include "platform/linux/ledger/WRTLedger.h"
 #include "platform/linux/string/HString.h"
-#include "tests/wine/component/Connection.h"
+#include "tests/wine/component/Program.h"
 
 #include <WRTBridge.h>
 #include <WRTStatus.h>

@@ -1,17 +1,17 @@
 // The DLL's exports: what combase asks a component's DLL for, and the test program's way in.
 
 #include "tests/component/TestObject.h"
-#include "tests/wine/component/Connection.h"
+#include "tests/wine/component/Program.h"
 
 #include "platform/linux/string/HString.h"
 
 namespace {
 
-const WRTComponentProgram *connected = nullptr;
+const wrt::test::ComponentProgram *connected = nullptr;
 
 } // namespace
 
-const WRTComponentProgram &wrt::test::program() { return *connected; }
+const wrt::test::ComponentProgram &wrt::test::program() { return *connected; }
 
 extern "C" {
 
@@ -26,7 +26,7 @@ __declspec(dllexport) HRESULT DllGetActivationFactory(HSTRING className,
 /// Objects may still live: never.
 __declspec(dllexport) HRESULT DllCanUnloadNow() { return wrt::status::kFalse; }
 
-__declspec(dllexport) void WRTComponentConnect(const WRTComponentProgram *program) {
+__declspec(dllexport) void WRTComponentConnect(const wrt::test::ComponentProgram *program) {
   connected = program;
 }
 

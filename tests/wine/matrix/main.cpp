@@ -1,57 +1,96 @@
 // The cells of the member matrix that do not need the embedded platform, with the test component in
-// a DLL of its own behind combase.
-// Usage: MATRIX DLL EXCLUSIONS
+// a DLL of its own behind combase, to which this program is what `Program.h` says.
+// Usage: MATRIX DLL
 
-#include "tests/wine/matrix/ComponentProgram.h"
-#include "tests/wine/support/Counts.h"
+#include "platform/linux/ledger/WRTLedger.h"
+#include "platform/linux/wine/StringLedger.h"
+#include "platform/linux/wine/WindowsFunctions.h"
+#include "tests/component/TestObject.h"
+#include "tests/wine/component/Program.h"
 
+#include <WRTBridge.h>
+#include <WRTUnknown.h>
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
+#include <dlfcn.h>
 #include <string>
-#include <vector>
+
+namespace wrt::test {
 
 namespace {
 
-/// A cell that is not run here, and why.
-struct Exclusion {
-  std::string cell;
-  std::string reason;
-};
-
-std::vector<Exclusion> readExclusions(const char *path) {
-  std::ifstream file(path);
-  if (!file) {
-    std::fprintf(stderr, "matrix: cannot read %s\n", path);
-    std::exit(2);
-  }
-  std::vector<Exclusion> exclusions;
-  for (std::string line; std::getline(file, line);) {
-    const size_t mark = line.find(" # ");
-    if (mark != std::string::npos && mark > 0)
-      exclusions.push_back({line.substr(0, line.find(' ')), line.substr(mark + 3)});
-  }
-  return exclusions;
+void WRT_ABI readScript(PlainScript *result, const char16_t **string, uint32_t *length) {
+  *result = script();
+  *string = script().string.data();
+  *length = static_cast<uint32_t>(script().string.size());
 }
 
-/// A path on Wine's drive that is the whole Unix file system. ASCII.
-std::u16string windowsPath(const std::string &path) {
-  std::u16string result = u"Z:";
-  for (char character : path)
-    result += character == '/' ? u'\\' : static_cast<char16_t>(character);
-  return result;
+void WRT_ABI record(const char *text, size_t length) { recordCrossing({text, length}); }
+
+void WRT_ABI addToLedger(int32_t kind, int64_t amount) {
+  WRTLedgerAdd(static_cast<WRTLedgerKind>(kind), amount);
+}
+
+void WRT_ABI handleMade(HSTRING string) { wine::countHandleMade(string); }
+void WRT_ABI handleReleased(HSTRING string) { wine::countHandleReleased(string); }
+
+const ComponentProgram thisProgram = {readScript, record, addToLedger, handleMade, handleReleased};
+
+KeptDelegateFunction kept = nullptr;
+DropKeptDelegateFunction dropKept = nullptr;
+
+template <class Function>
+bool find(Function &function, void *library, const char *name) {
+  function = reinterpret_cast<Function>(wine::windows().GetProcAddress(library, name));
+  return function != nullptr;
+}
+
+/// Loads the test component's DLL and makes this program's script and record its own; from then on
+/// `keptDelegate` is the DLL's. Whether that worked.
+bool connectComponent(const std::string &file) {
+  std::u16string path = u"Z:"; // Wine's drive that is the whole Unix file system; ASCII
+  for (char character : file)
+    path += character == '/' ? u'\\' : static_cast<char16_t>(character);
+  void *library = wine::windows().LoadLibraryW(path.c_str());
+  ConnectFunction connect;
+  if (library == nullptr || !find(connect, library, "WRTComponentConnect") ||
+      !find(kept, library, "WRTComponentKeptDelegate") ||
+      !find(dropKept, library, "WRTComponentDropKeptDelegate"))
+    return false;
+  connect(&thisProgram);
+  return true;
+}
+
+/// Whether the test class comes from code that Wine loaded, and not from this program's libraries.
+bool isComponentForeign() {
+  auto *object = static_cast<WRTIUnknown *>(WRTActivateInstance(u"TestClass"));
+  if (object == nullptr)
+    return false;
+  // The dynamic linker knows every function of this process but those that Wine has loaded.
+  Dl_info info;
+  const bool isKnown = dladdr(reinterpret_cast<void *>(object->lpVtbl->AddRef), &info) != 0;
+  WRTIUnknownRelease(object);
+  return !isKnown;
 }
 
 } // namespace
 
+// In front of those of the component in this process.
+implement::ComPtr<abi::TestDelegate> keptDelegate() {
+  return implement::ComPtr<abi::TestDelegate>::adopt(static_cast<abi::TestDelegate *>(kept()));
+}
+void dropKeptDelegate() { dropKept(); }
+
+} // namespace wrt::test
+
 int main(int argc, char **argv) {
   testing::InitGoogleTest(&argc, argv);
-  if (argc != 3) {
-    std::fprintf(stderr, "Usage: matrix DLL EXCLUSIONS\n");
+  if (argc != 2) {
+    std::fprintf(stderr, "Usage: matrix DLL\n");
     return 2;
   }
-  if (!wrt::test::connectComponent(windowsPath(argv[1]).c_str())) {
+  if (!wrt::test::connectComponent(argv[1])) {
     std::fprintf(stderr, "matrix: cannot load %s\n", argv[1]);
     return 2;
   }
@@ -59,20 +98,5 @@ int main(int argc, char **argv) {
     std::fprintf(stderr, "matrix: TestClass is not what %s implements\n", argv[1]);
     return 2;
   }
-  std::string filter = "*-";
-  const auto exclusions = readExclusions(argv[2]);
-  for (const Exclusion &exclusion : exclusions) {
-    std::printf("skipped: %s (%s)\n", exclusion.cell.c_str(), exclusion.reason.c_str());
-    filter += exclusion.cell + ":";
-  }
-  testing::GTEST_FLAG(filter) = filter;
-  const int status = RUN_ALL_TESTS();
-  const testing::UnitTest &all = *testing::UnitTest::GetInstance();
-  const int filtered = all.total_test_count() - all.test_to_run_count();
-  if (filtered != static_cast<int>(exclusions.size()))
-    std::printf("matrix: %zu cells are excluded, %d of them exist\n", exclusions.size(), filtered);
-  const bool fits = filtered == static_cast<int>(exclusions.size());
-  const int result = wrt::test::reportCounts(all.successful_test_count(),
-                                             all.failed_test_count() + (fits ? 0 : 1), filtered);
-  return result == 0 ? status : result;
+  return RUN_ALL_TESTS();
 }
