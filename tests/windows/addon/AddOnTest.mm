@@ -11,14 +11,6 @@ using namespace wrt::test;
 
 namespace {
 
-void *kept;
-
-HRESULT keep(void *handler) {
-  WRTIUnknownAddRef(handler);
-  kept = handler;
-  return 0;
-}
-
 FakeObject<ContosoWRTIGuestVtbl> &guest() {
   static FakeObject<ContosoWRTIGuestVtbl> fake(kContosoWRTIGuestIID);
   return fake;

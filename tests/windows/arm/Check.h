@@ -22,11 +22,6 @@ const char16_t *testStringText(HSTRING handle, uint32_t *length);
 
 namespace wrt::test {
 
-// By what crosses. Each leaves everything as it found it but for autoreleased objects.
-void testStringsAndArrays();
-void testObjects();
-void testDelegates();
-
 constexpr HRESULT kFail = static_cast<HRESULT>(0x80004005);
 constexpr HRESULT kNoInterface = static_cast<HRESULT>(0x80004002);
 

@@ -49,6 +49,15 @@ private:
   static uint32_t release(FakeObject *self) { return static_cast<uint32_t>(--self->references); }
 };
 
+/// The delegate that a fake was given last, kept as an event source keeps it.
+inline void *kept;
+
+inline HRESULT keep(void *delegate) {
+  WRTIUnknownAddRef(delegate);
+  kept = delegate;
+  return 0;
+}
+
 /// Calls a delegate's Invoke, as WinRT does.
 template <class... Arguments>
 HRESULT invoke(void *delegate, Arguments... arguments) {

@@ -1,10 +1,8 @@
 // Strings and arrays. The product neither releases the string of a string result nor frees the
 // block of an array that it is handed; the fakes keep both to clear away.
-#include "arm/FakeObject.h"
+#include "arm/Product.h"
 
 #import <WRTObjcBridge/WRTHSTRINGBridge.h>
-#import <WRTObjcBridge/test.h>
-#include <abi/test.abi.h>
 
 namespace wrt::test {
 
@@ -64,7 +62,7 @@ HSTRING *makeBlock(int count) {
   return strings;
 }
 
-void testStrings(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterfaceBridge *bridge) {
+void testStrings(TestObject &object, WRTTestInterfaceBridge *bridge) {
   NSError *error = nil;
   object.table.InString = [](WRTTestInterface *, HSTRING arg) -> HRESULT {
     seen = arg == nullptr ? 1 : hasText(arg, u"Gr\u00fc\u00dfe") ? 2 : 0;
@@ -114,7 +112,7 @@ void testHeldStrings() {
   CHECK(testLiveObjects() == live && testLiveStrings() == 0);
 }
 
-void testStringArrays(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterfaceBridge *bridge) {
+void testStringArrays(TestObject &object, WRTTestInterfaceBridge *bridge) {
   NSError *error = nil;
   object.table.InStringArray = [](WRTTestInterface *, int count, HSTRING *arr) -> HRESULT {
     seen = countLetters(count, arr);
@@ -151,14 +149,10 @@ void testStringArrays(FakeObject<WRTTestInterfaceVtbl> &object, WRTTestInterface
 
 } // namespace
 
-void testStringsAndArrays() {
-  FakeObject<WRTTestInterfaceVtbl> object(kWRTTestInterfaceIID);
-  WRTTestInterfaceBridge *bridge = [[WRTTestInterfaceBridge alloc] initWithInner:&object];
+void testStringsAndArrays(TestObject &object, WRTTestInterfaceBridge *bridge) {
   testStrings(object, bridge);
   testHeldStrings();
   testStringArrays(object, bridge);
-  CHECK(object.references == 1);
-  [bridge release];
   testPoolPop(0);
   CHECK(testLiveStrings() == 0 && testLiveTaskBlocks() == 0);
 }

@@ -1,6 +1,7 @@
+// imagetests IMAGE CATALOGUE: the image tools against an image that is right and against what can
+// be wrong with one.
 #include "CatalogueComparison.h"
 #include "FixupTable.h"
-#include "ImageTest.h"
 #include "Metadata.h"
 #include "ProductRules.h"
 
@@ -17,19 +18,15 @@
 
 namespace wrt::pe {
 
-namespace test {
+namespace {
 
 std::filesystem::path imageFile;
 std::filesystem::path catalogueFile;
 
-std::vector<std::uint8_t> readFile(const std::filesystem::path &file) {
-  std::ifstream stream(file, std::ios::binary);
+std::vector<std::uint8_t> readImage() {
+  std::ifstream stream(imageFile, std::ios::binary);
   return {std::istreambuf_iterator<char>(stream), {}};
 }
-
-} // namespace test
-
-namespace {
 
 class Inspection : public testing::Test {
 protected:
@@ -49,10 +46,9 @@ protected:
     return text;
   }
 
-  const Image image = Image::read(test::imageFile);
+  const Image image = Image::read(imageFile);
   const Metadata metadata = Metadata::read(image);
-  const std::vector<catalogue::Method> listed =
-      catalogue::readMethods(test::catalogueFile.string());
+  const std::vector<catalogue::Method> listed = catalogue::readMethods(catalogueFile.string());
   ProductFacts facts{{"WRTCreateNSStringFromHSTRING", "WRTCreateHSTRINGFromNSString",
                       "WRTCreateNSErrorFromHRESULT", "WRTCreateNSDataFromIBuffer",
                       "WRTCreateWRTRandomAccessReferenceBridgeFromNSData",
@@ -132,7 +128,7 @@ TEST_F(Inspection, ChecksTheRulesOfTheProduct) {
 }
 
 TEST_F(Inspection, HeadersThatDisqualifyAnImageAreFound) {
-  const auto good = test::readFile(test::imageFile);
+  const auto good = readImage();
   const std::uint32_t nt = good[0x3C] | good[0x3D] << 8;
   const auto problemsWith = [&](std::uint32_t offset, std::uint8_t bits) {
     auto bytes = good;
@@ -150,7 +146,7 @@ TEST_F(Inspection, HeadersThatDisqualifyAnImageAreFound) {
 /// A function without its record, and codes that cannot be read.
 TEST_F(Inspection, UnwindRecordsThatAreMissingOrDamagedAreFound) {
   const Section &records = *image.findSection(".pdata");
-  auto bytes = test::readFile(test::imageFile);
+  auto bytes = readImage();
   const auto place = std::search(bytes.begin(), bytes.end(), image.memory().begin() + records.rva,
                                  image.memory().begin() + records.rva + 64);
   ASSERT_NE(place, bytes.end());
@@ -164,7 +160,7 @@ TEST_F(Inspection, UnwindRecordsThatAreMissingOrDamagedAreFound) {
 
 /// Files that are no images, or were: refused, never followed out of their bounds.
 TEST_F(Inspection, DamagedFilesAreRefused) {
-  const auto good = test::readFile(test::imageFile);
+  const auto good = readImage();
   const auto inspect = [](const std::vector<std::uint8_t> &bytes) {
     try {
       const Image damaged = Image::parse(bytes);
@@ -192,6 +188,49 @@ TEST_F(Inspection, DamagedFilesAreRefused) {
   EXPECT_GT(refused, 0);
 }
 
+class FixupTableCheck : public testing::Test {
+protected:
+  const Image image = Image::read(imageFile);
+  const FixupTable good = FixupTable::read(image);
+};
+
+TEST_F(FixupTableCheck, AcceptsTheLinkedImage) {
+  EXPECT_GT(good.present.size(), 2u);
+  EXPECT_GT(good.constantStrings, 0u);
+  EXPECT_TRUE(checkTable(image, good).empty());
+}
+
+TEST_F(FixupTableCheck, NamesTheRecordThatIsWrong) {
+  const std::pair<const char *, std::function<void(FixupRecord &)>> faults[] = {
+      {"target", [](FixupRecord &record) { record.target += 4; }},
+      {"addend", [](FixupRecord &record) { record.addend += 8; }},
+      {"slot", [](FixupRecord &record) { record.slot -= 4; }},
+      {"kind word", [](FixupRecord &record) { record.kindWord = 0x110; }}};
+  for (const auto &[field, fault] : faults) {
+    FixupTable table = good;
+    fault(table.present[2]);
+    const auto problems = checkTable(image, table);
+    ASSERT_EQ(problems.size(), 1u) << field;
+    EXPECT_NE(problems[0].find("record 2 ("), std::string::npos) << problems[0];
+    EXPECT_NE(problems[0].find(std::string(": ") + field + " is 0x"), std::string::npos)
+        << problems[0];
+    EXPECT_NE(problems[0].find(image.importAt(good.needed[2].slot)->name), std::string::npos);
+  }
+}
+
+TEST_F(FixupTableCheck, NamesRecordsThatAreMissingOrTooMany) {
+  FixupTable table = good;
+  table.present.pop_back();
+  auto problems = checkTable(image, table);
+  ASSERT_EQ(problems.size(), 1u);
+  EXPECT_NE(problems[0].find(": missing"), std::string::npos) << problems[0];
+  table = good;
+  table.needed.pop_back();
+  problems = checkTable(image, table);
+  ASSERT_EQ(problems.size(), 1u);
+  EXPECT_NE(problems[0].find(": not needed"), std::string::npos) << problems[0];
+}
+
 } // namespace
 } // namespace wrt::pe
 
@@ -201,7 +240,7 @@ int main(int argc, char **argv) {
     std::cerr << "usage: imagetests IMAGE CATALOGUE\n";
     return 2;
   }
-  wrt::pe::test::imageFile = argv[1];
-  wrt::pe::test::catalogueFile = argv[2];
+  wrt::pe::imageFile = argv[1];
+  wrt::pe::catalogueFile = argv[2];
   return RUN_ALL_TESTS();
 }

@@ -1,14 +1,13 @@
 // startuptests IMAGE MAP DLL...: start-up as ARM code, in an image that the DLLs are loaded before.
 #include "FixupTable.h"
+#include "LinkMap.h"
 #include "Metadata.h"
 #include "Process.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 
 namespace wrt::emulator {
 namespace {
@@ -19,16 +18,10 @@ std::vector<std::filesystem::path> siblingFiles;
 
 /// The address of a symbol that the linker's map shows under the given name, or 0.
 pe::Rva findInMap(const std::string &symbol) {
-  std::ifstream map(mapFile);
-  for (std::string line; std::getline(map, line);) {
-    std::istringstream fields(line);
-    std::string rva, size, alignment, name;
-    fields >> rva >> size >> alignment >> std::ws;
-    std::getline(fields, name);
-    if (name == symbol)
-      return static_cast<pe::Rva>(std::stoul(rva, nullptr, 16));
-  }
-  return 0;
+  static const pe::LinkMap map = pe::LinkMap::read(mapFile);
+  const auto found =
+      std::ranges::find(map.symbols, symbol, &std::pair<const pe::Rva, std::string>::second);
+  return found == map.symbols.end() ? 0 : found->first;
 }
 
 class StartUp : public testing::Test {

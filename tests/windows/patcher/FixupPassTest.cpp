@@ -156,39 +156,8 @@ TEST_F(FixupPass, NeighbouringPagesAreOpenedTogether) {
   EXPECT_EQ(process.protections(), layout);
 }
 
-/// A patch over a page's end, for every pair of protections and every way to straddle.
-TEST(FixupPassAcrossPages, EveryByteIsWritableAndAllIsPutBack) {
-  const std::uint32_t protections[] = {kPageReadOnly, kPageWriteCopy, kPageExecuteRead,
-                                       kPageReadWrite, kPageExecuteReadWrite};
-  for (const std::uint32_t first : protections) {
-    for (const std::uint32_t second : protections) {
-      const std::vector<std::uint32_t> layout{kPageReadOnly, first, second, first};
-      TestProcess process(layout);
-      process.poke32(kBase, 0xA1B2C3D4);
-      for (const std::uint32_t before : {2u, 4u, 6u}) {
-        const Address pair = kBase + 2 * kPage - before;
-        process.poke(pair, {0x40, 0xF2, 0x00, 0x07, 0xC0, 0xF2, 0x00, 0x07});
-        // The same pair at the next boundary as well: the tail of one is the body of the other.
-        process.poke(pair + kPage, {0x40, 0xF2, 0x00, 0x07, 0xC0, 0xF2, 0x00, 0x07});
-        TestTable()
-            .add(pair, 0, kBase, kPair)
-            .add(kBase + 2 * kPage + 0x100, 0, kBase, kWord)
-            .add(pair + kPage, 0, kBase, kPair)
-            .apply(process);
-        for (const Address at : {pair, pair + kPage}) {
-          EXPECT_EQ(process.peek32(at), 0x37D4F24Cu) << first << ' ' << second << ' ' << before;
-          EXPECT_EQ(process.peek32(at + 4), 0x17B2F2CAu) << first << ' ' << second << ' ' << before;
-        }
-        EXPECT_EQ(process.peek32(kBase + 2 * kPage + 0x100), 0xA1B2C3D4u);
-        EXPECT_EQ(process.protections(), layout);
-        process.poke32(kBase + 2 * kPage + 0x100, 0);
-      }
-    }
-  }
-}
-
-/// Many unsorted, overlapping and repeated records, against the plain rule: in order of targets,
-/// each one writes its bytes.
+/// Many unsorted, overlapping and repeated records, some over the ends of pages of all kinds,
+/// against the plain rule: in order of targets, each one writes its bytes.
 TEST(FixupPassModel, RandomTablesGiveWhatThePlainRuleGives) {
   const std::uint32_t choices[] = {kPageReadOnly, kPageExecuteRead, kPageReadWrite, kPageWriteCopy};
   std::minstd_rand generator(20160802);
@@ -207,12 +176,14 @@ TEST(FixupPassModel, RandomTablesGiveWhatThePlainRuleGives) {
       Address slot;
     };
     std::vector<Entry> entries;
-    entries.reserve(80);
+    entries.reserve(90);
     for (int i = 0; i < 60; ++i) {
       entries.push_back({kBase + kPage + random() % (7 * kPage - 4) / 2 * 2, random(),
                          kBase + (random() >> 8) % 16 * 4});
     }
-    // Overlaps at page ends, and records that stand twice.
+    // Over every page's end, and overlaps.
+    for (Address page = kBase + 2 * kPage; page < process.imageEnd(); page += kPage)
+      entries.push_back({page - 2, random(), kBase});
     for (int i = 0; i < 10; ++i) {
       entries.push_back({entries[i].target + 2 > process.imageEnd() - 4 ? entries[i].target
                                                                         : entries[i].target + 2,

@@ -59,12 +59,11 @@ public:
   bool getModuleInformationSucceeds = true;
   bool hasMemory = true;
   bool allowsProtect = true;
-  /// Calls of `virtualProtect`, `virtualQuery` and `pageSize`.
+  /// Calls of `virtualProtect`.
   int protectCalls = 0;
-  int queryCalls = 0;
   /// Blocks that were allocated and not released; the process frees them when it ends.
   std::set<void *> blocks;
-  /// Each module by name (empty: the main program) with its exports.
+  /// Each module by name with its exports.
   std::map<std::u16string, std::map<std::string, void *>> modules;
   /// The names asked of `getModuleHandle`, in order.
   std::vector<std::u16string> askedModules;
