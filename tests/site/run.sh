@@ -45,7 +45,7 @@ trap 'rm -f "$sample"' EXIT
   for (i = 0; i < wanted; ++i) print line[int(i * NR / wanted) + 1] }' > "$sample"
 
 if cmake/install-packages.sh $here/packages.txt; then
-  timeout 300 node $here/site.mjs $site "$sample" || failed=1
+  timeout 300 /usr/bin/python3 $here/site.py $site "$sample" || failed=1
   check "bytes of the site" "$(find $site -type f -printf '%s\n' | awk '{ n += $1 } END { print n }')" $max_site
 else
   printf '\n*** site: NOT TESTED in a browser: Chromium cannot be installed here; its checks are skipped\n\n'
