@@ -9,29 +9,30 @@ rm -rf "$work"
 mkdir -p "$work"
 skip() { printf 'debuggers: skipped, %s\n' "$1"; exit 77; }
 
-# look VIEWS COMMAND...: what the debugger prints.
 case $debugger in
   gdb)
-    command -v gdb > "$work/which" || skip "there is no gdb"
-    look() {
-      local views=$1 arguments=()
-      for each in 'set debuginfod enabled off' 'set pagination off' 'set breakpoint pending on' \
-        "source $views/wrt_gdb.py" "${@:2}"; do arguments+=(-ex "$each"); done
-      gdb -nx -q -batch "${arguments[@]}" 2>&1 || true
-    }
-    program='file' break='break' show='print' off='set wrt-ask off'
+    start=(gdb -nx -q -batch) option=-ex load=source
+    begin=('set debuginfod enabled off' 'set pagination off' 'set breakpoint pending on')
+    program='file' break='break' show='print' off='set wrt-ask off' core=$'\ncore-file'
     ;;
   lldb)
-    command -v lldb-19 > "$work/which" || skip "there is no lldb-19"
-    look() {
-      local views=$1 arguments=()
-      for each in 'settings set symbols.enable-external-lookup false' \
-        "command script import $views/wrt_lldb.py" "${@:2}"; do arguments+=(-o "$each"); done
-      lldb-19 -x -b "${arguments[@]}" 2>&1 || true
-    }
-    program='target create' break='breakpoint set -n' show='frame variable' off='wrt-ask off'
+    start=(lldb-19 -x -b) option=-o load='command script import'
+    begin=('settings set symbols.enable-external-lookup false')
+    program='target create' break='breakpoint set -n' show='frame variable' off='wrt-ask off' core=' --core'
     ;;
 esac
+command -v "${start[0]}" > "$work/which" || skip "there is no ${start[0]}"
+# look VIEWS COMMAND...: what the debugger prints.
+look() {
+  local arguments=()
+  for each in "${begin[@]}" "$load $1/wrt_$debugger.py" "${@:2}"; do arguments+=("$option" "$each"); done
+  "${start[@]}" "${arguments[@]}" 2>&1 || true
+}
+# look_at_core PROGRAM CORE COMMAND...
+look_at_core() {
+  mapfile -t opening <<< "$program $1$core $2"
+  look "$views" "${opening[@]}" "${@:3}"
+}
 
 failed=0
 # shows TITLE PATTERN...: each pattern fits a line of $output.
@@ -72,11 +73,7 @@ if command -v gdb > "$work/which"; then
       -ex "generate-core-file $2" -ex kill "$1" > "$work/gdb" 2>&1 || cat "$work/gdb" >&2
   }
   write_core "$build/debuggee" "$work/core"
-  if [[ $debugger == gdb ]]; then
-    output=$(look "$views" "file $build/debuggee" "core-file $work/core" "print bridge" "print string")
-  else
-    output=$(look "$views" "target create $build/debuggee --core $work/core" "frame variable bridge string")
-  fi
+  output=$(look_at_core "$build/debuggee" "$work/core" "$show bridge" "$show string")
   shows "a core file" 'WRTIStorageItemBridge 0x[0-9a-f]+ of an object 0x[0-9a-f]+ \(vtable for .*Uri.*\), 2 references to the bridge' '"Grüße"'
 
   mkdir "$work/stripped"
@@ -84,11 +81,7 @@ if command -v gdb > "$work/which"; then
   cp "$build/debuggee" "$work/stripped/"
   strip "$work/stripped"/*
   (export LD_LIBRARY_PATH=$work/stripped; write_core "$work/stripped/debuggee" "$work/plain-core" WRTIUnknownQueryInterface)
-  if [[ $debugger == gdb ]]; then
-    output=$(look "$views" "file $work/stripped/debuggee" "core-file $work/plain-core" wrt-member)
-  else
-    output=$(look "$views" "target create $work/stripped/debuggee --core $work/plain-core" wrt-member)
-  fi
+  output=$(look_at_core "$work/stripped/debuggee" "$work/plain-core" wrt-member)
   shows "a core file without symbols" '^wrt-member: neither this frame nor one that called it is of wrt::call'
 else
   printf 'debuggers: core files are left out, there is no gdb to write them\n'

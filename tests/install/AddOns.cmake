@@ -45,16 +45,6 @@ if(NOT built MATCHES "^Building OBJCXX object CMakeFiles/First.dir/First.bridges
 endif()
 message(STATUS "another member: builds its own file alone")
 
-# refused(<title> <pattern> <command>...)
-function(refused title pattern)
-  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE output)
-  string(REGEX REPLACE "[ \n]+" " " output "${output}")
-  if(status EQUAL 0 OR NOT output MATCHES "${pattern}")
-    message(FATAL_ERROR "${title} (${status}):\n${output}")
-  endif()
-  message(STATUS "${title}: refused as it should be")
-endfunction()
-
 set(library ${prefix}/lib/libWRTObjcBridge_zorvex.so)
 file(RENAME ${library} ${work}/kept.so)
 file(WRITE ${prefix}/lib/libWRTObjcBridge_zorvex.so.9.0.0 "")

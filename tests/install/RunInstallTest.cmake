@@ -16,6 +16,16 @@ function(run title)
   message(STATUS "${title}: as it should be")
 endfunction()
 
+# refused(<title> <pattern> <command>...)
+function(refused title pattern)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE output)
+  string(REGEX REPLACE "[ \n]+" " " output "${output}")
+  if(status EQUAL 0 OR NOT output MATCHES "${pattern}")
+    message(FATAL_ERROR "${title} (${status}):\n${output}")
+  endif()
+  message(STATUS "${title}: refused as it should be")
+endfunction()
+
 run("cmake --install" ${CMAKE_COMMAND} --install ${BUILD} --prefix ${work}/first --strip)
 file(RENAME ${work}/first ${prefix})
 
@@ -61,13 +71,8 @@ if(NOT lines)
   message(FATAL_ERROR "the trace of application.m shows no call")
 endif()
 
-execute_process(COMMAND ${configure} -B ${work}/gcc -DCMAKE_C_COMPILER=gcc
-  RESULT_VARIABLE status OUTPUT_QUIET ERROR_VARIABLE output)
-string(REGEX REPLACE "[ \n]+" " " output "${output}")
-if(status EQUAL 0 OR NOT output MATCHES "WRTObjcBridge needs clang \\(its headers use blocks\\)")
-  message(FATAL_ERROR "find_package with gcc (${status}):\n${output}")
-endif()
-message(STATUS "find_package with gcc: refused as it should be")
+refused("find_package with gcc" "WRTObjcBridge needs clang \\(its headers use blocks\\)"
+  ${configure} -B ${work}/gcc -DCMAKE_C_COMPILER=gcc)
 
 set(ENV{PKG_CONFIG_PATH} ${prefix}/lib/pkgconfig)
 execute_process(COMMAND ${PKG_CONFIG} --cflags --libs wrtobjcbridge

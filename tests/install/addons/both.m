@@ -26,22 +26,17 @@ int main(void) {
         return 0;
       }
                       error:&error];
-  NSCondition *condition = [[[NSCondition alloc] init] autorelease];
-  __block BOOL isOver = NO;
+  NSConditionLock *over = [[[NSConditionLock alloc] initWithCondition:NO] autorelease];
   [[second welcomeAsyncWithName:@"Ada" error:&error]
       setCompletedWithHandler:^HRESULT(id<SecondWRTIAsyncOperation__1_WRTGuest_P_Bridge> operation,
                                        WRTAsyncStatus status) {
-        [condition lock];
-        isOver = YES;
-        [condition signal];
-        [condition unlock];
+        [over lock];
+        [over unlockWithCondition:YES];
         return 0;
       }
                         error:&error];
-  [condition lock];
-  while (!isOver)
-    [condition wait];
-  [condition unlock];
+  [over lockWhenCondition:YES];
+  [over unlock];
 
   FirstWRTGuestBridge *guest = [[first getGuestsWithError:&error] getAtWithIndex:0 error:&error];
   SecondWRTVisit visit =
