@@ -1,5 +1,6 @@
 // Runs the cells again and again in one process, and fails when what they leave behind adds up. A
-// cell that announces a leftover in the first round is left out of those behind it.
+// cell that announces a leftover in the first round is left out of those behind it. Usage: soak
+// SECONDS
 
 #include "tests/support/Cell.h"
 
@@ -44,23 +45,15 @@ long heap() {
   return static_cast<long>(use.uordblks + use.hblkhd);
 }
 
-int secondsTold() {
-  const char *text = std::getenv("WRT_SOAK_SECONDS");
-  if (!text)
-    return 60;
-  char *end = nullptr;
-  const long seconds = std::strtol(text, &end, 10);
-  if (*end == '\0' && seconds > 0)
-    return static_cast<int>(seconds);
-  std::fprintf(stderr, "soak: WRT_SOAK_SECONDS is \"%s\", not a number of seconds\n", text);
-  std::exit(2);
-}
-
 } // namespace
 
 int main(int argc, char **argv) {
-  const std::chrono::seconds told(secondsTold());
   testing::InitGoogleTest(&argc, argv);
+  const std::chrono::seconds told(argc == 2 ? std::atoi(argv[1]) : 0);
+  if (told.count() <= 0) {
+    std::fprintf(stderr, "Usage: soak SECONDS\n");
+    return 2;
+  }
   testing::GTEST_FLAG(death_test_style) = "threadsafe";
   auto &listeners = testing::UnitTest::GetInstance()->listeners();
   delete listeners.Release(listeners.default_result_printer());
