@@ -38,9 +38,14 @@ if(WRT_SANITIZE)
   # What is behind an interface pointer need not be a C++ object, and each side of an interface has
   # types of its own for its functions.
   target_compile_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE} -fno-sanitize=vptr,function
-    -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE})
 endif()
+# Tests are built often and run briefly: their folders set the variable, where what is tested is not
+# compiled with them.
+define_property(TARGET PROPERTY WRT_UNOPTIMIZED INITIALIZE_FROM_VARIABLE WRT_UNOPTIMIZED)
+target_compile_options(wrt_options INTERFACE
+  $<IF:$<BOOL:$<TARGET_PROPERTY:WRT_UNOPTIMIZED>>,-O0,$<$<BOOL:${WRT_SANITIZE}>:-O1>>)
 option(WRT_COVERAGE "Count what runs, for llvm-cov" OFF)
 if(WRT_COVERAGE)
   # Not optimized: it is run once, and every branch is that of the source.

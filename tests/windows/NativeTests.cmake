@@ -1,4 +1,5 @@
 find_package(GTest REQUIRED)
+set(WRT_UNOPTIMIZED OFF)
 
 set(patcher ${PROJECT_SOURCE_DIR}/platform/windows/patcher)
 
