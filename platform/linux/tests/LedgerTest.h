@@ -3,6 +3,8 @@
 
 #include "platform/linux/ledger/WRTLedger.h"
 
+#import <Foundation/Foundation.h>
+
 #include <gtest/gtest.h>
 #include <latch>
 #include <string>
@@ -32,6 +34,13 @@ private:
 /// all of them.
 template <class Work>
 void onThreads(int count, int rounds, Work work) {
+  // GNUstep Base makes some of its locks when the first other thread comes, which ThreadSanitizer
+  // cannot follow.
+  std::jthread([] {
+    @autoreleasepool {
+      [[[NSObject alloc] init] autorelease];
+    }
+  }).join();
   std::latch start(count);
   std::vector<std::jthread> threads;
   threads.reserve(static_cast<size_t>(count));
