@@ -40,12 +40,13 @@ if(WRT_SANITIZE)
   target_compile_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE} -fno-sanitize=vptr,function
     -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(wrt_options INTERFACE -fsanitize=${WRT_SANITIZE})
+  set(level -O1)
 endif()
 # Tests are built often and run briefly: their folders set the variable, where what is tested is not
 # compiled with them.
 define_property(TARGET PROPERTY WRT_UNOPTIMIZED INITIALIZE_FROM_VARIABLE WRT_UNOPTIMIZED)
 target_compile_options(wrt_options INTERFACE
-  $<IF:$<BOOL:$<TARGET_PROPERTY:WRT_UNOPTIMIZED>>,-O0,$<$<BOOL:${WRT_SANITIZE}>:-O1>>)
+  $<IF:$<BOOL:$<TARGET_PROPERTY:WRT_UNOPTIMIZED>>,-O0,${level}>)
 option(WRT_COVERAGE "Count what runs, for llvm-cov" OFF)
 if(WRT_COVERAGE)
   # Not optimized: it is run once, and every branch is that of the source.
