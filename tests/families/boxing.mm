@@ -1,8 +1,7 @@
 // Boxed values: property values and references.
-#include "platform/linux/components/values/NumericConversion.h"
-
 #include "tests/families/Families.h"
 
+#include "platform/linux/components/values/NumericConversion.h"
 #include "platform/linux/components/values/Reference.h"
 
 #include <WRTBridge.h>
@@ -14,10 +13,10 @@
 #include <abi/IReference.abi.h>
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cfloat>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 
 namespace wrt::test {
 
@@ -34,7 +33,8 @@ WRTIPropertyValueBridge *valueOf(Boxed boxed) {
 
 template <class T>
 bool same(const T &left, const T &right) {
-  return std::memcmp(&left, &right, sizeof(T)) == 0;
+  using Bytes = std::array<uint8_t, sizeof(T)>;
+  return std::bit_cast<Bytes>(left) == std::bit_cast<Bytes>(right);
 }
 
 /// Boxes each of `values` and reads it again.
