@@ -26,7 +26,7 @@ void fail(const std::string &what) {
 ComPtr<abi::IXmlDocument> newDocument(std::u16string_view xml) {
   ComPtr<abi::IInspectable> object;
   activation::findFactory(u"Windows.Data.Xml.Dom.XmlDocument")->ActivateInstance(object.put());
-  const auto document = object.as<abi::IXmlDocument>();
+  auto document = object.as<abi::IXmlDocument>();
   if (!xml.empty() && document.as<abi::IXmlDocumentIO>()->LoadXml(StringHolder(xml).get()) < 0)
     return nullptr;
   return document;
