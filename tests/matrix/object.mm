@@ -8,7 +8,7 @@ namespace {
 
 const MemberCell objectIn("object.in.single.normal", [](Bridge bridge) {
   const id interface = newBridge([WRTTestInterfaceBridge class]);
-  for (id object : {interface, newBridge([WRTTestClassBridge class]), static_cast<id>(nil)}) {
+  for (id object : {interface, newBridge([WRTTestClassBridge class]), nil}) {
     NSError *error = staleError();
     [bridge inInterfaceWithArg:object error:&error];
     [bridge inRtcWithArg:object error:nullptr];

@@ -12,6 +12,8 @@
 #include "platform/linux/string/HString.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -29,6 +31,7 @@ public:
     table_[6] = reinterpret_cast<void *>(function);
     instance = this;
   }
+  ~OneFunction() { instance = nullptr; }
 
   static void *interface(id, NSError **) {
     instance->object_.AddRef();
@@ -60,11 +63,12 @@ HRESULT WRT_ABI echo(void *, T value, T *result) {
 
 template <class T>
 void roundTrip(std::initializer_list<T> values) {
+  const auto bytes = [](T value) { return std::bit_cast<std::array<uint8_t, sizeof(T)>>(value); };
   OneFunction object(&echo<T>);
   for (T value : values) {
     const T result = call(nil, kMember<Value<T>(Value<T>)>, value, nullptr);
-    EXPECT_EQ(0, std::memcmp(&result, &value, sizeof value)) << value;
-    EXPECT_EQ(0, std::memcmp(&received<T>, &value, sizeof value)) << value;
+    EXPECT_EQ(bytes(value), bytes(result));
+    EXPECT_EQ(bytes(value), bytes(received<T>));
   }
 }
 

@@ -18,7 +18,9 @@ TemporaryFolder::TemporaryFolder() {
   std::string name = std::filesystem::temp_directory_path() / "wrt storage XXXXXX";
   path_ = mkdtemp(name.data());
   // For the cells that look at it without privileges.
-  std::filesystem::permissions(path_, std::filesystem::perms(0755));
+  using enum std::filesystem::perms;
+  std::filesystem::permissions(path_,
+                               owner_all | group_read | group_exec | others_read | others_exec);
 }
 
 TemporaryFolder::~TemporaryFolder() {
