@@ -18,7 +18,7 @@ public:
         continue;
       if (!type->isKnown)
         instances_.emplace(componentInterface(*type), type.get());
-      for (const Type *argument : instanceOf(*type).arguments) {
+      for (const Type *argument : asInstance(*type).arguments) {
         if (hasComponentType(*argument))
           (type->isKnown ? known : arguments_).emplace(argument->name, argument);
       }
@@ -64,10 +64,6 @@ public:
   }
 
 private:
-  static const Instance &instanceOf(const Type &type) {
-    return type.isDelegate() ? *asDelegate(type).instance : *asInterface(type).instance;
-  }
-
   /// What families and their arguments name of the other headers.
   void declarePlainInterfaces() {
     std::set<std::string> names;
@@ -79,7 +75,7 @@ private:
         names.insert(crossing->scopeName());
     };
     for (const auto &[name, type] : instances_) {
-      for (const Type *argument : instanceOf(*type).arguments)
+      for (const Type *argument : asInstance(*type).arguments)
         add(argument);
     }
     for (const Type *family : families_) {
@@ -125,7 +121,7 @@ private:
 
   void writeHead(const Type &family) {
     writer_.write("template <%>\nstruct %",
-                  separated(instanceOf(family).arguments, ", ",
+                  separated(asInstance(family).arguments, ", ",
                             [](Writer &writer, const Type *parameter) {
                               writer.write("class %", componentType(*parameter));
                             }),

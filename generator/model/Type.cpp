@@ -71,4 +71,8 @@ const InterfaceType *crossingInterface(const Type &type) {
   return type.kind == Kind::Class ? asClass(type).defaultInterface() : nullptr;
 }
 
+const Instance &asInstance(const Type &type) {
+  return type.isDelegate() ? *asDelegate(type).instance : *asInterface(type).instance;
+}
+
 } // namespace bridgegen

@@ -174,6 +174,8 @@ const EnumType &asEnum(const Type &type);
 const StructType &asStruct(const Type &type);
 const DelegateType &asDelegate(const Type &type);
 const InterfaceType &asInterface(const Type &type);
+/// Of what family and for what arguments an instance is; for nothing else.
+const Instance &asInstance(const Type &type);
 const ClassType &asClass(const Type &type);
 
 /// The interface of which a pointer crosses for a value of the reference type: itself, the default

@@ -2,25 +2,16 @@
 
 namespace bridgegen {
 
-namespace {
-
-std::string instanceOf(const Type &type, const Instance &instance) {
+std::string componentInterface(const Type &type) {
+  if (!type.isInstance)
+    return "abi::" + type.scopeName();
   std::string text = type.simpleName();
   const char *separator = "<";
-  for (const Type *argument : instance.arguments) {
+  for (const Type *argument : asInstance(type).arguments) {
     text += separator + componentType(*argument);
     separator = ", ";
   }
   return text + ">";
-}
-
-} // namespace
-
-std::string componentInterface(const Type &type) {
-  if (!type.isInstance)
-    return "abi::" + type.scopeName();
-  return instanceOf(type,
-                    type.isDelegate() ? *asDelegate(type).instance : *asInterface(type).instance);
 }
 
 std::string componentType(const Type &type) {
