@@ -128,13 +128,25 @@ std::string foundation(const std::string &language) {
   return "-include-pch " + file;
 }
 
+/// Whether the header's first include is Foundation or one that begins so: it may then be compiled
+/// behind Foundation as well.
+bool beginsWithFoundation(const std::string &header) {
+  static const std::regex include(R"(#(?:import|include) <(.*)>)");
+  std::ifstream file(includeFolder / header);
+  std::smatch match;
+  for (std::string line; std::getline(file, line);)
+    if (std::regex_match(line, match, include))
+      return match[1] == "Foundation/Foundation.h" || beginsWithFoundation(match[1]);
+  return false;
+}
+
 /// Every header alone, as an application reads it and as the library's own units do, for which
 /// Foundation is there already.
 const std::vector<Job> &compiled() {
   static const std::vector<Job> jobs = [] {
     std::vector<Job> all;
     for (const std::string &header : allHeaders()) {
-      all.push_back({{header}, kObjC, ""});
+      all.push_back({{header}, kObjC, beginsWithFoundation(header) ? foundation(kObjC) : ""});
       all.push_back({{header}, kObjCpp, kOwn + foundation(kObjCpp)});
     }
     compileAll(all);
