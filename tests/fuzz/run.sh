@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Searches with each fuzzer for WRT_FUZZ_SECONDS (60 without it), under AddressSanitizer and UBSan, from the committed
-# inputs on. What is new lies in build/linux-asan/fuzz/new afterwards, and an input that ends a fuzzer beside it, for
+# inputs on. What is new lies in build/linux-fuzz/fuzz/new afterwards, and an input that ends a fuzzer beside it, for
 # tests/fuzz/corpus.
 # Usage: run.sh [NAME...]
 set -euo pipefail
@@ -20,11 +20,11 @@ if [[ ! $seconds =~ ^[1-9][0-9]*$ ]]; then
   printf 'fuzz: WRT_FUZZ_SECONDS is "%s", not a number of seconds\n' "$seconds" >&2
   exit 2
 fi
-cmake/build.sh linux-asan "${names[@]/#/fuzz_}"
+cmake/build.sh linux-fuzz "${names[@]/#/fuzz_}"
 # As the tests have it: what is not ours is not looked at.
-mapfile -t environment < build/linux-asan/test-environment
+mapfile -t environment < build/linux-fuzz/test-environment
 export "${environment[@]}"
-cd build/linux-asan/fuzz
+cd build/linux-fuzz/fuzz
 for name in "${names[@]}"; do
   mkdir -p "new/$name"
   if ! ./"$name" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=4096 -verbosity=0 -print_final_stats=1 \
