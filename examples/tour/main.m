@@ -143,6 +143,9 @@ static int wrong(const char *what, const char *argument) {
 }
 
 int main(int argc, char **argv) {
+  // Foundation reads all arguments and the environment in this encoding and ends the program where
+  // it cannot; here every byte is a character.
+  setenv("GNUSTEP_STRING_ENCODING", "NSISOLatin1StringEncoding", 1);
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   setlocale(LC_CTYPE, "C.UTF-8"); // names are UTF-8, whatever the environment says
   if (!openOutput())

@@ -64,7 +64,7 @@ const Cell manyFiles("tour.program.many_files.normal", [] {
   made.add("data/b\xFF/no.png",
            std::string("\x89PNG\r\n\x1A\n\0\0\0\rNONE\0\1\0\2\0\0\2\1", 24) + "12345");
   std::filesystem::create_symlink("..", made.path() / "data/b\xFF/up");
-  const Run run = runTour("--deep --summary " + inQuotes(made.path() / "s.txt") + " " +
+  const Run run = runTour("--deep --summary " + inQuotes(made.path() / "s\xFF.txt") + " " +
                           inQuotes(made.path() / "data"));
   EXPECT_EQ(1, run.status) << "two files cannot be read";
   const std::pair<const char *, std::uintmax_t> totals[] = {
