@@ -94,14 +94,29 @@ private:
       writer_.write("struct %;\n", name);
   }
 
+  /// One component may see several add-ons, and more than one of them may list what the product's
+  /// types alone make up.
+  template <class Write>
+  void writeOnce(const std::string &name, Write &&write) {
+    const bool isShared = input_.model.target().isAddOn();
+    if (isShared)
+      writer_.write("\n#ifndef %\n#define %\n", name, name);
+    write();
+    if (isShared)
+      writer_.append("#endif\n");
+  }
+
   void writeArguments() {
     const auto write = [&](bool isBuiltIn) {
       for (const auto &[name, type] : arguments_) {
-        if ((type->unit == nullptr) == isBuiltIn)
+        if ((type->unit == nullptr) != isBuiltIn)
+          continue;
+        writeOnce("WRT_ARGUMENT_" + macroPart(componentType(*type)), [&, type = type] {
           writer_.write("\n/// `%`\nstruct % : % {\n"
                         "  static constexpr std::u16string_view kName = u\"%\";\n};\n",
                         type->name, isBuiltIn ? componentType(*type) : type->scopeName(),
                         baseOf(*type), type->name);
+        });
       }
     };
     write(true);
@@ -145,10 +160,13 @@ private:
                      "                \"no declaration names this instance; list it as 'extern' in "
                      "a '.idl' file\");\n"
                      "  return GUID{};\n}();\n");
-    for (const auto &[name, type] : instances_)
-      writer_.write(
-          "template <>\ninline constexpr GUID kIdentifier<%>%;\n", name,
-          (type->isDelegate() ? asDelegate(*type).iid : asInterface(*type).iid).initializer());
+    for (const auto &[name, type] : instances_) {
+      const Guid &iid = type->isDelegate() ? asDelegate(*type).iid : asInterface(*type).iid;
+      writeOnce("WRT_IDENTIFIER_" + macroPart(name), [&, name = name] {
+        writer_.write("template <>\ninline constexpr GUID kIdentifier<%>%;\n", name,
+                      iid.initializer());
+      });
+    }
   }
 
   void writeFamily(const Type &family) {

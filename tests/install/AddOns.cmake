@@ -13,6 +13,10 @@ run("bridgegen import" ${bridgegen} import ${SOURCE}/examples/greeter/Contoso.wi
 file(WRITE ${declarations}/Other.idl "namespace Other;
 full interface IClock {6a9f0b52-3c1e-4d57-9b7a-51f1f3a9d001} { Int64 Ticks { get; } }\n")
 
+# What both add-ons list.
+file(WRITE ${declarations}/Shared.idl "namespace Shared;
+extern Windows.Foundation.Collections.IVectorView<Windows.Foundation.Rect>;\n")
+
 foreach(language IN ITEMS C CXX OBJC OBJCXX)
   list(APPEND sanitized "-DCMAKE_${language}_FLAGS=-fsanitize=address,undefined -fno-sanitize=vptr,function -fno-sanitize-recover=all -Wall -Wextra -Wno-unused-parameter -Werror")
 endforeach()
