@@ -134,7 +134,7 @@ const Cell spills("scalar.in.spilled.normal", [] {
 // A bulk read leaves the strings that it converts to WinRT's side.
 const Cell bulkRead("string.return.bulk_read.normal", [] {
   static uint32_t delivered;
-  constexpr auto &member = kMember<BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>)>;
+  using Shape = BulkRead<StringElements>(Value<uint32_t>, Capacity<uint32_t>);
   OneFunction object(+[](void *, uint32_t start, uint32_t capacity, HSTRING *block,
                          uint32_t *actual) WRT_ABI -> HRESULT {
     for (uint32_t i = 0; i < std::min(capacity, delivered); ++i)
@@ -144,16 +144,17 @@ const Cell bulkRead("string.return.bulk_read.normal", [] {
   });
   expectLeftover({.strings = 3});
   delivered = 2;
-  NSArray *read = call(nil, member, 2u, 5u, nullptr);
+  NSArray *read = call(nil, kMember<Shape>, 2u, 5u, nullptr);
   EXPECT_TRUE([read isKindOfClass:[NSMutableArray class]]);
   EXPECT_EQ("xx xx", joined(read));
   delivered = 0;
-  EXPECT_EQ(0u, [call(nil, member, 1u, 0u, nullptr) count]) << "an empty range is an empty array";
+  EXPECT_EQ(0u, [call(nil, kMember<Shape>, 1u, 0u, nullptr) count])
+      << "an empty range is an empty array";
   delivered = 1000;
-  EXPECT_EQ("x", joined(call(nil, member, 1u, 1u, nullptr))) << "never more than asked for";
+  EXPECT_EQ("x", joined(call(nil, kMember<Shape>, 1u, 1u, nullptr))) << "never more than asked for";
   delivered = 0;
   PlatformTrace trace;
-  EXPECT_FAILS(kFailure, call(nil, member, 9u, 1u, &failure));
+  EXPECT_FAILS(kFailure, call(nil, kMember<Shape>, 9u, 1u, &failure));
   EXPECT_EQ("WRTTaskMemAlloc WRTTaskMemFree WRTIUnknownRelease", trace.names());
 });
 

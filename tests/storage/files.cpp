@@ -151,7 +151,8 @@ const Cell permissions("storage.item.permissions.denied", [] {
   fs::permissions(secret, fs::perms::none);
   fs::permissions(made.path() / "closed", fs::perms::none);
   made.add("listed/inner.txt", "z");
-  fs::permissions(made.path() / "listed", fs::perms(0744));
+  fs::permissions(made.path() / "listed",
+                  fs::perms::owner_all | fs::perms::group_read | fs::perms::others_read);
   clearLog();
   {
     const NoPrivileges noPrivileges;

@@ -42,7 +42,7 @@ public:
   /// Looks from the last header to the first. `name` is compared as the header's 8 bytes.
   Section<Address> find(const char *name) const {
     for (std::uint32_t i = count_; i-- > 0;) {
-      const std::uint8_t *header = headers_ + i * kHeaderSize;
+      const std::uint8_t *header = headers_ + std::size_t{i} * kHeaderSize;
       if (std::strncmp(reinterpret_cast<const char *>(header), name, 8) == 0)
         return {base_ + readWord(header + 12), readWord(header + 8)};
     }
