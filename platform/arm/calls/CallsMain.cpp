@@ -10,8 +10,6 @@
 #include "Rows.h"
 #include "StartUp.h"
 
-#include "Text.h"
-
 #include <fstream>
 #include <iomanip>
 #include <iostream>

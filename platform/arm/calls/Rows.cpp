@@ -1,6 +1,6 @@
 #include "Rows.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 namespace wrt::emulator {
 
@@ -43,8 +43,8 @@ void Rows::add(const std::string &name, int slot, Address receiver, const std::s
   rows_.push_back({name, [=, this] {
                      object_.called = [=, this](int called, const HostCall &call) {
                        if (called != slot)
-                         throw Fault(pe::join(name, ": slot ", called, ", not ", slot));
-                       crossed_.push_back(pe::join("slot ", slot, body(call)));
+                         throw Fault(fmt::format("{}: slot {}, not {}", name, called, slot));
+                       crossed_.push_back(fmt::format("slot {}{}", slot, body(call)));
                        return status;
                      };
                      objc_.send(receiver, selector, first, second);
@@ -59,7 +59,8 @@ void Rows::addNumbers() {
   });
   add(
       "Int32 set", 7, test_,
-      "inPrimitiveWithX:error:", [](const HostCall &call) { return pe::join(": ", call[1]); }, 5);
+      "inPrimitiveWithX:error:", [](const HostCall &call) { return fmt::format(": {}", call[1]); },
+      5);
 }
 
 void Rows::addStringsAndObjects() {
@@ -86,7 +87,7 @@ void Rows::addStringsAndObjects() {
                      object_.called = [this](int slot, const HostCall &call) -> std::uint32_t {
                        machine_.writeWord(call[1], 6);
                        machine_.writeWord(call[1] + 4, 7);
-                       crossed_.push_back(pe::join("slot ", slot, " -> {6, 7}"));
+                       crossed_.push_back(fmt::format("slot {} -> {{6, 7}}", slot));
                        return 0;
                      };
                      machine_.call(process_.find("objc_msgSend_stret"),
@@ -102,8 +103,8 @@ void Rows::addArrays() {
   add(
       "17 strings in", 20, test_, "inStringArrayWithArr:error:",
       [this](const HostCall &call) {
-        return pe::join(": ", call[1], ", the first ",
-                        quoted(objc_.handleText(machine_.readWord(call[2]))));
+        return fmt::format(": {}, the first {}", call[1],
+                           quoted(objc_.handleText(machine_.readWord(call[2]))));
       },
       strings);
   // The elements are the caller's: made before, because a call cannot be made within one.
@@ -115,7 +116,7 @@ void Rows::addArrays() {
          object_.called = [this, handles](int slot, const HostCall &call) -> std::uint32_t {
            machine_.writeWord(call[2], call[1]);
            machine_.write(call[3], handles.data(), 4 * call[1]);
-           crossed_.push_back(pe::join("slot ", slot, ": room for ", call[1]));
+           crossed_.push_back(fmt::format("slot {}: room for {}", slot, call[1]));
            return 0;
          };
          objc_.send(test_, "outStringArrayPreallocatedWithSize:arr:error:", kStrings, filled);
@@ -124,7 +125,7 @@ void Rows::addArrays() {
 
 void Rows::addOthers() {
   machine_.define("block", [this](const HostCall &call) -> std::uint32_t {
-    crossed_.push_back(pe::join("the block: ", call[1]));
+    crossed_.push_back(fmt::format("the block: {}", call[1]));
     return 0;
   });
   const Address block = objc_.block(machine_.hostFunction("block"));
@@ -135,7 +136,7 @@ void Rows::addOthers() {
          Address delegate = 0;
          object_.called = [&](int slot, const HostCall &call) -> std::uint32_t {
            delegate = call[1];
-           crossed_.push_back(pe::join("slot ", slot, ": a delegate"));
+           crossed_.push_back(fmt::format("slot {}: a delegate", slot));
            call.continueIn(machine_.readWord(machine_.readWord(delegate) + 4), {delegate});
            return 0;
          };
@@ -148,7 +149,7 @@ void Rows::addOthers() {
   machine_.writeWord(error, 0);
   add(
       "failing call", 6, test_, "voidFunctionWithError:",
-      [](const HostCall &) { return pe::join(" fails with ", pe::Hex{kFailure}); }, error, 0,
+      [](const HostCall &) { return fmt::format(" fails with {:#x}", kFailure); }, error, 0,
       kFailure);
   const Address name = process_.allocate(32);
   machine_.write(name, u"TestClass", sizeof u"TestClass");
@@ -168,7 +169,7 @@ void Rows::addOthers() {
       "getAtWithIndex:error:",
       [this](const HostCall &call) {
         machine_.writeWord(call[2], textHandle_);
-        return pe::join(": ", call[1], " -> ", quoted(objc_.handleText(textHandle_)));
+        return fmt::format(": {} -> {}", call[1], quoted(objc_.handleText(textHandle_)));
       },
       500);
   addFamilies();
@@ -185,7 +186,7 @@ void Rows::addFamilies() {
       "lookupWithKey:error:",
       [this](const HostCall &call) {
         giveOut(call[2]);
-        return pe::join(": ", quoted(objc_.handleText(call[1])), " -> another object");
+        return fmt::format(": {} -> another object", quoted(objc_.handleText(call[1])));
       },
       text_);
   const Address operation = bridge("WRTIAsyncOperation__1_WRTUINT32_Bridge", object_);

@@ -2,7 +2,8 @@
 
 #include "FixupTable.h"
 #include "Metadata.h"
-#include "Text.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <ostream>
@@ -42,14 +43,14 @@ void startUp(Process &process, const std::vector<std::string> &files, std::ostre
   attach(product);
 
   const pe::Metadata metadata = pe::Metadata::read(product.image);
-  out << product.name << ": " << product.image.size() << " bytes in memory at "
-      << pe::Hex{product.base} << ", linked for " << pe::Hex{product.image.preferredBase()} << "\n"
-      << "start-up: " << patched(process, product, table) << " of " << table.present.size()
-      << " records patched, " << process.protectCalls.size() / 2
-      << " runs of pages opened and closed\n"
-      << "registered: " << registeredImages(process) - images << " image with "
-      << metadata.classes.size() << " classes, " << metadata.methodCount() << " methods, "
-      << metadata.protocols.size() << " protocols\n";
+  out << fmt::format("{}: {} bytes in memory at {:#x}, linked for {:#x}\n"
+                     "start-up: {} of {} records patched, {} runs of pages opened and closed\n"
+                     "registered: {} image with {} classes, {} methods, {} protocols\n",
+                     product.name, product.image.size(), product.base,
+                     product.image.preferredBase(), patched(process, product, table),
+                     table.present.size(), process.protectCalls.size() / 2,
+                     registeredImages(process) - images, metadata.classes.size(),
+                     metadata.methodCount(), metadata.protocols.size());
 }
 
 } // namespace wrt::emulator

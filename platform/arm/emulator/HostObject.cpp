@@ -1,6 +1,6 @@
 #include "HostObject.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 
@@ -11,7 +11,7 @@ HostObject::HostObject(Process &process) : face_(process.allocate(8 + 4 * kSlots
   const Address table = face_ + 8;
   for (int slot = 0; slot < kSlots; ++slot) {
     // A function of its own for each object and slot: what is called says whose it is.
-    const std::string name = pe::join("slot ", slot, " of ", pe::Hex{face_});
+    const std::string name = fmt::format("slot {} of {:#x}", slot, face_);
     machine.define(name, [this, slot](const HostCall &call) { return enter(slot, call); });
     machine.writeWord(table + 4 * static_cast<Address>(slot), machine.hostFunction(name));
   }
@@ -20,7 +20,7 @@ HostObject::HostObject(Process &process) : face_(process.allocate(8 + 4 * kSlots
 
 std::uint32_t HostObject::enter(int slot, const HostCall &call) {
   if (call[0] != face_)
-    throw Fault(pe::join("slot ", slot, " is called on ", pe::Hex{call[0]}));
+    throw Fault(fmt::format("slot {} is called on {:#x}", slot, call[0]));
   switch (slot) {
   case 0: {
     Iid iid;
@@ -39,7 +39,7 @@ std::uint32_t HostObject::enter(int slot, const HostCall &call) {
     return static_cast<std::uint32_t>(--references);
   default:
     if (!called)
-      throw Fault(pe::join("slot ", slot, " is called that nothing expects"));
+      throw Fault(fmt::format("slot {} is called that nothing expects", slot));
     return called(slot, call);
   }
 }

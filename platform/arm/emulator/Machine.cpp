@@ -1,6 +1,6 @@
 #include "Machine.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <unicorn/unicorn.h>
 
@@ -87,7 +87,7 @@ Machine::Machine() {
   check(uc_hook_add(engine_, &hook, UC_HOOK_BLOCK, reinterpret_cast<void *>(MachineHooks::atBlock),
                     this, 1, 0),
         "uc_hook_add");
-  describe = [](Address address) { return pe::join(pe::Hex{address}); };
+  describe = [](Address address) { return fmt::format("{:#x}", address); };
 }
 
 Machine::~Machine() { uc_close(engine_); }
@@ -105,13 +105,13 @@ void Machine::protect(Address address, std::uint32_t size, bool write, bool exec
 std::vector<std::uint8_t> Machine::read(Address address, std::uint32_t size) const {
   std::vector<std::uint8_t> bytes(size);
   if (uc_mem_read(engine_, address, bytes.data(), size) != UC_ERR_OK)
-    throw Fault(pe::join("the host was told to read ", describe(address)));
+    throw Fault("the host was told to read " + describe(address));
   return bytes;
 }
 
 void Machine::write(Address address, const void *bytes, std::uint32_t size) {
   if (uc_mem_write(engine_, address, bytes, size) != UC_ERR_OK)
-    throw Fault(pe::join("the host was told to write ", describe(address)));
+    throw Fault("the host was told to write " + describe(address));
 }
 
 std::uint32_t Machine::readWord(Address address) const {
@@ -188,11 +188,11 @@ Registers Machine::enter(Address function, const Arguments &arguments) {
   const Registers left = registers();
   for (std::size_t i = 4; i < Registers::kLink; ++i)
     if (i != 12 && left.core[i] != entry_.core[i])
-      throw Fault(pe::join(describe(function & ~1u), " returns with r", i, " ",
-                           pe::Hex{left.core[i]}, ", not ", pe::Hex{entry_.core[i]}));
+      throw Fault(fmt::format("{} returns with r{} {:#x}, not {:#x}", describe(function & ~1u), i,
+                              left.core[i], entry_.core[i]));
   for (std::size_t i = 16; i < left.single.size(); ++i)
     if (left.single[i] != entry_.single[i])
-      throw Fault(pe::join(describe(function & ~1u), " returns with another s", i));
+      throw Fault(fmt::format("{} returns with another s{}", describe(function & ~1u), i));
   return left;
 }
 
@@ -204,11 +204,11 @@ void Machine::start(Address function) {
     std::rethrow_exception(failure_);
   const Address pc = readRegister(UC_ARM_REG_PC);
   if (error != UC_ERR_OK) {
-    throw Fault(pe::join(uc_strerror(error), " at ", describe(pc), ", called from ",
-                         describe(readRegister(UC_ARM_REG_LR) & ~1u)));
+    throw Fault(fmt::format("{} at {}, called from {}", uc_strerror(error), describe(pc),
+                            describe(readRegister(UC_ARM_REG_LR) & ~1u)));
   }
   if ((pc & ~1u) != kReturn)
-    throw Fault(pe::join("still running at ", describe(pc), " after too long a time"));
+    throw Fault(fmt::format("still running at {} after too long a time", describe(pc)));
 }
 
 Registers Machine::registers() const {
@@ -242,8 +242,8 @@ void Machine::atHostFunction(Address address) {
   try {
     const auto function = functions_.find(name->second);
     if (function == functions_.end()) {
-      throw Fault(pe::join(name->second, " is called and there is no such function; called from ",
-                           describe(readRegister(UC_ARM_REG_LR) & ~1u)));
+      throw Fault(fmt::format("{} is called and there is no such function; called from {}",
+                              name->second, describe(readRegister(UC_ARM_REG_LR) & ~1u)));
     }
     const std::uint32_t result = function->second(HostCall(*this));
     if (next_) {
@@ -266,7 +266,7 @@ std::uint32_t Machine::readRegister(int which) const {
 
 void Machine::check(int error, const char *what) const {
   if (error != UC_ERR_OK)
-    throw std::runtime_error(pe::join(what, ": ", uc_strerror(static_cast<uc_err>(error))));
+    throw std::runtime_error(fmt::format("{}: {}", what, uc_strerror(static_cast<uc_err>(error))));
 }
 
 } // namespace wrt::emulator

@@ -1,6 +1,6 @@
 #include "Process.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cstring>
@@ -70,8 +70,8 @@ Process::Process() : nextModule_(kFirstModule), nextBlock_(kHeap) {
   machine_.map(kHeap, kHeapSize);
   machine_.describe = [this](Address address) {
     const Module *module = moduleAt(address);
-    return module ? pe::join(module->name, " ", module->image.describe(address - module->base))
-                  : pe::join(pe::Hex{address});
+    return module ? module->name + ' ' + module->image.describe(address - module->base)
+                  : fmt::format("{:#x}", address);
   };
   defineWindowsFunctions(*this);
 }
@@ -81,7 +81,7 @@ Module &Process::load(const std::filesystem::path &file) {
       Module{file.filename().string(), pe::Image::read(file), nextModule_});
   const pe::Image &image = module->image;
   if (image.preferredBase() == module->base)
-    throw pe::FormatError(pe::join(module->name, " would be loaded at its preferred base"));
+    throw pe::FormatError(module->name + " would be loaded at its preferred base");
   const std::uint32_t size = wholePages(image.size());
   nextModule_ += (size + kModuleAlignment - 1) & ~(kModuleAlignment - 1);
 
@@ -158,7 +158,7 @@ void Process::release(Address block) {
     return;
   const auto found = blocks_.find(block);
   if (found == blocks_.end())
-    throw Fault(pe::join("free of ", pe::Hex{block}, ", which is no block of the heap"));
+    throw Fault(fmt::format("free of {:#x}, which is no block of the heap", block));
   const std::vector<std::uint8_t> garbage(found->second, 0xDD);
   machine_.write(block, garbage.data(), found->second);
   blocks_.erase(found);
@@ -172,7 +172,7 @@ Address Process::resolve(const std::string &library, const std::string &name) {
     if (const Address address = module->find(name))
       return address;
     if (!isRuntime)
-      throw Fault(pe::join(library, " does not export ", name));
+      throw Fault(fmt::format("{} does not export {}", library, name));
   }
   return machine_.hostFunction(name);
 }

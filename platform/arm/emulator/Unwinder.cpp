@@ -1,6 +1,6 @@
 #include "Unwinder.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 namespace wrt::emulator {
 
@@ -24,10 +24,10 @@ std::string Unwinder::unwind() {
     return "unwinding comes to another stack pointer";
   for (std::size_t i = 4; i < 12; ++i)
     if (at.core[i] != entry.core[i])
-      return pe::join("unwinding comes to another r", i);
+      return fmt::format("unwinding comes to another r{}", i);
   for (std::size_t i = 16; i < at.single.size(); ++i)
     if (at.single[i] != entry.single[i])
-      return pe::join("unwinding comes to another s", i);
+      return fmt::format("unwinding comes to another s{}", i);
   return "";
 }
 

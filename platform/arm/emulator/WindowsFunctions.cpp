@@ -1,6 +1,6 @@
 #include "Process.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 namespace wrt::emulator {
 
@@ -58,7 +58,7 @@ private:
     } else if (call[0] == 2 && narrow(machine_.readWideString(call[1])) == "KERNELBASE.dll") {
       handle = process_.hasKernel ? kKernelBase : 0;
     } else {
-      throw Fault(pe::join("GetModuleHandleExW with flags ", call[0]));
+      throw Fault(fmt::format("GetModuleHandleExW with flags {}", call[0]));
     }
     machine_.writeWord(call[2], handle);
     return handle != 0;
@@ -86,7 +86,7 @@ private:
     }
     const Module *module = process_.moduleAt(call[0]);
     if (!module || module->base != call[0])
-      throw Fault(pe::join("GetProcAddress of module ", pe::Hex{call[0]}));
+      throw Fault(fmt::format("GetProcAddress of module {:#x}", call[0]));
     if (const auto found = process_.replacedExports.find(name);
         found != process_.replacedExports.end())
       return found->second;

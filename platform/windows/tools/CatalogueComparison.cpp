@@ -1,6 +1,6 @@
 #include "CatalogueComparison.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <set>
 #include <tuple>
@@ -29,16 +29,16 @@ std::vector<std::string> compareWithCatalogue(const Metadata &metadata,
     const auto different = [&](const char *what, const std::string &is,
                                const std::string &shouldBe) {
       if (is != shouldBe)
-        differences.push_back(join(name, ": ", what, " is ", is, ", should be ", shouldBe));
+        differences.push_back(fmt::format("{}: {} is {}, should be {}", name, what, is, shouldBe));
     };
     listedClasses.insert(entry.className);
     if (!listedMethods.emplace(entry.className, entry.isClassMethod, entry.selector).second)
-      differences.push_back(join(name, ": twice in the catalogue"));
+      differences.push_back(name + ": twice in the catalogue");
     const auto owner = metadata.classes.find(entry.className);
     const ObjCMethod *method =
         owner == metadata.classes.end() ? nullptr : findMethod(owner->second, entry);
     if (!method) {
-      differences.push_back(join(name, ": missing"));
+      differences.push_back(name + ": missing");
       continue;
     }
     different("encoding", method->encoding, entry.encoding);
@@ -47,7 +47,7 @@ std::vector<std::string> compareWithCatalogue(const Metadata &metadata,
     const ObjCMethod *declared =
         metadata.findProtocolMethod(entry.className, entry.selector, entry.isClassMethod);
     if (!declared) {
-      differences.push_back(join(name, ": declared by no protocol of the class"));
+      differences.push_back(name + ": declared by no protocol of the class");
       continue;
     }
     different("the protocol's encoding", declared->encoding, entry.encoding);
@@ -59,8 +59,9 @@ std::vector<std::string> compareWithCatalogue(const Metadata &metadata,
       continue;
     for (const ObjCMethod &method : owner->second.methods) {
       if (!listedMethods.count({className, method.isClassMethod, method.selector})) {
-        differences.push_back(join(method.isClassMethod ? '+' : '-', '[', className, ' ',
-                                   method.selector, "]: not in the catalogue"));
+        differences.push_back(fmt::format("{}[{} {}]: not in the catalogue",
+                                          method.isClassMethod ? '+' : '-', className,
+                                          method.selector));
       }
     }
   }

@@ -1,6 +1,6 @@
 #include "FixupTable.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <ostream>
@@ -17,8 +17,8 @@ constexpr std::string_view kImports = ".idata";
 
 std::string nameRecord(const Image &image, std::size_t index, const FixupRecord &record) {
   const Import *import = image.importAt(record.slot);
-  return join("record ", index, " (", image.describe(record.target), " -> ",
-              import ? import->name : std::string("no import slot"), ")");
+  return fmt::format("record {} ({} -> {})", index, image.describe(record.target),
+                     import ? import->name : "no import slot");
 }
 
 } // namespace
@@ -57,17 +57,18 @@ FixupTable FixupTable::read(const Image &image) {
       continue;
     const std::string where = image.describe(relocation.rva);
     if (!image.importAt(slot) || at->isExecutable())
-      throw FormatError(join(where, " refers to ", image.describe(slot), ", which no record can"));
+      throw FormatError(
+          fmt::format("{} refers to {}, which no record can", where, image.describe(slot)));
     if (at->name != "cfstring")
       result.needed.push_back({relocation.rva, 0, slot, kWordFixup});
     else if ((relocation.rva - at->rva) % recordSize != 0)
-      throw FormatError(join(where, " is not the class word of a constant string"));
+      throw FormatError(where + " is not the class word of a constant string");
     else
       ++result.constantStrings;
   }
   for (std::size_t i = 1; i < result.needed.size(); ++i) {
     if (result.needed[i].target - result.needed[i - 1].target < wordSize)
-      throw FormatError(join("two fixups overlap at ", image.describe(result.needed[i].target)));
+      throw FormatError("two fixups overlap at " + image.describe(result.needed[i].target));
   }
   return result;
 }
@@ -76,8 +77,8 @@ void writeAssembly(const Image &image, const FixupTable &table, std::ostream &ou
   const std::string_view word = image.pointerSize() == 4 ? "\t.long\t" : "\t.quad\t";
   out << "\t.section\twrtfixup$m,\"dw\"\n\t.p2align\t2\n";
   for (const FixupRecord &record : table.needed) {
-    out << word << "__ImageBase+" << Hex{record.target} << ", " << Hex{record.addend}
-        << ", __ImageBase+" << Hex{record.slot} << ", " << Hex{record.kindWord} << '\n';
+    out << fmt::format("{}__ImageBase+{:#x}, {:#x}, __ImageBase+{:#x}, {:#x}\n", word,
+                       record.target, record.addend, record.slot, record.kindWord);
   }
 }
 
@@ -89,8 +90,8 @@ std::vector<std::string> checkTable(const Image &image, const FixupTable &table)
     const FixupRecord &present = table.present[i];
     const auto compare = [&](std::string_view field, std::uint64_t is, std::uint64_t shouldBe) {
       if (is != shouldBe) {
-        problems.push_back(join(nameRecord(image, i, needed), ": ", field, " is ", Hex{is},
-                                ", should be ", Hex{shouldBe}));
+        problems.push_back(fmt::format("{}: {} is {:#x}, should be {:#x}",
+                                       nameRecord(image, i, needed), field, is, shouldBe));
       }
     };
     compare("target", present.target, needed.target);

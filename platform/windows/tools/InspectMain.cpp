@@ -11,7 +11,8 @@
 #include "CatalogueComparison.h"
 #include "Metadata.h"
 #include "ProductRules.h"
-#include "Text.h"
+
+#include <fmt/core.h>
 
 #include <iostream>
 #include <string_view>
@@ -21,11 +22,11 @@ namespace {
 using namespace wrt::pe;
 
 int facts(const Image &image) {
-  std::cout << "machine " << Hex{image.machine()} << "\ncharacteristics "
-            << Hex{image.characteristics()} << "\nDLL characteristics "
-            << Hex{image.dllCharacteristics()} << "\nsubsystem " << image.subsystem()
-            << "\npreferred base " << Hex{image.preferredBase()} << "\nsize in memory "
-            << image.size() << "\nentry point " << image.describe(image.entryPoint()) << '\n';
+  std::cout << fmt::format(
+      "machine {:#x}\ncharacteristics {:#x}\nDLL characteristics {:#x}\n"
+      "subsystem {}\npreferred base {:#x}\nsize in memory {}\nentry point {}\n",
+      image.machine(), image.characteristics(), image.dllCharacteristics(), image.subsystem(),
+      image.preferredBase(), image.size(), image.describe(image.entryPoint()));
   for (const Section &section : image.sections()) {
     std::cout << "section " << section.name << ' ' << (section.isReadable() ? 'r' : '-')
               << (section.isWritable() ? 'w' : '-') << (section.isExecutable() ? 'x' : '-') << ' '

@@ -1,6 +1,6 @@
 #include "LinkMap.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <charconv>
@@ -59,11 +59,11 @@ LinkMap LinkMap::read(const std::filesystem::path &file) {
     try {
       readLine(line, result);
     } catch (const FormatError &error) {
-      throw FormatError(join(file.string(), ":", number, ": ", error.what()));
+      throw FormatError(fmt::format("{}:{}: {}", file.string(), number, error.what()));
     }
   }
   if (result.chunks.empty())
-    throw FormatError(join(file.string(), ": no map of an image"));
+    throw FormatError(file.string() + ": no map of an image");
   return result;
 }
 

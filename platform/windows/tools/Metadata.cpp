@@ -1,6 +1,6 @@
 #include "Metadata.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <ostream>
@@ -84,7 +84,7 @@ private:
       constexpr std::string_view kPrefix = "OBJC_CLASS_$_";
       if (import->name.starts_with(kPrefix))
         return import->name.substr(kPrefix.size());
-      throw FormatError(join(import->name, " is imported as a class"));
+      throw FormatError(import->name + " is imported as a class");
     }
     return dataOf(address).string(data_field::kName);
   }
@@ -111,7 +111,7 @@ private:
     readMethods(metaData, data_field::kMethods, true, false, result.methods);
     const std::string name = result.name;
     if (!metadata_.classes.emplace(name, std::move(result)).second)
-      throw FormatError(join("two classes are called ", name));
+      throw FormatError("two classes are called " + name);
   }
 
   std::vector<std::string> readProtocolList(const Words &owner, std::uint32_t field) {
@@ -188,8 +188,8 @@ private:
     const Rva list = owner.pointer(field);
     const Words header(image_, list);
     if ((header.number(0) & ~3u) != size) {
-      throw FormatError(join("a list at ", image_.describe(list), " has entries of ",
-                             header.number(0), " bytes instead of ", size));
+      throw FormatError(fmt::format("a list at {} has entries of {} bytes instead of {}",
+                                    image_.describe(list), header.number(0), size));
     }
     for (std::uint32_t i = 0; i < header.number(1); ++i)
       each(Words(image_, list + 8 + i * size));

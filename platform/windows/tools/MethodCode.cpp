@@ -1,12 +1,12 @@
 #include "MethodCode.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <iomanip>
 #include <memory>
 #include <regex>
+#include <sstream>
 
 namespace wrt::pe {
 
@@ -25,8 +25,9 @@ std::string shorten(const std::string &symbol) {
 }
 
 std::string runObjdump(const std::filesystem::path &image, std::uint32_t begin, std::uint32_t end) {
-  const std::string command = join("llvm-objdump-19 -d --no-show-raw-insn --start-address=", begin,
-                                   " --stop-address=", end, " '", image.string(), "'");
+  const std::string command =
+      fmt::format("llvm-objdump-19 -d --no-show-raw-insn --start-address={} --stop-address={} '{}'",
+                  begin, end, image.string());
   const std::unique_ptr<FILE, int (*)(FILE *)> pipe(popen(command.c_str(), "r"), pclose);
   std::string output;
   char buffer[4096];
@@ -50,19 +51,17 @@ MethodCode::MethodCode(const std::filesystem::path &image, const std::filesystem
 std::vector<std::string> MethodCode::disassemble(const std::string &function) const {
   const Chunk *chunk = map_.find(function);
   if (!chunk)
-    throw FormatError(join("the map has no ", function));
+    throw FormatError("the map has no " + function);
   std::vector<Instruction> instructions = decode(*chunk);
   nameMoves(instructions);
   std::vector<std::string> lines;
   for (Instruction &each : instructions) {
     nameTarget(*chunk, each);
-    std::ostringstream line;
-    line << "  " << std::hex << std::setw(2) << each.rva - chunk->rva << "  " << std::left
-         << std::setw(7) << each.mnemonic << ' ' << each.operands;
-    lines.push_back(line.str());
+    lines.push_back(
+        fmt::format("  {:2x}  {:7} {}", each.rva - chunk->rva, each.mnemonic, each.operands));
   }
   if (lines.empty())
-    throw FormatError(join("llvm-objdump-19 shows no code of ", function));
+    throw FormatError("llvm-objdump-19 shows no code of " + function);
   return lines;
 }
 
@@ -97,8 +96,8 @@ void MethodCode::nameMoves(std::vector<Instruction> &instructions) const {
     const Rva address = (number(highMatch[2]) << 16 | number(lowMatch[2])) - image_.preferredBase();
     const std::string target = lowMatch[1].str();
     const std::string name = nameOf(address);
-    low.operands = join(target, ", :lower16:", name);
-    high.operands = join(target, ", :upper16:", name);
+    low.operands = target + ", :lower16:" + name;
+    high.operands = target + ", :upper16:" + name;
   }
 }
 
@@ -112,8 +111,9 @@ void MethodCode::nameTarget(const Chunk &chunk, Instruction &instruction) const 
     return;
   const Rva target = number(match[2]) - image_.preferredBase();
   const std::string before = match[1];
-  instruction.operands = target - chunk.rva < chunk.size ? join(before, Hex{target - chunk.rva})
-                                                         : join(before, nameOf(target));
+  instruction.operands = target - chunk.rva < chunk.size
+                             ? fmt::format("{}{:#x}", before, target - chunk.rva)
+                             : before + nameOf(target);
 }
 
 std::string MethodCode::nameOf(Rva address) const {
@@ -121,21 +121,21 @@ std::string MethodCode::nameOf(Rva address) const {
   if (section && section->isExecutable())
     address &= ~1u; // what is called through a register has the Thumb bit
   if (const Import *import = image_.importAt(address))
-    return join("import ", import->name);
+    return "import " + import->name;
   if (const auto symbol = map_.symbols.find(address); symbol != map_.symbols.end())
     return shorten(symbol->second);
   if (!section)
-    return join(Hex{address});
+    return fmt::format("{:#x}", address);
   if (section->name == "objclist" || section->name == ".data") {
     // A selector or class reference: the word holds the address of its name.
     const Rva named = image_.pointer(address);
     const Section *place = image_.sectionAt(named);
     if (place && place->name == ".rdata")
-      return join("\"", image_.string(named), "\"");
+      return fmt::format("\"{}\"", image_.string(named));
   }
   if (const std::string import = thunkTarget(address); !import.empty())
     return import;
-  return join("in ", section->name);
+  return "in " + section->name;
 }
 
 /// The import that the linker's thunk at the address jumps to (MOVW, MOVT, LDR.W PC), or "".

@@ -7,10 +7,9 @@
 // wrong usage.
 #include "MethodCode.h"
 
-#include "Text.h"
-
 #include <fstream>
 #include <iostream>
+#include <sstream>
 #include <string_view>
 
 namespace {
@@ -28,7 +27,7 @@ struct Entry {
 std::vector<Entry> readGoldens(const std::filesystem::path &file) {
   std::ifstream stream(file);
   if (!stream)
-    throw FormatError(join("cannot open ", file.string()));
+    throw FormatError("cannot open " + file.string());
   std::vector<Entry> entries;
   for (std::string line; std::getline(stream, line);) {
     if (line.starts_with(' ') && !entries.empty() && entries.back().isFunction()) {

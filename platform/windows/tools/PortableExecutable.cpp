@@ -1,6 +1,6 @@
 #include "PortableExecutable.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -24,7 +24,7 @@ public:
 
   const std::uint8_t *bytes(std::size_t offset, std::size_t count) const {
     if (offset > file_.size() || count > file_.size() - offset)
-      throw FormatError(join("the file ends before offset ", Hex{offset + count}));
+      throw FormatError(fmt::format("the file ends before offset {:#x}", offset + count));
     return file_.data() + offset;
   }
 
@@ -58,10 +58,10 @@ private:
 
 Image Image::read(const std::filesystem::path &file) {
   if (std::filesystem::is_directory(file)) // which can be opened, and not read
-    throw FormatError(join("cannot open ", file.string(), ": it is a folder"));
+    throw FormatError(fmt::format("cannot open {}: it is a folder", file.string()));
   std::ifstream stream(file, std::ios::binary);
   if (!stream)
-    throw FormatError(join("cannot open ", file.string()));
+    throw FormatError("cannot open " + file.string());
   return parse({std::istreambuf_iterator<char>(stream), {}});
 }
 
@@ -97,7 +97,7 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
   image.subsystem_ = reader.u16(optional + 68);
   image.dllCharacteristics_ = reader.u16(optional + 70);
   if (size > kLargestImage)
-    throw FormatError(join("an image of ", size, " bytes"));
+    throw FormatError(fmt::format("an image of {} bytes", size));
   if (headerSize > size)
     throw FormatError("the headers are larger than the image");
 
@@ -112,7 +112,7 @@ Image Image::parse(const std::vector<std::uint8_t> &file) {
     section.fileSize = reader.u32(header + 16);
     section.characteristics = reader.u32(header + 36);
     if (section.rva > size || section.virtualSize > size - section.rva)
-      throw FormatError(join("section ", section.name, " leaves the image"));
+      throw FormatError(fmt::format("section {} leaves the image", section.name));
     const std::uint32_t copied = std::min(section.virtualSize, section.fileSize);
     std::copy_n(reader.bytes(reader.u32(header + 20), copied), copied,
                 image.memory_.begin() + section.rva);
@@ -145,8 +145,8 @@ const Section *Image::sectionAt(Rva address) const {
 
 std::string Image::describe(Rva address) const {
   const Section *section = sectionAt(address);
-  return section ? join(section->name, "+", Hex{address - section->rva})
-                 : join(Hex{address}, " (in no section)");
+  return section ? fmt::format("{}+{:#x}", section->name, address - section->rva)
+                 : fmt::format("{:#x} (in no section)", address);
 }
 
 const Import *Image::importAt(Rva slot) const {
@@ -182,7 +182,7 @@ std::string Image::string(Rva address) const {
 
 const std::uint8_t *Image::bytes(Rva address, std::size_t count) const {
   if (address > memory_.size() || count > memory_.size() - address)
-    throw FormatError(join("address ", Hex{address}, " is outside the image"));
+    throw FormatError(fmt::format("address {:#x} is outside the image", address));
   return memory_.data() + address;
 }
 
@@ -197,7 +197,7 @@ void Image::readImports(Directory directory) {
       const std::uint64_t value = word(names + offset);
       const bool isOrdinal = value >> (8 * pointerSize_ - 1);
       std::string name =
-          isOrdinal ? join("#", value & 0xFFFF) : string(static_cast<Rva>(value) + 2);
+          isOrdinal ? fmt::format("#{}", value & 0xFFFF) : string(static_cast<Rva>(value) + 2);
       imports_.push_back({library, std::move(name), slots + offset});
     }
   }
@@ -232,7 +232,7 @@ void Image::readBaseRelocations(Directory directory) {
         continue; // padding
       const Rva rva = page + (entry & 0xFFF);
       if (kind != 3 && kind != 7 && kind != 10)
-        throw FormatError(join("base relocation of kind ", kind, " at ", Hex{rva}));
+        throw FormatError(fmt::format("base relocation of kind {} at {:#x}", kind, rva));
       baseRelocations_.push_back({rva, static_cast<RelocationKind>(kind)});
     }
     block += length;

@@ -1,7 +1,8 @@
 #include "ProductRules.h"
 
-#include "Text.h"
 #include "UnwindData.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 
@@ -41,14 +42,15 @@ public:
   }
 
 private:
-  template <class... Parts>
-  void require(bool condition, const Parts &...parts) {
+  template <class... Values>
+  void require(bool condition, fmt::format_string<const Values &...> problem,
+               const Values &...values) {
     if (!condition)
-      problems_.push_back(join(parts...));
+      problems_.push_back(fmt::format(problem, values...));
   }
 
   void checkHeaders() {
-    require(image_.machine() == kMachineArmThumb2, "the machine is ", Hex{image_.machine()});
+    require(image_.machine() == kMachineArmThumb2, "the machine is {:#x}", image_.machine());
     require(image_.characteristics() & kIsDll, "not a DLL");
     require(!(image_.characteristics() & kRelocationsStripped), "relocations are stripped");
     require(image_.dllCharacteristics() & kDynamicBase, "no dynamic base");
@@ -62,11 +64,11 @@ private:
   void checkSections() {
     for (const std::string_view name : {"cfstring", ".idata"}) {
       const auto count = std::ranges::count(image_.sections(), name, &Section::name);
-      require(count == 1, count, " sections are called ", name);
+      require(count == 1, "{} sections are called {}", count, name);
     }
     for (const Section &section : image_.sections()) {
-      require(!section.isWritable() || !section.isExecutable(), section.name,
-              " is writable and executable");
+      require(!section.isWritable() || !section.isExecutable(), "{} is writable and executable",
+              section.name);
     }
   }
 
@@ -77,28 +79,28 @@ private:
       expected.insert("OBJC_METACLASS_$_" + name);
     }
     for (const Export &each : image_.exports()) {
-      require(expected.erase(each.name), each.name, " is exported without a reason");
+      require(expected.erase(each.name), "{} is exported without a reason", each.name);
       const Section *section = image_.sectionAt(each.rva);
-      require(section && section->isExecutable() == (functions.count(each.name) > 0), each.name,
-              " is exported at ", image_.describe(each.rva));
+      require(section && section->isExecutable() == (functions.count(each.name) > 0),
+              "{} is exported at {}", each.name, image_.describe(each.rva));
     }
     for (const std::string &name : expected)
-      require(false, name, " is not exported");
+      require(false, "{} is not exported", name);
   }
 
   void checkImports(std::set<std::string> expected) {
     for (const Import &import : image_.imports())
-      require(expected.erase(import.library + ' ' + import.name), import.name, " is imported from ",
-              import.library, " without a reason");
+      require(expected.erase(import.library + ' ' + import.name),
+              "{} is imported from {} without a reason", import.name, import.library);
     for (const std::string &name : expected)
-      require(false, name, " is not imported");
+      require(false, "{} is not imported", name);
   }
 
   void checkUnwinding() {
     const std::vector<UnwindRecord> records = readUnwindRecords(image_);
     for (std::size_t i = 1; i < records.size(); ++i)
       require(records[i - 1].begin + records[i - 1].length <= records[i].begin,
-              "the unwind record of ", image_.describe(records[i].begin), " is out of order");
+              "the unwind record of {} is out of order", image_.describe(records[i].begin));
     const Section *code = image_.findSection(".text");
     if (!code)
       return;
@@ -107,7 +109,7 @@ private:
       const std::uint16_t first = image_.u16(at);
       if (savesLink(first, image_.u16(at + 2))) {
         ++functions;
-        require(findRecord(records, at), "no unwind record for the function at ",
+        require(findRecord(records, at), "no unwind record for the function at {}",
                 image_.describe(at));
       }
       at += isWide(first) ? 4 : 2;
@@ -119,16 +121,17 @@ private:
     for (const auto &[name, each] : metadata_.classes) {
       for (const ObjCMethod &method : each.methods) {
         const Section *section = image_.sectionAt(method.implementation & ~1u);
-        require((method.implementation & 1) && section && section->isExecutable(), name, ' ',
-                method.selector, " is implemented at ", image_.describe(method.implementation));
+        require((method.implementation & 1) && section && section->isExecutable(),
+                "{} {} is implemented at {}", name, method.selector,
+                image_.describe(method.implementation));
       }
     }
     for (const Section &section : image_.sections()) {
       if (section.name != "objclist")
         continue;
       for (Rva word = section.rva; word + 4 <= section.rva + section.virtualSize; word += 4) {
-        require(image_.u32(word) == 0 || image_.hasBaseRelocation(word), "the address at ",
-                image_.describe(word), " is not relocated with the image");
+        require(image_.u32(word) == 0 || image_.hasBaseRelocation(word),
+                "the address at {} is not relocated with the image", image_.describe(word));
       }
     }
   }

@@ -1,6 +1,6 @@
 #include "SizeReport.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <fstream>
@@ -115,7 +115,7 @@ SizeCheck checkSizes(const SizeReport &report, const std::vector<catalogue::Meth
   SizeCheck result;
   const auto require = [&](const std::string &what, std::uintmax_t is, std::uintmax_t goal) {
     if (is > goal)
-      result.problems.push_back(join(what, " has ", is, " bytes, the goal is ", goal));
+      result.problems.push_back(fmt::format("{} has {} bytes, the goal is {}", what, is, goal));
   };
   require("the file", report.file, goals.file);
   for (const Section &section : report.sections) {
@@ -134,7 +134,7 @@ SizeCheck checkSizes(const SizeReport &report, const std::vector<catalogue::Meth
     const std::string name = entry.name();
     const auto method = report.methods.find(name);
     if (method == report.methods.end()) {
-      result.problems.push_back(join("the map has no ", name));
+      result.problems.push_back("the map has no " + name);
       continue;
     }
     ++result.methods;
@@ -145,7 +145,7 @@ SizeCheck checkSizes(const SizeReport &report, const std::vector<catalogue::Meth
       require(name, method->second, goal);
   }
   for (const std::string &name : unneeded)
-    result.problems.push_back(join(name, " is listed as large and is not"));
+    result.problems.push_back(name + " is listed as large and is not");
   return result;
 }
 

@@ -6,8 +6,6 @@
 // missed or a file cannot be read, 2 for wrong usage.
 #include "SizeReport.h"
 
-#include "Text.h"
-
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -27,7 +25,7 @@ int write(const SizeReport &report, const std::filesystem::path &document) {
   const std::size_t begin = old.find(kBegin);
   const std::size_t end = old.find(kEnd);
   if (begin == std::string::npos || end == std::string::npos || end < begin)
-    throw FormatError(join(document.string(), ": the marks of the report are missing"));
+    throw FormatError(document.string() + ": the marks of the report are missing");
   std::ofstream out(document);
   out << old.substr(0, begin + kBegin.size()) << '\n';
   writeReport(report, out);

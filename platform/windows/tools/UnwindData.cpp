@@ -1,6 +1,6 @@
 #include "UnwindData.h"
 
-#include "Text.h"
+#include <fmt/core.h>
 
 #include <algorithm>
 
@@ -106,7 +106,7 @@ private:
     case 0xFA:
       return {kAddToStack, 4 * more(0, 3)};
     default:
-      throw FormatError(join("there is no unwind code ", Hex{code}));
+      throw FormatError(fmt::format("there is no unwind code {:#x}", code));
     }
   }
 
@@ -148,7 +148,8 @@ std::vector<UnwindRecord> readUnwindRecords(const Image &image) {
       records.push_back(second & 3 ? UnwindRecord{begin, 2 * bits(second, 2, 11), unpack(second)}
                                    : readExtended(image, begin, second));
     } catch (const FormatError &error) {
-      throw FormatError(join("unwind record of ", image.describe(begin), ": ", error.what()));
+      throw FormatError(
+          fmt::format("unwind record of {}: {}", image.describe(begin), error.what()));
     }
   }
   return records;

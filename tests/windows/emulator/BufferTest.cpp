@@ -3,8 +3,9 @@
 // interface that was asked for.
 #include "HostObject.h"
 #include "ObjectiveC.h"
-#include "Text.h"
 #include "tests/exhaustive/Identifiers.h"
+
+#include <fmt/core.h>
 
 #include <gtest/gtest.h>
 
@@ -89,7 +90,7 @@ protected:
   }
 
   std::uint32_t receive(int slot, const HostCall &call) {
-    const std::string member = pe::join(receiver(slot), ' ', slot);
+    const std::string member = fmt::format("{} {}", receiver(slot), slot);
     crossed.push_back(member);
     if (member == "IAsyncOperation 6" || member == "IAsyncOperationWithProgress 8")
       return complete(call);

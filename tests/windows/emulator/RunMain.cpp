@@ -7,8 +7,6 @@
 // status: 0 when there were checks and all passed, 1 otherwise, 2 for wrong usage.
 #include "Process.h"
 
-#include "Text.h"
-
 #include <iostream>
 #include <string>
 #include <vector>

@@ -1,8 +1,9 @@
 #include "ArmMachine.h"
 
 #include "Metadata.h"
-#include "Text.h"
 #include "tests/exhaustive/MethodCall.h"
+
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cstring>
@@ -23,7 +24,7 @@ namespace {
 Address address(Word word) { return static_cast<Address>(word); }
 
 std::string key(bool isClassMethod, const std::string &className, const std::string &selector) {
-  return pe::join(isClassMethod ? '+' : '-', className, ' ', selector);
+  return fmt::format("{}{} {}", isClassMethod ? '+' : '-', className, selector);
 }
 
 } // namespace
@@ -122,7 +123,7 @@ Bytes ArmMachine::enter(const catalogue::Method &method, const EncodedType &resu
 
 std::uint32_t ArmMachine::receive(int slot) {
   if (!current)
-    throw emulator::Fault(pe::join("slot ", slot, " is called outside of a method"));
+    throw emulator::Fault(fmt::format("slot {} is called outside of a method", slot));
   checkUnwinding();
   const Registers at = machine_.registers();
   Placement placement;
