@@ -1,14 +1,8 @@
-// armcalls run DLL...                       start-up and the benchmark's operations: what crossed,
-//                                           what it took
-// armcalls check CEILINGS DLL...            holds the instructions of each operation to a ceiling
-// armcalls write CEILINGS DOCUMENT DLL...   writes the ceilings anew, what it takes now and 2 % of
-//                                           room, and the table of both between its marks
-//
-// The DLLs are the doubles and, last, the product. Instructions are the product's own; those of the
-// doubles are left out. A line of CEILINGS is an operation's name, a tab, its ceiling. Exit status:
-// 0 when all is well, 1 when an operation takes more or something fails, 2 for wrong usage.
 #include "Rows.h"
 #include "StartUp.h"
+
+#include "Output.h"
+#include "Tool.h"
 
 #include <fstream>
 #include <iomanip>
@@ -37,14 +31,6 @@ int run(Rows &rows) {
   return 0;
 }
 
-void save(const std::string &file, const std::string &text) {
-  std::ofstream stream(file);
-  stream << text;
-  stream.close();
-  if (!stream)
-    throw std::runtime_error("cannot write " + file);
-}
-
 int write(Rows &rows, const std::string &file, const std::string &document) {
   std::ostringstream ceilings;
   std::ostringstream table;
@@ -54,23 +40,18 @@ int write(Rows &rows, const std::string &file, const std::string &document) {
     ceilings << row.name << '\t' << taken * 102 / 100 << '\n';
     table << "| " << row.name << " | " << taken << " | " << taken * 102 / 100 << " |\n";
   }
-  std::stringstream old;
-  old << std::ifstream(document).rdbuf();
-  std::string text = old.str();
-  const std::string begin = "<!-- arm: begin -->\n";
-  const std::size_t from = text.find(begin);
-  const std::size_t to = text.find("<!-- arm: end -->\n");
-  if (from == std::string::npos || to == std::string::npos || to < from)
-    throw std::runtime_error(document + " has no marks for the table");
-  text.replace(from + begin.size(), to - from - begin.size(), table.str());
-  save(file, ceilings.str());
-  save(document, text);
+  const std::string text =
+      wrt::replaceBetween("<!-- arm: begin -->", "<!-- arm: end -->", document, table.str());
+  wrt::save(file, ceilings.str());
+  wrt::save(document, text);
   return 0;
 }
 
 int check(Rows &rows, const std::string &file) {
   std::map<std::string, std::uint64_t> ceilings;
   std::ifstream stream(file);
+  if (!stream)
+    throw std::runtime_error("cannot open " + file);
   for (std::string line; std::getline(stream, line);) {
     const std::size_t tab = line.find('\t');
     if (tab == std::string::npos)
@@ -95,29 +76,41 @@ int check(Rows &rows, const std::string &file) {
   return wrong == 0 ? 0 : 1;
 }
 
+/// The operations in a process that has started up with the DLLs, which `out` is told of.
+int inProcess(const wrt::Arguments &given, std::ostream &out,
+              const std::function<int(Rows &)> &action) {
+  Process process;
+  startUp(process, given.all("DLL"), out);
+  Rows rows(process);
+  return action(rows);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
-  const std::string command = arguments.empty() ? "" : arguments[0];
-  const bool runs = command == "run";
-  const std::size_t first = runs ? 1 : command == "write" ? 3 : 2;
-  if ((!runs && command != "check" && command != "write") || arguments.size() < first + 2) {
-    std::cerr
-        << "usage: armcalls run DLL... | check CEILINGS DLL... | write CEILINGS DOCUMENT DLL...\n";
-    return 2;
-  }
-  try {
-    Process process;
-    std::ostringstream unread;
-    startUp(process, {arguments.begin() + static_cast<long>(first), arguments.end()},
-            runs ? std::cout : unread);
-    Rows rows(process);
-    if (runs)
-      return run(rows);
-    return command == "check" ? check(rows, arguments[1]) : write(rows, arguments[1], arguments[2]);
-  } catch (const std::exception &error) {
-    std::cerr << "armcalls: " << error.what() << '\n';
-    return 1;
-  }
+  wrt::Tool tool(
+      "armcalls",
+      "Calls the benchmark's operations in the emulated machine. The DLLs are the doubles and,\n"
+      "last, the product. Instructions are the product's own; those of the doubles are left out.",
+      "0 when all is well, 1 when an operation takes more or something fails,\n"
+      "2 for wrong usage.");
+  std::ostream nowhere(nullptr);
+  tool.command("run", {"DLL..."}, "start-up and the operations: what crossed, what it took",
+               [](const wrt::Arguments &given) { return inProcess(given, std::cout, run); });
+  tool.command("check", {"CEILINGS", "DLL..."},
+               "holds the instructions of each operation to a ceiling; a line of CEILINGS is\n"
+               "an operation's name, a tab, its ceiling",
+               [&](const wrt::Arguments &given) {
+                 return inProcess(given, nowhere,
+                                  [&](Rows &rows) { return check(rows, given["CEILINGS"]); });
+               });
+  tool.command("write", {"CEILINGS", "DOCUMENT", "DLL..."},
+               "writes the ceilings anew, what it takes now and 2 % of room, and the table of\n"
+               "both between its marks in DOCUMENT",
+               [&](const wrt::Arguments &given) {
+                 return inProcess(given, nowhere, [&](Rows &rows) {
+                   return write(rows, given["CEILINGS"], given["DOCUMENT"]);
+                 });
+               });
+  return tool.run(argc, argv);
 }

@@ -1,12 +1,7 @@
-// armprogram PROGRAM DLL...
-//
-// Loads the DLLs in order into an emulated process and attaches them, then the program, and runs it
-// with its console as the standard output. WinRT has what `wrtsmoke.exe` asks for: one object,
-// which answers to every identifier and whose functions refuse (E_INVALIDARG) what the program does
-// not pass. Exit status: the program's, 120 when it crashes, ends without one or cannot be loaded,
-// 2 for wrong usage.
 #include "HostObject.h"
 #include "ObjectiveC.h"
+
+#include "Tool.h"
 
 #include <cstring>
 
@@ -154,17 +149,24 @@ int run(const std::string &program, const std::vector<std::string> &files) {
 } // namespace
 
 int main(int argc, char **argv) {
-  if (argc < 3) {
-    std::cerr << "usage: armprogram PROGRAM DLL...\n";
-    return 2;
-  }
-  try {
-    return run(argv[1], {argv + 2, argv + argc});
-  } catch (const Exited &end) {
-    return static_cast<int>(end.status);
-  } catch (const std::exception &error) {
-    std::cout << std::endl;
-    std::cerr << "armprogram: " << error.what() << '\n';
-    return kCrashed;
-  }
+  wrt::Tool tool(
+      "armprogram",
+      "Loads the DLLs in order into an emulated process and attaches them, then the program,\n"
+      "and runs it with its console as the standard output. WinRT has what 'wrtsmoke.exe'\n"
+      "asks for: one object, which answers to every identifier and whose functions refuse\n"
+      "(E_INVALIDARG) what the program does not pass.",
+      "the program's, 120 when it crashes, ends without one or cannot be loaded,\n"
+      "2 for wrong usage.");
+  tool.arguments({"PROGRAM", "DLL..."}, [](const wrt::Arguments &given) {
+    try {
+      return run(given["PROGRAM"], given.all("DLL"));
+    } catch (const Exited &end) {
+      return static_cast<int>(end.status);
+    } catch (const std::exception &error) {
+      std::cout << std::endl;
+      std::cerr << "armprogram: " << error.what() << '\n';
+      return kCrashed;
+    }
+  });
+  return tool.run(argc, argv);
 }

@@ -1,33 +1,32 @@
-// fixuptable make IMAGE OUT.s    the table's records, from an image without them
-// fixuptable check IMAGE         verifies the table of the final image
-//
-// Exit status: 0 when all is well, 1 when the table is wrong or the image cannot be read, 2 for
-// wrong usage.
 #include "FixupTable.h"
+#include "Output.h"
+#include "Tool.h"
 
-#include <fstream>
 #include <iostream>
 #include <map>
+#include <sstream>
 #include <string_view>
 
 namespace {
 
 using namespace wrt::pe;
 
-int make(const Image &image, const char *output) {
-  const FixupTable table = FixupTable::read(image);
-  std::ofstream out(output);
-  writeAssembly(image, table, out);
-  out.flush();
-  if (!out) {
-    std::cerr << "fixuptable: cannot write " << output << '\n';
-    return 1;
-  }
+/// The table's errors do not name the image's file.
+FixupTable readTable(const Image &image, const std::string &file) {
+  return naming(file, [&] { return FixupTable::read(image); });
+}
+
+int make(const std::string &file, const std::string &output) {
+  const Image image = Image::read(file);
+  std::ostringstream text;
+  writeAssembly(image, readTable(image, file), text);
+  wrt::save(output, text.str());
   return 0;
 }
 
-int check(const Image &image, const char *file) {
-  const FixupTable table = FixupTable::read(image);
+int check(const std::string &file) {
+  const Image image = Image::read(file);
+  const FixupTable table = readTable(image, file);
   const auto problems = checkTable(image, table);
   constexpr std::size_t kShown = 20;
   for (std::size_t i = 0; i < problems.size() && i < kShown; ++i)
@@ -50,16 +49,11 @@ int check(const Image &image, const char *file) {
 } // namespace
 
 int main(int argc, char **argv) {
-  const std::string_view command = argc > 1 ? argv[1] : "";
-  try {
-    if (command == "make" && argc == 4)
-      return make(Image::read(argv[2]), argv[3]);
-    if (command == "check" && argc == 3)
-      return check(Image::read(argv[2]), argv[2]);
-  } catch (const FormatError &error) {
-    std::cerr << "fixuptable: " << argv[2] << ": " << error.what() << '\n';
-    return 1;
-  }
-  std::cerr << "usage: fixuptable make IMAGE OUT.s | fixuptable check IMAGE\n";
-  return 2;
+  wrt::Tool tool("fixuptable",
+                 "Makes and checks the fixup table of an image, which start-up applies.");
+  tool.command("make", {"IMAGE", "OUT.s"}, "writes the table's records, from an image without them",
+               [](const wrt::Arguments &given) { return make(given["IMAGE"], given["OUT.s"]); });
+  tool.command("check", {"IMAGE"}, "verifies the table of the final image",
+               [](const wrt::Arguments &given) { return check(given["IMAGE"]); });
+  return tool.run(argc, argv);
 }

@@ -1,21 +1,11 @@
-// inspectimage facts IMAGE                machine, sections, exports, imports, relocations
-// inspectimage metadata IMAGE             every class and protocol as text
-// inspectimage check IMAGE IMPORTS NAMES FUNCTION...
-//     what must hold of an image that exports the FUNCTIONs; IMPORTS has a line `library symbol`
-//     for each import but those of WRTBridge_zorvex.dll that follow from declarations, which NAMES
-//     has
-// inspectimage compare IMAGE CATALOGUE    the methods against the generator's catalogue
-//
-// The last line of all but `facts` says what was seen. Exit status: 0 when all is well, 1 when
-// something differs or the image cannot be read, 2 for wrong usage.
 #include "CatalogueComparison.h"
 #include "Metadata.h"
 #include "ProductRules.h"
+#include "Tool.h"
 
 #include <fmt/core.h>
 
 #include <iostream>
-#include <string_view>
 
 namespace {
 
@@ -64,35 +54,46 @@ int summarize(const Metadata &metadata, const std::vector<std::string> &differen
   return differences.empty() ? 0 : 1;
 }
 
+/// The errors of what is read in an image do not name its file.
+Metadata readMetadata(const Image &image, const std::string &file) {
+  return naming(file, [&] { return Metadata::read(image); });
+}
+
+int check(const wrt::Arguments &given) {
+  const std::string &file = given["IMAGE"];
+  const Image image = Image::read(file);
+  const Metadata metadata = readMetadata(image, file);
+  ProductFacts facts = readFacts(given["IMPORTS"], given["NAMES"]);
+  facts.functions = {given.all("FUNCTION").begin(), given.all("FUNCTION").end()};
+  return summarize(metadata, naming(file, [&] { return checkProduct(image, metadata, facts); }));
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
-  const std::string_view command = argc > 2 ? argv[1] : "";
-  try {
-    if (command == "facts" && argc == 3)
-      return facts(Image::read(argv[2]));
-    if (command == "metadata" && argc == 3) {
-      const Metadata metadata = Metadata::read(Image::read(argv[2]));
-      writeText(metadata, std::cout);
-      return summarize(metadata, {});
-    }
-    if (command == "check" && argc > 5) {
-      const Image image = Image::read(argv[2]);
-      const Metadata metadata = Metadata::read(image);
-      ProductFacts facts = readFacts(argv[3], argv[4]);
-      facts.functions = {argv + 5, argv + argc};
-      return summarize(metadata, checkProduct(image, metadata, facts));
-    }
-    if (command == "compare" && argc == 4) {
-      const Metadata metadata = Metadata::read(Image::read(argv[2]));
-      return summarize(metadata,
-                       compareWithCatalogue(metadata, wrt::catalogue::readMethods(argv[3])));
-    }
-  } catch (const std::runtime_error &error) {
-    std::cerr << "inspectimage: " << argv[2] << ": " << error.what() << '\n';
-    return 1;
-  }
-  std::cerr << "usage: inspectimage facts|metadata IMAGE | check IMAGE IMPORTS NAMES FUNCTION... | "
-               "compare IMAGE CATALOGUE\n";
-  return 2;
+  wrt::Tool tool(
+      "inspectimage",
+      "Reads the headers and the Objective-C metadata of an image. The last line of all\n"
+      "commands but 'facts' says what was seen.");
+  tool.command("facts", {"IMAGE"}, "machine, sections, exports, imports, relocations",
+               [](const wrt::Arguments &given) { return facts(Image::read(given["IMAGE"])); });
+  tool.command(
+      "metadata", {"IMAGE"}, "every class and protocol as text", [](const wrt::Arguments &given) {
+        const Metadata metadata = readMetadata(Image::read(given["IMAGE"]), given["IMAGE"]);
+        writeText(metadata, std::cout);
+        return summarize(metadata, {});
+      });
+  tool.command("check", {"IMAGE", "IMPORTS", "NAMES", "FUNCTION..."},
+               "what must hold of an image that exports the FUNCTIONs; IMPORTS has a line\n"
+               "'library symbol' for each import but those of WRTBridge_zorvex.dll that follow\n"
+               "from declarations, which NAMES has",
+               check);
+  tool.command("compare", {"IMAGE", "CATALOGUE"}, "the methods against the generator's catalogue",
+               [](const wrt::Arguments &given) {
+                 const Metadata metadata =
+                     readMetadata(Image::read(given["IMAGE"]), given["IMAGE"]);
+                 const auto methods = wrt::catalogue::readMethods(given["CATALOGUE"]);
+                 return summarize(metadata, compareWithCatalogue(metadata, methods));
+               });
+  return tool.run(argc, argv);
 }

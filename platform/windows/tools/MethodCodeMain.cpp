@@ -1,16 +1,10 @@
-// methodcode check IMAGE MAP GOLDENS      compares the code of the functions that GOLDENS has
-// methodcode update IMAGE MAP GOLDENS     puts their code into GOLDENS
-//
-// GOLDENS has comments, lines that begin with `#`, and functions: a line with the name, as the
-// linker's map has it, and indented lines with the code. The last line says how many functions were
-// compared. Exit status: 0 when all is well, 1 when something differs or cannot be read, 2 for
-// wrong usage.
 #include "MethodCode.h"
+#include "Output.h"
+#include "Tool.h"
 
 #include <fstream>
 #include <iostream>
 #include <sstream>
-#include <string_view>
 
 namespace {
 
@@ -84,22 +78,28 @@ int update(const MethodCode &code, const std::vector<Entry> &entries,
     for (const std::string &line : code.disassemble(entry.line))
       text << line << '\n';
   }
-  return (std::ofstream(file) << text.str()).flush() ? 0 : 1;
+  wrt::save(file, text.str());
+  return 0;
 }
 
 } // namespace
 
 int main(int argc, char **argv) {
-  const std::string_view command = argc == 5 ? argv[1] : "";
-  try {
-    if (command == "check")
-      return check({argv[2], argv[3]}, readGoldens(argv[4]));
-    if (command == "update")
-      return update({argv[2], argv[3]}, readGoldens(argv[4]), argv[4]);
-  } catch (const FormatError &error) {
-    std::cerr << "methodcode: " << error.what() << '\n';
-    return 1;
-  }
-  std::cerr << "usage: methodcode check|update IMAGE MAP GOLDENS\n";
-  return 2;
+  wrt::Tool tool(
+      "methodcode",
+      "Keeps the code of functions of an image. GOLDENS has comments, lines that begin with\n"
+      "'#', and functions: a line with the name, as the linker's MAP has it, and indented\n"
+      "lines with the code.");
+  tool.command("check", {"IMAGE", "MAP", "GOLDENS"},
+               "compares the code of the functions that GOLDENS has; the last line says how\n"
+               "many there were",
+               [](const wrt::Arguments &given) {
+                 return check({given["IMAGE"], given["MAP"]}, readGoldens(given["GOLDENS"]));
+               });
+  tool.command("update", {"IMAGE", "MAP", "GOLDENS"}, "puts their code into GOLDENS",
+               [](const wrt::Arguments &given) {
+                 return update({given["IMAGE"], given["MAP"]}, readGoldens(given["GOLDENS"]),
+                               given["GOLDENS"]);
+               });
+  return tool.run(argc, argv);
 }

@@ -62,7 +62,7 @@ Image Image::read(const std::filesystem::path &file) {
   std::ifstream stream(file, std::ios::binary);
   if (!stream)
     throw FormatError("cannot open " + file.string());
-  return parse({std::istreambuf_iterator<char>(stream), {}});
+  return naming(file, [&] { return parse({std::istreambuf_iterator<char>(stream), {}}); });
 }
 
 Image Image::parse(const std::vector<std::uint8_t> &file) {

@@ -15,6 +15,16 @@ struct FormatError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// What `read` returns. The `FormatError` that it throws gets the file's name in front.
+template <class Read>
+auto naming(const std::filesystem::path &file, const Read &read) {
+  try {
+    return read();
+  } catch (const FormatError &error) {
+    throw FormatError(file.string() + ": " + error.what());
+  }
+}
+
 /// A place in the image, counted from its base.
 using Rva = std::uint32_t;
 
@@ -58,6 +68,7 @@ struct BaseRelocation {
 /// Every reading function throws `FormatError` when it would leave the image.
 class Image {
 public:
+  /// The errors name the file.
   static Image read(const std::filesystem::path &file);
   static Image parse(const std::vector<std::uint8_t> &file);
 

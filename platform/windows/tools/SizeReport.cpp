@@ -93,7 +93,10 @@ SizeReport SizeReport::read(const std::filesystem::path &imageFile,
   report.file = std::filesystem::file_size(imageFile);
   report.sections = image.sections();
   report.exports = directorySize(image, 0);
-  report.fixups = image.findSection("wrtfixup")->virtualSize;
+  const Section *fixups = image.findSection("wrtfixup");
+  if (!fixups)
+    throw FormatError(imageFile.string() + ": the image has no section wrtfixup");
+  report.fixups = fixups->virtualSize;
   for (const Chunk &chunk : LinkMap::read(mapFile).chunks) {
     add(report.content, chunk);
     if (isMethod(chunk))

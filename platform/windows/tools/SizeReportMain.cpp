@@ -1,36 +1,22 @@
-// sizereport write IMAGE MAP DOCUMENT            puts the report between the marks in DOCUMENT
-// sizereport check IMAGE MAP CATALOGUE DIGEST LIST   compares with the goals
-//
-// LIST names the methods that may be larger than others, one on a line, with a `#` and the reason
-// behind. The last line says what was looked at. Exit status: 0 when all is well, 1 when a goal is
-// missed or a file cannot be read, 2 for wrong usage.
+#include "Output.h"
 #include "SizeReport.h"
+#include "Tool.h"
 
-#include <fstream>
+#include <fmt/core.h>
+
 #include <iostream>
 #include <sstream>
-#include <string_view>
 
 namespace {
 
 using namespace wrt::pe;
 
-constexpr std::string_view kBegin = "<!-- sizereport -->\n";
-constexpr std::string_view kEnd = "<!-- end of sizereport -->\n";
-
-int write(const SizeReport &report, const std::filesystem::path &document) {
-  std::stringstream text;
-  text << std::ifstream(document).rdbuf();
-  const std::string old = text.str();
-  const std::size_t begin = old.find(kBegin);
-  const std::size_t end = old.find(kEnd);
-  if (begin == std::string::npos || end == std::string::npos || end < begin)
-    throw FormatError(document.string() + ": the marks of the report are missing");
-  std::ofstream out(document);
-  out << old.substr(0, begin + kBegin.size()) << '\n';
-  writeReport(report, out);
-  out << '\n' << old.substr(end);
-  return out.flush() ? 0 : 1;
+int write(const SizeReport &report, const std::string &document) {
+  std::ostringstream text;
+  writeReport(report, text);
+  wrt::save(document, wrt::replaceBetween("<!-- sizereport -->", "<!-- end of sizereport -->",
+                                          document, fmt::format("\n{}\n", text.str())));
+  return 0;
 }
 
 std::vector<std::string> readList(const std::string &file) {
@@ -59,17 +45,19 @@ int check(const SizeReport &report, const std::string &catalogue, const std::str
 } // namespace
 
 int main(int argc, char **argv) {
-  const std::string_view command = argc > 1 ? argv[1] : "";
-  try {
-    if (command == "write" && argc == 5)
-      return write(SizeReport::read(argv[2], argv[3]), argv[4]);
-    if (command == "check" && argc == 7)
-      return check(SizeReport::read(argv[2], argv[3]), argv[4], argv[5], argv[6]);
-  } catch (const std::runtime_error &error) {
-    std::cerr << "sizereport: " << error.what() << '\n';
-    return 1;
-  }
-  std::cerr
-      << "usage: sizereport write IMAGE MAP DOCUMENT | check IMAGE MAP CATALOGUE DIGEST LIST\n";
-  return 2;
+  wrt::Tool tool("sizereport",
+                 "The sizes of an image and of what it is made of, as the linker's MAP tells.");
+  tool.command("write", {"IMAGE", "MAP", "DOCUMENT"},
+               "puts the report between the marks in DOCUMENT", [](const wrt::Arguments &given) {
+                 return write(SizeReport::read(given["IMAGE"], given["MAP"]), given["DOCUMENT"]);
+               });
+  tool.command("check", {"IMAGE", "MAP", "CATALOGUE", "DIGEST", "LIST"},
+               "compares with the goals; LIST names the methods that may be larger than others,\n"
+               "one on a line, with a '#' and the reason behind. The last line says what was\n"
+               "looked at",
+               [](const wrt::Arguments &given) {
+                 return check(SizeReport::read(given["IMAGE"], given["MAP"]), given["CATALOGUE"],
+                              given["DIGEST"], given["LIST"]);
+               });
+  return tool.run(argc, argv);
 }

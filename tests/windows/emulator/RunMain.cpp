@@ -1,11 +1,6 @@
-// runemulated DLL...
-//
-// Loads the DLLs in order into an emulated process, attaches each, calls `runTests`, an export of
-// the last one, and detaches the DLLs in reverse order. The function tells the host what it checked
-// by `hostReport(name, passed)`. Whether each DLL takes its image from the runtime again when it is
-// detached is checked here. Every check that failed is printed, and a summary at the end. Exit
-// status: 0 when there were checks and all passed, 1 otherwise, 2 for wrong usage.
 #include "Process.h"
+
+#include "Tool.h"
 
 #include <iostream>
 #include <string>
@@ -67,14 +62,21 @@ int run(const std::vector<std::string> &files) {
 } // namespace
 
 int main(int argc, char **argv) {
-  if (argc < 2) {
-    std::cerr << "usage: runemulated DLL...\n";
-    return 2;
-  }
-  try {
-    return run({argv + 1, argv + argc});
-  } catch (const std::exception &error) {
-    std::cout << "FAILED: " << error.what() << '\n';
-    return 1;
-  }
+  wrt::Tool tool(
+      "runemulated",
+      "Loads the DLLs in order into an emulated process, attaches each, calls 'runTests', an\n"
+      "export of the last one, and detaches the DLLs in reverse order. The function tells the\n"
+      "host what it checked by 'hostReport(name, passed)'. Whether each DLL takes its image\n"
+      "from the runtime again when it is detached is checked here. Every check that failed is\n"
+      "printed, and a summary at the end.",
+      "0 when there were checks and all passed, 1 otherwise, 2 for wrong usage.");
+  tool.arguments({"DLL..."}, [](const wrt::Arguments &given) {
+    try {
+      return run(given.all("DLL"));
+    } catch (const std::exception &error) { // a failure like others
+      std::cout << "FAILED: " << error.what() << '\n';
+      return 1;
+    }
+  });
+  return tool.run(argc, argv);
 }

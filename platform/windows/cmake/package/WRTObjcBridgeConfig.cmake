@@ -9,6 +9,15 @@ if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows" OR NOT CMAKE_OBJCXX_COMPILER_ID MATC
   return()
 endif()
 
+# What it is linked with may not be on this machine.
+execute_process(COMMAND "${_wrt_kit}/tools/fixuptable" --help
+  RESULT_VARIABLE _wrt_status OUTPUT_QUIET ERROR_VARIABLE _wrt_errors)
+if(NOT _wrt_status EQUAL 0)
+  set(WRTObjcBridge_FOUND FALSE)
+  set(WRTObjcBridge_NOT_FOUND_MESSAGE "The kit's fixuptable does not run here: ${_wrt_status} ${_wrt_errors}")
+  return()
+endif()
+
 if(NOT TARGET WRTObjcBridge::detail)
   foreach(tool IN ITEMS bridgegen fixuptable)
     add_executable(${tool} IMPORTED)
