@@ -67,7 +67,8 @@ HRESULT toElement(id key, NSDictionary *dictionary, const Collection &collection
 
 HRESULT make(id from, const Collection &collection, abi::IInspectable **object) {
   const bool hasPairs = collection.hasPairs();
-  if (![from isKindOfClass:hasPairs ? [NSDictionary class] : [NSArray class]])
+  const Class dictionaries = [NSDictionary class];
+  if (![from isKindOfClass:hasPairs ? dictionaries : [NSArray class]])
     return from ? status::kInvalidArgument : status::kPointer;
   const ElementKind key = collection.key.kind;
   const ElementKind value = collection.value.kind;

@@ -163,7 +163,7 @@ int main(int argc, char **argv) {
     } catch (const Exited &end) {
       return static_cast<int>(end.status);
     } catch (const std::exception &error) {
-      std::cout << std::endl;
+      std::cout << '\n' << std::flush;
       std::cerr << "armprogram: " << error.what() << '\n';
       return kCrashed;
     }

@@ -38,7 +38,7 @@ void Rows::giveOut(Address place) {
 }
 
 void Rows::add(const std::string &name, int slot, Address receiver, const std::string &selector,
-               std::function<std::string(const HostCall &)> body, std::uint32_t first,
+               const std::function<std::string(const HostCall &)> &body, std::uint32_t first,
                std::uint32_t second, std::uint32_t status) {
   rows_.push_back({name, [=, this] {
                      object_.called = [=, this](int called, const HostCall &call) {

@@ -34,7 +34,7 @@ private:
   void addOthers();
   void addFamilies();
   void add(const std::string &name, int slot, Address receiver, const std::string &selector,
-           std::function<std::string(const HostCall &)> body, std::uint32_t first = 0,
+           const std::function<std::string(const HostCall &)> &body, std::uint32_t first = 0,
            std::uint32_t second = 0, std::uint32_t status = 0);
   Address bridge(const std::string &type, const HostObject &object);
   void giveOut(Address place);

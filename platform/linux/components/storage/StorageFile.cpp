@@ -57,7 +57,7 @@ public:
           ComPtr<abi::IRandomAccessStream> stream;
           const HRESULT status = openStream(path, FileStore::Access::kRead, stream);
           if (status >= 0)
-            opened = withContentType(stream.get(), std::u16string(contentTypeOf(path)));
+            opened = withContentType(stream.get(), contentTypeOf(path));
           return status;
         });
   }

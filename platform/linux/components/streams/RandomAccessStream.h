@@ -61,7 +61,7 @@ private:
 
 /// `stream` (borrowed) as one that knows the type of its content, which it forwards to.
 ComPtr<abi::IRandomAccessStreamWithContentType> withContentType(abi::IRandomAccessStream *stream,
-                                                                std::u16string contentType);
+                                                                std::u16string_view contentType);
 
 } // namespace wrt::components
 

@@ -10,7 +10,7 @@ class TypedStream final : public Implements<abi::IRandomAccessStreamWithContentT
                                             abi::IContentTypeProvider, abi::IRandomAccessStream,
                                             abi::IOutputStream, abi::IClosable, abi::IInputStream> {
 public:
-  TypedStream(abi::IRandomAccessStream *stream, std::u16string contentType)
+  TypedStream(abi::IRandomAccessStream *stream, std::u16string_view contentType)
       : stream_(stream), contentType_(contentType) {}
 
   HRESULT WRT_ABI get_ContentType(HSTRING *type) override { return contentType_.copyTo(type); }
@@ -68,8 +68,8 @@ private:
 } // namespace
 
 ComPtr<abi::IRandomAccessStreamWithContentType> withContentType(abi::IRandomAccessStream *stream,
-                                                                std::u16string contentType) {
-  return make<TypedStream>(stream, std::move(contentType));
+                                                                std::u16string_view contentType) {
+  return make<TypedStream>(stream, contentType);
 }
 
 } // namespace wrt::components

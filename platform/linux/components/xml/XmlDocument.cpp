@@ -210,8 +210,8 @@ const activation::Registration registration(kName, activation::makeFactory<Docum
 
 } // namespace
 
-ComPtr<abi::IXmlNode> makeDocument(std::shared_ptr<XmlTree> tree) {
-  return make<XmlDocument>(std::move(tree));
+ComPtr<abi::IXmlNode> makeDocument(const std::shared_ptr<XmlTree> &tree) {
+  return make<XmlDocument>(tree);
 }
 
 } // namespace wrt::components

@@ -68,7 +68,7 @@ ComPtr<abi::IXmlNode> wrapNode(NodeRef node) {
   };
   switch (node.node->type) {
   case XML_DOCUMENT_NODE:
-    return makeDocument(std::move(node.tree));
+    return makeDocument(node.tree);
   case XML_TEXT_NODE:
   case XML_CDATA_SECTION_NODE:
   case XML_COMMENT_NODE:

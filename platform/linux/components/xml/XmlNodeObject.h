@@ -291,7 +291,7 @@ private:
 };
 
 /// Makes an object for a document.
-ComPtr<abi::IXmlNode> makeDocument(std::shared_ptr<XmlTree> tree);
+ComPtr<abi::IXmlNode> makeDocument(const std::shared_ptr<XmlTree> &tree);
 /// Makes an object for an element.
 ComPtr<abi::IXmlNode> makeElement(NodeRef node);
 /// Makes an object for a text, CDATA section or comment.
