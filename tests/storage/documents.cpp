@@ -196,7 +196,7 @@ const Cell loading("xml.document.load.failing", [] {
   };
   EXPECT_EQ(0, doc.load(nested(2000)));
   EXPECT_EQ(static_cast<HRESULT>(0xC00CEE81), doc.load(nested(5000)));
-  EXPECT_EQ(0, doc.load("<a k='" + std::string(11 << 20, 'x') + "'>" + std::string(20 << 20, 'y') +
+  EXPECT_EQ(0, doc.load("<a k='" + std::string(11 << 20, 'x') + "'>" + std::string(11 << 20, 'y') +
                         "</a>"));
 
   // Bytes say what they are.
