@@ -43,24 +43,12 @@ public:
   }
 
 private:
-  template <class Visit>
-  void forEachNamedType(Visit visit) {
-    for (const InterfaceType *interface : unit_.interfaces) {
-      for (const Type *type : namedTypes(*interface))
-        visit(*type);
-    }
-    for (const DelegateType *delegate : unit_.delegates) {
-      for (const Type *type : namedTypes(*delegate))
-        visit(*type);
-    }
-  }
-
   void writeIncludes() {
     Units units{&unit_};
-    forEachNamedType([&](const Type &type) {
-      if (type.kind == Kind::Struct)
-        units.insert(type.unit);
-    });
+    for (const Type *type : namedTypes(unit_)) {
+      if (type->kind == Kind::Struct)
+        units.insert(type->unit);
+    }
     writer_.append("#include <WRTUnknown.h>\n");
     writeTypesIncludes(writer_, units);
   }
@@ -68,11 +56,11 @@ private:
   /// The names of `interfaces`, of others than this unit's own.
   std::set<const InterfaceType *> foreignInterfaces() {
     std::set<const InterfaceType *> foreign;
-    forEachNamedType([&](const Type &type) {
-      const InterfaceType *interface = crossingInterface(type);
+    for (const Type *type : namedTypes(unit_)) {
+      const InterfaceType *interface = crossingInterface(*type);
       if (interface && interface->unit != &unit_)
         foreign.insert(interface);
-    });
+    }
     return foreign;
   }
 
@@ -112,10 +100,10 @@ private:
       names.insert(interface->scopeName());
     for (const InterfaceType *interface : unit_.interfaces)
       names.insert(interface->scopeName());
-    forEachNamedType([&](const Type &type) {
-      if (type.isDelegate())
-        names.insert(type.scopeName());
-    });
+    for (const Type *type : namedTypes(unit_)) {
+      if (type->isDelegate())
+        names.insert(type->scopeName());
+    }
     for (const Member *getter : delegateGetters())
       names.insert(getter->result->scopeName());
     for (const std::string &name : names)

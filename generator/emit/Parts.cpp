@@ -106,4 +106,16 @@ std::vector<const Type *> namedTypes(const InterfaceType &interface) {
   return types;
 }
 
+std::vector<const Type *> namedTypes(const Unit &unit) {
+  std::vector<const Type *> types;
+  const auto add = [&](const std::vector<const Type *> &named) {
+    types.insert(types.end(), named.begin(), named.end());
+  };
+  for (const InterfaceType *interface : unit.interfaces)
+    add(namedTypes(*interface));
+  for (const DelegateType *delegate : unit.delegates)
+    add(namedTypes(*delegate));
+  return types;
+}
+
 } // namespace bridgegen

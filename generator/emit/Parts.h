@@ -41,6 +41,9 @@ std::vector<const Type *> namedTypes(const InterfaceType &interface);
 /// Everything that the delegate's arguments and result name.
 std::vector<const Type *> namedTypes(const DelegateType &delegate);
 
+/// Everything that the unit's interfaces and delegates name.
+std::vector<const Type *> namedTypes(const Unit &unit);
+
 } // namespace bridgegen
 
 #endif

@@ -69,36 +69,23 @@ private:
       writer_.write("#import <WRTObjcBridge/%.h>\n", superclass);
 
     Units types{&unit_};
-    forEachNamedType([&](const Type &type) {
-      if (type.kind == Kind::Struct || type.kind == Kind::Enum)
-        types.insert(type.unit);
-    });
+    for (const Type *type : namedTypes(unit_)) {
+      if (type->kind == Kind::Struct || type->kind == Kind::Enum)
+        types.insert(type->unit);
+    }
     writeTypesIncludes(writer_, types);
-  }
-
-  /// Visits what the unit's members and delegates name.
-  template <class Visit>
-  void forEachNamedType(Visit visit) {
-    for (const InterfaceType *interface : unit_.interfaces) {
-      for (const Type *type : namedTypes(*interface))
-        visit(*type);
-    }
-    for (const DelegateType *delegate : unit_.delegates) {
-      for (const Type *type : namedTypes(*delegate))
-        visit(*type);
-    }
   }
 
   /// What the protocols and blocks name; the headers that declare it come last.
   void writeForwardDeclarations() {
     std::set<std::string> classes;
     std::set<std::string> protocols;
-    forEachNamedType([&](const Type &type) {
-      if (type.kind == Kind::Class)
-        classes.insert(type.bridgeClass());
-      else if (type.isReferenceType())
-        protocols.insert(type.bridgeClass());
-    });
+    for (const Type *type : namedTypes(unit_)) {
+      if (type->kind == Kind::Class)
+        classes.insert(type->bridgeClass());
+      else if (type->isReferenceType())
+        protocols.insert(type->bridgeClass());
+    }
     if (!classes.empty() || !protocols.empty())
       writer_.append("\n");
     for (const std::string &name : classes)
@@ -116,10 +103,10 @@ private:
     };
     for (const DelegateType *delegate : unit_.delegates)
       add(*delegate);
-    forEachNamedType([&](const Type &type) {
-      if (type.isDelegate())
-        add(asDelegate(type));
-    });
+    for (const Type *type : namedTypes(unit_)) {
+      if (type->isDelegate())
+        add(asDelegate(*type));
+    }
     if (delegates.empty())
       return;
     writer_.append("\n#pragma clang diagnostic push\n"
@@ -191,12 +178,12 @@ private:
   /// sake.
   void writeCompletingIncludes() {
     std::set<std::string> headers;
-    forEachNamedType([&](const Type &type) {
-      if (type.kind == Kind::Object)
+    for (const Type *type : namedTypes(unit_)) {
+      if (type->kind == Kind::Object)
         headers.insert("<WRTObjcBridge/WRTIInspectableBridge.h>");
-      else if (type.isReferenceType() && type.unit != &unit_)
-        headers.insert(includeName(emitPublicHeader, *type.unit));
-    });
+      else if (type->isReferenceType() && type->unit != &unit_)
+        headers.insert(includeName(emitPublicHeader, *type->unit));
+    }
     if (headers.empty())
       return;
     writer_.append("\n#if !defined(WRT_BUILDING_BRIDGE)\n");
