@@ -37,16 +37,20 @@ struct Object {
   };
 };
 
+/// Where an object result arrives (+1).
+struct ReturnedObject {
+  void *object = nullptr;
+
+  bool enter(PlainFrame &) { return true; }
+  auto words() { return Words{&object}; }
+};
+
 /// A result of an interface type: null is nil. The fact is the interface's bridge class.
 struct Interface {
   using Type = id;
   using Fact = ClassReference;
 
-  struct Returning {
-    void *object = nullptr;
-
-    bool enter(PlainFrame &) { return true; }
-    auto words() { return Words{&object}; }
+  struct Returning : ReturnedObject {
     id leave(ClassReference type) { return object ? bridgeTransfer(type, object) : nil; }
   };
 };
@@ -57,11 +61,7 @@ struct RuntimeClass {
   using Type = id;
   using Fact = ClassReference;
 
-  struct Returning {
-    void *object = nullptr;
-
-    bool enter(PlainFrame &) { return true; }
-    auto words() { return Words{&object}; }
+  struct Returning : ReturnedObject {
     id leave(ClassReference type) { return bridgeTransfer(type, object); }
   };
 };
