@@ -40,6 +40,9 @@ add_test(NAME windows.product.buffers
 add_test(NAME windows.product.two_folders
   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/two-folders.sh ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}
           ${CMAKE_BINARY_DIR}/two-folders)
+add_test(NAME windows.product.selected
+  COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/selected.sh ${PROJECT_SOURCE_DIR} ${CMAKE_BINARY_DIR}
+          ${CMAKE_BINARY_DIR}/selected $<TARGET_FILE:inspectimage>)
 
 # The library for another architecture, as far as it can be tried: compiled, linked and read.
 file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.mm ${PROJECT_SOURCE_DIR}/marshal/*.mm
