@@ -18,9 +18,12 @@ Sort sortOf(const Type &type) {
     return Sort::Interface;
   case Kind::Class:
     return Sort::Class;
-  default:
-    return Sort::BuiltIn;
+  case Kind::Scalar:
+  case Kind::String:
+  case Kind::Object:
+    break;
   }
+  return Sort::BuiltIn;
 }
 
 Sort sortOf(const Definition &definition) {

@@ -40,9 +40,14 @@ const char *kindName(const Type &type) {
     return "structure";
   case Kind::Enum:
     return "enumeration";
-  default:
+  case Kind::Delegate:
     return "delegate";
+  case Kind::Scalar:
+  case Kind::String:
+  case Kind::Object:
+    break;
   }
+  return "built in";
 }
 
 const char *formName(Form form) {
@@ -95,9 +100,14 @@ std::string Pages::page(const Type &type) const {
     return page(asStruct(type));
   case Kind::Enum:
     return page(asEnum(type));
-  default:
+  case Kind::Delegate:
     return page(asDelegate(type));
+  case Kind::Scalar:
+  case Kind::String:
+  case Kind::Object:
+    break;
   }
+  return ""; // what nobody declares has no page
 }
 
 std::string Pages::names(const Type &type) const {
