@@ -1,4 +1,5 @@
-/// Text between the platform's UTF-16 and the system's UTF-8.
+/// Text between the platform's UTF-16 and the system's UTF-8. It is written here because iconv and
+/// the standard library refuse lone surrogates, without which not every file name comes back.
 #ifndef WRT_COMPONENTS_TEXT_H
 #define WRT_COMPONENTS_TEXT_H
 
