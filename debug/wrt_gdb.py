@@ -77,7 +77,9 @@ class Text:
         self.text = text
 
     def to_string(self):
-        return self.text
+        # gdb refuses a text that its terminal cannot show.
+        charset = gdb.host_charset()
+        return self.text.encode(charset, "backslashreplace").decode(charset)
 
 
 def named(kind):
