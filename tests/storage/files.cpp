@@ -151,8 +151,11 @@ const Cell permissions("storage.item.permissions.denied", [] {
   fs::permissions(secret, fs::perms::none);
   fs::permissions(made.path() / "closed", fs::perms::none);
   made.add("listed/inner.txt", "z");
-  fs::permissions(made.path() / "listed",
-                  fs::perms::owner_all | fs::perms::group_read | fs::perms::others_read);
+  constexpr auto kToRead = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+  constexpr auto kToGoThrough =
+      fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+  fs::permissions(made.path() / "listed", kToRead);
+  fs::permissions(made.path(), kToRead | kToGoThrough);
   clearLog();
   {
     const NoPrivileges noPrivileges;
@@ -173,7 +176,8 @@ const Cell permissions("storage.item.permissions.denied", [] {
     EXPECT_EQ(kDenied,
               outcome(folder, &Folder::CreateFileAsyncOverloadDefaultOptions, "new", file.put()));
   }
-  fs::permissions(made.path() / "closed", fs::perms(0700));
+  for (const fs::path &folder : {made.path(), made.path() / "closed", made.path() / "listed"})
+    fs::permissions(folder, fs::perms::owner_all);
 });
 
 const Cell vanishing("storage.item.lifetime.vanishing", [] {
