@@ -1,6 +1,7 @@
 # Programs for the building machine within a build for another one.
 include(ExternalProject)
 add_custom_target(host_tools)
+set(WRT_HOST_TOOLS_OF "" CACHE PATH "A build for the same target whose tools for this machine are used")
 
 # wrt_add_host_tools(<target> <folder> <tool>...)
 #
@@ -8,6 +9,13 @@ add_custom_target(host_tools)
 # target of that name, to be used in COMMAND lines; DEPENDS on the tool rebuilds it. `host_tools` is all
 # of them.
 function(wrt_add_host_tools target folder)
+  if(WRT_HOST_TOOLS_OF)
+    foreach(tool IN LISTS ARGN)
+      add_executable(${tool} IMPORTED GLOBAL)
+      set_target_properties(${tool} PROPERTIES IMPORTED_LOCATION "${WRT_HOST_TOOLS_OF}/host/${target}/${tool}")
+    endforeach()
+    return()
+  endif()
   set(binaries "${CMAKE_BINARY_DIR}/host/${target}")
   set(programs "")
   foreach(tool IN LISTS ARGN)
