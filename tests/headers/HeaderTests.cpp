@@ -143,18 +143,16 @@ bool beginsWithFoundation(const std::string &header) {
 /// As applications are usually compiled.
 constexpr const char *kUsualWarnings = "-Wno-everything -Wall -Wextra -Wno-unused-function ";
 
-/// Every header alone, as an application reads it, and all but the types' as the library's own
-/// units do, for which Foundation is there already. (Every warning there is is asked for where all
-/// headers are compiled at once.)
+/// Every header alone, as an application reads it and as the library's own units do. (Every warning
+/// there is is asked for where all headers are compiled at once.)
 const std::vector<Job> &compiled() {
   static const std::vector<Job> jobs = [] {
     std::vector<Job> all;
     for (const std::string &header : allHeaders()) {
-      all.push_back({{header}, kObjC, kUsualWarnings});
-      if (beginsWithFoundation(header)) {
-        all.back().options += foundation(kObjC);
-        all.push_back({{header}, kObjCpp, kUsualWarnings + kOwn + foundation(kObjCpp)});
-      }
+      const bool begins = beginsWithFoundation(header);
+      for (const auto &[language, options] : {std::pair(kObjC, std::string()), {kObjCpp, kOwn}})
+        all.push_back(
+            {{header}, language, kUsualWarnings + options + (begins ? foundation(language) : "")});
     }
     compileAll(all);
     return all;
