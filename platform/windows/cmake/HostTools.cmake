@@ -9,34 +9,35 @@ set(WRT_HOST_TOOLS_OF "" CACHE PATH "A build for the same target whose tools for
 # target of that name, to be used in COMMAND lines; DEPENDS on the tool rebuilds it. `host_tools` is all
 # of them.
 function(wrt_add_host_tools target folder)
+  set(build "${CMAKE_BINARY_DIR}")
   if(WRT_HOST_TOOLS_OF)
-    foreach(tool IN LISTS ARGN)
-      add_executable(${tool} IMPORTED GLOBAL)
-      set_target_properties(${tool} PROPERTIES IMPORTED_LOCATION "${WRT_HOST_TOOLS_OF}/host/${target}/${tool}")
-    endforeach()
-    return()
+    set(build "${WRT_HOST_TOOLS_OF}")
   endif()
-  set(binaries "${CMAKE_BINARY_DIR}/host/${target}")
+  set(binaries "${build}/host/${target}")
   set(programs "")
   foreach(tool IN LISTS ARGN)
     list(APPEND programs "${binaries}/${tool}")
   endforeach()
-  ExternalProject_Add(${target}
-    SOURCE_DIR "${folder}"
-    BINARY_DIR "${binaries}"
-    CMAKE_GENERATOR Ninja
-    CMAKE_ARGS -DCMAKE_C_COMPILER=clang-19 -DCMAKE_CXX_COMPILER=clang++-19
-               -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${binaries}
-               -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
-               -DWRT_WARNINGS_AS_ERRORS=${WRT_WARNINGS_AS_ERRORS}
-    BUILD_COMMAND ${CMAKE_COMMAND} --build "${binaries}" --target ${ARGN}
-    BUILD_ALWAYS ON
-    BUILD_BYPRODUCTS ${programs}
-    INSTALL_COMMAND "")
-  add_dependencies(host_tools ${target})
+  if(NOT WRT_HOST_TOOLS_OF)
+    ExternalProject_Add(${target}
+      SOURCE_DIR "${folder}"
+      BINARY_DIR "${binaries}"
+      CMAKE_GENERATOR Ninja
+      CMAKE_ARGS -DCMAKE_C_COMPILER=clang-19 -DCMAKE_CXX_COMPILER=clang++-19
+                 -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RUNTIME_OUTPUT_DIRECTORY=${binaries}
+                 -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
+                 -DWRT_WARNINGS_AS_ERRORS=${WRT_WARNINGS_AS_ERRORS}
+      BUILD_COMMAND ${CMAKE_COMMAND} --build "${binaries}" --target ${ARGN}
+      BUILD_ALWAYS ON
+      BUILD_BYPRODUCTS ${programs}
+      INSTALL_COMMAND "")
+    add_dependencies(host_tools ${target})
+  endif()
   foreach(tool IN LISTS ARGN)
     add_executable(${tool} IMPORTED GLOBAL)
     set_target_properties(${tool} PROPERTIES IMPORTED_LOCATION "${binaries}/${tool}")
-    add_dependencies(${tool} ${target})
+    if(TARGET ${target})
+      add_dependencies(${tool} ${target})
+    endif()
   endforeach()
 endfunction()
